@@ -1,0 +1,56 @@
+# One place for what every target of ours is compiled with.
+
+function(wrenfield_compile_options target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                         -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+                         -Wundef -Wimplicit-fallthrough)
+  target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+                             QT_NO_KEYWORDS)
+  if(WRENFIELD_DEVELOPER)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(WRENFIELD_SANITIZERS)
+    target_compile_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS}
+                           -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS})
+  endif()
+  if(WRENFIELD_FUZZERS)
+    # The fuzzer finds its way by the branches taken in our own code.
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
+  if(WRENFIELD_COVERAGE)
+    # The end of the process is immediate and has to save the counts itself.
+    target_compile_definitions(${target} PRIVATE WRENFIELD_COVERAGE)
+    target_compile_options(${target} PUBLIC --coverage)
+    target_link_options(${target} PUBLIC --coverage)
+  endif()
+endfunction()
+
+# wrenfield_library(<name> SOURCES ... USES ...)
+# A folder of src as a static library. Its headers are found by their own name within the folder only, and
+# by "<folder>/Header.h" for those that link it: the headers of a folder that a target does not link are
+# copied nowhere and on nobody's include path, so an arrow against the picture does not build.
+function(wrenfield_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES;PRIVATELY" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  set(gate ${CMAKE_BINARY_DIR}/include/${name})
+  file(MAKE_DIRECTORY ${gate})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${gate}/${name} SYMBOLIC)
+  target_include_directories(${name} PUBLIC ${gate})
+  target_link_libraries(${name} PUBLIC ${ARG_USES} Qt6::Core PRIVATE ${ARG_PRIVATELY})
+  wrenfield_compile_options(${name})
+endfunction()
+
+# wrenfield_test(<name> SOURCES ... USES ...)
+function(wrenfield_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 600)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_USES} test_support GTest::gtest rapidcheck)
+  wrenfield_compile_options(${name})
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT}
+                       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()

@@ -1,0 +1,64 @@
+#include "engine/Currency.h"
+
+#include "platform/Failure.h"
+
+#include <cmath>
+
+namespace engine {
+
+namespace {
+
+// Beyond these a double no longer fits the scaled integer: 2 to the power of 63, exactly representable.
+constexpr double ScaledLimit = 9223372036854775808.0;
+
+}  // namespace
+
+Currency Currency::FromDouble(double value) {
+    const double scaled = std::nearbyint(value * static_cast<double>(Scale));
+    if (!(scaled >= -ScaledLimit && scaled < ScaledLimit)) {
+        platform::RaiseOverflow();
+    }
+    return Currency(static_cast<qint64>(scaled));
+}
+
+Currency Currency::RoundedToCents() const {
+    constexpr qint64 cent = Scale / 100;
+    qint64 cents = scaled_ / cent;
+    const qint64 rest = std::abs(scaled_ % cent);
+    const bool awayFromZero = rest > cent / 2 || (rest == cent / 2 && cents % 2 != 0);
+    if (awayFromZero) {
+        cents += scaled_ < 0 ? -1 : 1;
+    }
+    // Always fits: the outermost amounts lie nearer to the whole cent below them.
+    return Currency(cents * cent);
+}
+
+QString Currency::ToText(const QString& decimalMark) const {
+    const bool negative = scaled_ < 0;
+    const quint64 magnitude =
+        negative ? quint64(0) - static_cast<quint64>(scaled_) : static_cast<quint64>(scaled_);
+    quint64 fraction = magnitude % quint64(Scale);
+    QString text;
+    if (negative) {
+        text += QLatin1Char('-');
+    }
+    text += QString::number(magnitude / quint64(Scale));
+    if (fraction != 0) {
+        text += decimalMark;
+        for (quint64 digit = quint64(Scale) / 10; fraction != 0; digit /= 10) {
+            text += QLatin1Char(static_cast<char>('0' + fraction / digit));
+            fraction %= digit;
+        }
+    }
+    return text;
+}
+
+Currency Currency::operator-(Currency other) const {
+    qint64 difference = 0;
+    if (__builtin_sub_overflow(scaled_, other.scaled_, &difference)) {
+        platform::RaiseOverflow();
+    }
+    return Currency(difference);
+}
+
+}  // namespace engine

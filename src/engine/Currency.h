@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include <compare>
+
+namespace engine {
+
+/// Fixed-point money: a 64-bit integer scaled by 10000. It becomes a double, or comes from one, by name only.
+class Currency {
+public:
+    static constexpr qint64 Scale = 10000;
+
+    constexpr Currency() = default;
+    static constexpr Currency FromScaled(qint64 scaled) { return Currency(scaled); }
+
+    /// To 4 decimal places, ties to even. A value that doesn't fit 64 bits, or isn't a number, overflows
+    /// (platform failure 6).
+    static Currency FromDouble(double value);
+
+    constexpr qint64 Scaled() const { return scaled_; }
+    double ToDouble() const { return static_cast<double>(scaled_) / static_cast<double>(Scale); }
+
+    /// To 2 decimal places, ties to even.
+    Currency RoundedToCents() const;
+
+    /// Decimal text without thousands separators and without trailing zeros: 1000, 548.39, -127.5.
+    QString ToText(const QString& decimalMark) const;
+
+    /// Overflow raises platform failure 6.
+    Currency operator-(Currency other) const;
+
+    constexpr auto operator<=>(const Currency&) const = default;
+
+private:
+    explicit constexpr Currency(qint64 scaled) : scaled_(scaled) {}
+    qint64 scaled_ = 0;
+};
+
+}  // namespace engine

@@ -1,0 +1,93 @@
+#include "engine/DBEngine.h"
+
+#include "engine/OpenDatabases.h"
+#include "engine/sqlite/CreateDatabase.h"
+#include "engine/sqlite/SqliteDatabase.h"
+#include "platform/MessageBox.h"
+#include "platform/Process.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace engine {
+
+namespace {
+
+[[noreturn]] void RaiseUnrecognized(const QString& path, const QString& found) {
+    throw Error(ErrorNumber::UnrecognizedFormat,
+                QStringLiteral("Unrecognized database format '%1': %2.").arg(path, found));
+}
+
+// What the file says of itself in its first bytes.
+QByteArray FirstBytes(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        throw Error(ErrorNumber::CannotOpenDatabase, QStringLiteral("Could not find file '%1'.").arg(path));
+    }
+    if (info.isDir()) {
+        RaiseUnrecognized(path, QStringLiteral("it is a folder"));
+    }
+    if (!info.isFile()) {
+        RaiseUnrecognized(path, QStringLiteral("it is not a regular file"));
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw Error(ErrorNumber::CannotOpenDatabase,
+                    QStringLiteral("Could not open file '%1': %2.").arg(path, file.errorString()));
+    }
+    return file.read(32);
+}
+
+}  // namespace
+
+QString EngineName() {
+    return QStringLiteral("Wrenfield database engine");
+}
+
+DBEngine::DBEngine() : workspace_(std::make_shared<Workspace>()) {
+    platform::BeforeMessageBox(FlushOpenDatabases);
+    platform::AtProcessEnd(FlushOpenDatabases);
+}
+
+DBEngine& DBEngine::Instance() {
+    static DBEngine instance;
+    return instance;
+}
+
+std::shared_ptr<Workspace> DBEngine::Workspaces(int place) {
+    if (place != 0) {
+        throw Error(ErrorNumber::NoSuchItem,
+                    QStringLiteral("Item not found in this collection: workspace %1.").arg(place));
+    }
+    return workspace_;
+}
+
+std::unique_ptr<Database> DBEngine::OpenDatabase(const QString& path, bool exclusive, bool readOnly) {
+    // Also because looking into a file lets go of the locks that this process holds on it.
+    FlushAll();
+    if (exclusive || readOnly) {
+        throw Error(ErrorNumber::InvalidOperation,
+                    QStringLiteral("Invalid operation: databases are opened shared and writable only."));
+    }
+    const QByteArray header = FirstBytes(path);
+    if (header.isEmpty()) {
+        RaiseUnrecognized(path, QStringLiteral("the file is empty"));
+    }
+    if (sqlite::IsSqliteHeader(header)) {
+        return std::make_unique<sqlite::SqliteDatabase>(path);
+    }
+    if (header.mid(4).startsWith("Standard Jet DB") || header.mid(4).startsWith("Standard ACE DB")) {
+        RaiseUnrecognized(path, QStringLiteral("it is a genuine Jet file, which this engine doesn't read"));
+    }
+    RaiseUnrecognized(path, QStringLiteral("it is no database"));
+}
+
+void DBEngine::CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables) {
+    sqlite::CreateDatabaseFile(path, tables);
+}
+
+void DBEngine::FlushAll() {
+    FlushOpenDatabases();
+}
+
+}  // namespace engine

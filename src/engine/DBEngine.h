@@ -1,0 +1,65 @@
+#pragma once
+
+#include "engine/Database.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace engine {
+
+/// What this engine calls itself in its failures.
+QString EngineName();
+
+/// The engine's default session. It has no settings; it is kept because its holder stands for an engine in
+/// use.
+class Workspace {};
+
+/// One column of a table to be created.
+struct ColumnDefinition {
+    QString name;
+    DataType type = dbText;
+    int size = 0;  ///< Characters, of a text column only.
+};
+
+struct IndexDefinition {
+    QString name;
+    std::vector<QString> columns;
+    bool unique = false;
+};
+
+struct TableDefinition {
+    QString name;
+    std::vector<ColumnDefinition> columns;
+    std::vector<IndexDefinition> indexes;
+};
+
+/// The engine itself. There is one in a process, made on first use.
+class DBEngine {
+public:
+    static DBEngine& Instance();
+
+    /// The one workspace has place 0; any other fails with 3265.
+    std::shared_ptr<Workspace> Workspaces(int place);
+
+    /// Opens an existing database, shared and writable, by what its first bytes say it is. Everything that
+    /// open databases still hold is brought to the disk first. Fails with 3024 if there is no such file, 3343
+    /// if it is a folder, empty or of a format that isn't read here (the description says what was found),
+    /// 3027 if it can't be written, 3260 if it is locked.
+    std::unique_ptr<Database> OpenDatabase(const QString& path, bool exclusive = false,
+                                           bool readOnly = false);
+
+    /// Makes a new database file with these tables. Fails with 3204 if the file is there already; a failure
+    /// midway leaves no file.
+    void CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables);
+
+    /// Brings all that open databases hold to the disk. For the event loop, and for ends of the process.
+    void FlushAll();
+
+private:
+    DBEngine();
+    std::shared_ptr<Workspace> workspace_;
+};
+
+}  // namespace engine

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "engine/Error.h"
+#include "engine/Recordset.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace engine {
+
+/// An open database.
+///
+/// Each statement and each row written is final on its own: one that fails undoes itself alone. The engine
+/// brings them to the disk in groups of at most 50 milliseconds, in the order in which they were made.
+class Database {
+public:
+    Database() = default;
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+    virtual ~Database() = default;
+
+    /// Runs one statement of the dialect (see docs/database.md) that changes data.
+    virtual void Execute(const QString& statement) = 0;
+
+    /// Opens the rows of a select statement. Type is a RecordsetType, lockEdit a LockType.
+    virtual std::unique_ptr<Recordset> OpenRecordset(const QString& statement, short type,
+                                                     short lockEdit) = 0;
+
+    /// Brings all that was written to the disk.
+    virtual void Flush() = 0;
+
+    /// Copies the whole database, as it stands now, to a new file. Fails with 3204 if the file is there
+    /// already.
+    virtual void CopyTo(const QString& path) = 0;
+
+    /// A write that had succeeded and then could not be stored when its group was brought to the disk: the
+    /// failure, and what was to be written. Without a listener such losses are told as message boxes.
+    using LostWriteListener = std::function<void(const Error& error, const QString& write)>;
+    virtual void OnLostWrite(LostWriteListener listener) = 0;
+};
+
+}  // namespace engine

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/Failure.h"
+
+#include <QString>
+
+namespace engine {
+
+/// Numbers of the engine's failures: the ones that the data access interface of Hearthbook has always used.
+namespace ErrorNumber {
+inline constexpr int CannotOpenDatabase = 3024;  ///< The file isn't there.
+inline constexpr int UnrecognizedFormat = 3343;  ///< The file isn't a database that any engine here reads.
+inline constexpr int ReadOnlyDatabase = 3027;
+inline constexpr int NoCurrentRecord = 3021;
+inline constexpr int NoEditStarted = 3020;  ///< Update or a new value without AddNew or Edit.
+inline constexpr int DuplicateKey = 3022;
+inline constexpr int DiskError = 3043;
+inline constexpr int DiskFull = 3183;
+inline constexpr int NoSuchColumn = 3061;
+inline constexpr int Syntax = 3075;
+inline constexpr int NoSuchTable = 3078;
+inline constexpr int TextAfterStatement = 3142;
+inline constexpr int FieldTooSmall = 3163;
+inline constexpr int RecordDeleted = 3167;
+inline constexpr int Locked = 3260;
+inline constexpr int NoSuchItem = 3265;
+inline constexpr int InvalidOperation = 3219;
+inline constexpr int ValueCountMismatch = 3346;  ///< More or fewer values than columns in an insert.
+inline constexpr int NullNotAllowed = 3314;
+inline constexpr int WrongType = 3421;
+inline constexpr int DatabaseDamaged = 3049;
+inline constexpr int TableExists = 3010;
+inline constexpr int DatabaseExists = 3204;
+inline constexpr int Other = 3000;  ///< Whatever has no number of its own.
+}  // namespace ErrorNumber
+
+/// A failure of the engine.
+class Error : public platform::Failure {
+public:
+    Error(int number, const QString& description);
+};
+
+}  // namespace engine

@@ -1,0 +1,38 @@
+#include "engine/OpenDatabases.h"
+
+#include "engine/Database.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace engine {
+
+namespace {
+
+std::vector<Database*>& Registered() {
+    static std::vector<Database*> databases;
+    return databases;
+}
+
+}  // namespace
+
+void RegisterDatabase(Database& database) {
+    Registered().push_back(&database);
+}
+
+void UnregisterDatabase(Database& database) {
+    std::erase(Registered(), &database);
+}
+
+void FlushOpenDatabases() {
+    // A copy: telling the user of a lost write may open or close databases.
+    const std::vector<Database*> databases = Registered();
+    for (Database* database : databases) {
+        const bool stillOpen = std::count(Registered().begin(), Registered().end(), database) > 0;
+        if (stillOpen) {
+            database->Flush();
+        }
+    }
+}
+
+}  // namespace engine

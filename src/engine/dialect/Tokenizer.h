@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace engine::dialect {
+
+enum class LiteralKind { Text, Date, Integer, Real };
+
+/// One literal of a statement. Texts, and dates as ISO text, lie as UTF-8 in the statement's `texts`.
+struct Literal {
+    LiteralKind kind = LiteralKind::Integer;
+    qint64 integer = 0;
+    double real = 0;
+    size_t offset = 0;         ///< Where the text begins in `texts`, in bytes.
+    size_t length = 0;         ///< In bytes.
+    qsizetype characters = 0;  ///< In UTF-16 units, as the lengths of columns count.
+};
+
+/// A statement whose literals have been lifted out: statements that differ in nothing else share a shape, and
+/// so one prepared statement.
+struct ShapedStatement {
+    std::string shape;  ///< Names and symbols with "?" in the places of literals, white space made even.
+    std::vector<Literal> literals;
+    std::string texts;
+
+    std::string_view Text(const Literal& literal) const {
+        return std::string_view(texts).substr(literal.offset, literal.length);
+    }
+};
+
+/// Splits the text of one statement into its shape and its literals. It alone decides where a text begins and
+/// ends, so no content of a text ever acts as anything but text.
+///
+/// Literals: '…' and "…" with the quote doubled inside, #month/day/year# (also with "-" or "." between),
+/// whole and decimal numbers with an optional minus sign. Names: letters, digits and "_", or anything in
+/// brackets.
+///
+/// `statement` is written over, so that a caller may use one for all its statements.
+/// Fails with engine error 3075 on a text, name or date that doesn't end or isn't one, and with 3142 if
+/// anything follows the ";" that ends the statement.
+void Tokenize(const QString& text, ShapedStatement& statement);
+
+}  // namespace engine::dialect

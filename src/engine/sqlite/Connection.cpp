@@ -1,0 +1,103 @@
+#include "engine/sqlite/Connection.h"
+
+#include "engine/sqlite/ErrorMapping.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace engine::sqlite {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto LongestWait = 5s;
+
+// Room for the pages that one group of writes touches. A fixed room keeps the memory of long imports flat.
+constexpr const char* PageCache = "pragma cache_size = -8192";
+
+}  // namespace
+
+Connection::Connection(const QString& path, Mode mode) {
+    try {
+        OpenFile(path, mode);
+        CheckFile();
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+Connection::~Connection() {
+    Close();
+}
+
+void Connection::Close() {
+    sqlite3_close_v2(handle_);
+    handle_ = nullptr;
+}
+
+void Connection::OpenFile(const QString& path, Mode mode) {
+    const int creation = mode == Mode::New ? SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE : 0;
+    const int opened = sqlite3_open_v2(path.toUtf8().constData(), &handle_,
+                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | creation, nullptr);
+    if (opened != SQLITE_OK) {
+        Raise(opened);
+    }
+    sqlite3_extended_result_codes(handle_, 1);
+    sqlite3_busy_handler(handle_, WaitForLock, this);
+    // Names in brackets are names and nothing else; and a file from elsewhere is data, not a program.
+    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+}
+
+void Connection::CheckFile() {
+    Run("pragma synchronous = full");
+    Run(PageCache);
+    // The first look into the file: it finds foreign, damaged and locked ones.
+    Run("select 1 from sqlite_master limit 1");
+    if (sqlite3_db_readonly(handle_, "main") == 1) {
+        Raise(SQLITE_READONLY);
+    }
+}
+
+StatementHandle Connection::Prepare(const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    const int prepared = sqlite3_prepare_v3(handle_, sql.data(), static_cast<int>(sql.size()),
+                                            SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (prepared != SQLITE_OK) {
+        Raise(prepared);
+    }
+    return StatementHandle(statement);
+}
+
+int Connection::TryRun(const char* sql) {
+    return sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
+}
+
+void Connection::Run(const char* sql) {
+    const int run = TryRun(sql);
+    if (run != SQLITE_OK) {
+        Raise(run);
+    }
+}
+
+void Connection::Raise(int resultCode) const {
+    throw ToError(handle_, resultCode);
+}
+
+int Connection::WaitForLock(void* connection, int attempt) {
+    auto* self = static_cast<Connection*>(connection);
+    const Moment now = std::chrono::steady_clock::now();
+    if (attempt == 0) {
+        self->waitingBegan_ = now;
+    }
+    if (now >= self->waitingEnd_.value_or(self->waitingBegan_ + LongestWait)) {
+        return 0;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(attempt + 1, 10)));
+    return 1;
+}
+
+}  // namespace engine::sqlite

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QString>
+
+#include <sqlite3.h>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace engine::sqlite {
+
+struct FinalizeStatement {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// Lets go of a statement's rows and locks at the end of a scope, whatever happens in it.
+struct ResetStatement {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_reset(statement); }
+};
+using RunningStatement = std::unique_ptr<sqlite3_stmt, ResetStatement>;
+
+/// An open SQLite file. Locks of other programs are waited for, up to 5 seconds each time.
+class Connection {
+public:
+    enum class Mode { Existing, New };
+
+    /// Fails with 3343 if the file is no SQLite database after all, 3027 if it can't be written, 3260 if
+    /// locked.
+    Connection(const QString& path, Mode mode);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    sqlite3* Handle() const { return handle_; }
+
+    /// Compiles one statement. Failures are raised as engine errors.
+    StatementHandle Prepare(const std::string& sql);
+
+    /// Runs one statement that needs no values: the result code of SQLite, or raised as an engine error.
+    int TryRun(const char* sql);
+    void Run(const char* sql);
+
+    bool InTransaction() const { return sqlite3_get_autocommit(handle_) == 0; }
+
+    /// Turns a result code of the statement just run into an engine error and raises it.
+    [[noreturn]] void Raise(int resultCode) const;
+
+    /// While set, all waiting for locks together ends at this moment.
+    using Moment = std::chrono::steady_clock::time_point;
+    void LimitWaiting(std::optional<Moment> end) { waitingEnd_ = end; }
+
+private:
+    static int WaitForLock(void* connection, int attempt);
+    void OpenFile(const QString& path, Mode mode);
+    void CheckFile();
+    void Close();
+
+    sqlite3* handle_ = nullptr;
+    std::optional<Moment> waitingEnd_;
+    Moment waitingBegan_;
+};
+
+}  // namespace engine::sqlite

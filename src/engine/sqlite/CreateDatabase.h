@@ -1,0 +1,16 @@
+#pragma once
+
+#include "engine/DBEngine.h"
+#include "engine/sqlite/Connection.h"
+
+#include <vector>
+
+namespace engine::sqlite {
+
+/// Makes a new file with these tables. Fails with 3204 if the file is there already; a failure leaves none.
+void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>& tables);
+
+/// Copies the database that the connection sees to a new file, in the same manner.
+void CopyDatabaseFile(Connection& source, const QString& path);
+
+}  // namespace engine::sqlite

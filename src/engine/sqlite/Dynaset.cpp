@@ -1,0 +1,206 @@
+#include "engine/sqlite/Dynaset.h"
+
+#include "engine/Error.h"
+#include "engine/sqlite/FindField.h"
+#include "engine/sqlite/SqliteDatabase.h"
+#include "engine/sqlite/ValueBinding.h"
+
+namespace engine::sqlite {
+
+Dynaset::Dynaset(SqliteDatabase& database, const PreparedStatement& prepared,
+                 const dialect::ShapedStatement& shaped, bool readOnly)
+    : database_(database), table_(prepared.table), readOnly_(readOnly) {
+    ChooseFields(prepared);
+    ReadKeys(prepared, shaped);
+}
+
+DataType Dynaset::DynasetField::Type() const {
+    return set_.table_->columns[column_].type;
+}
+
+void Dynaset::ChooseFields(const PreparedStatement& prepared) {
+    std::string columns;
+    const auto choose = [this, &columns](size_t column, const QString& name) {
+        columns += (columns.empty() ? "" : ", ") + table_->columns[column].sqlName;
+        fields_.emplace_back(*this, fields_.size(), column, name);
+    };
+    if (prepared.parsed.items.empty()) {
+        for (size_t column = 0; column < table_->columns.size(); ++column) {
+            choose(column, table_->columns[column].name);
+        }
+    }
+    for (const dialect::SelectItem& item : prepared.parsed.items) {
+        if (item.column.empty()) {
+            throw Error(
+                ErrorNumber::InvalidOperation,
+                QStringLiteral("Invalid operation: a row set that can be changed shows columns only."));
+        }
+        const std::string& name = item.alias.empty() ? item.column : item.alias;
+        choose(table_->PlaceOf(item.column), QString::fromStdString(name));
+    }
+    readRowSql_ = "select " + columns + " from " + table_->sqlName + " where " + table_->rowKey + " = ?";
+    row_.resize(fields_.size());
+    edited_.resize(fields_.size());
+}
+
+void Dynaset::ReadKeys(const PreparedStatement& prepared, const dialect::ShapedStatement& shaped) {
+    const std::string order =
+        prepared.parsed.orderBySql.empty() ? " order by " : prepared.parsed.orderBySql + ", ";
+    const RunningStatement keys(database_.statements_.ForSql("select " + table_->rowKey + " from " +
+                                                             table_->sqlName + prepared.parsed.whereSql +
+                                                             order + table_->rowKey));
+    BindLiterals(keys.get(), prepared, shaped);
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(keys.get())) == SQLITE_ROW) {
+        keys_.push_back(sqlite3_column_int64(keys.get(), 0));
+    }
+    if (step != SQLITE_DONE) {
+        database_.connection_.Raise(step);
+    }
+}
+
+bool Dynaset::Bof() const {
+    return keys_.empty();
+}
+
+bool Dynaset::Eof() const {
+    return current_ >= keys_.size();
+}
+
+void Dynaset::RequireCurrentRow() const {
+    if (Eof()) {
+        throw Error(ErrorNumber::NoCurrentRecord, QStringLiteral("No current record."));
+    }
+}
+
+void Dynaset::RequireWritable() const {
+    if (readOnly_) {
+        throw Error(ErrorNumber::ReadOnlyDatabase,
+                    QStringLiteral("Cannot update. Database or object is read-only."));
+    }
+}
+
+void Dynaset::MoveNext() {
+    RequireCurrentRow();
+    StopEditing();
+    ++current_;
+    rowState_ = RowState::Unread;
+}
+
+void Dynaset::ReadRow() {
+    RequireCurrentRow();
+    if (rowState_ == RowState::Unread) {
+        database_.group_.CommitIfDue();
+        const RunningStatement reading(database_.statements_.ForSql(readRowSql_));
+        sqlite3_bind_int64(reading.get(), 1, keys_[current_]);
+        const int step = sqlite3_step(reading.get());
+        if (step != SQLITE_ROW && step != SQLITE_DONE) {
+            database_.connection_.Raise(step);
+        }
+        if (step == SQLITE_ROW) {
+            for (size_t place = 0; place < fields_.size(); ++place) {
+                row_[place] = ReadValue(reading.get(), static_cast<int>(place), fields_[place].Type());
+            }
+        }
+        rowState_ = step == SQLITE_ROW ? RowState::Read : RowState::Deleted;
+    }
+    if (rowState_ == RowState::Deleted) {
+        throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
+    }
+}
+
+void Dynaset::AddNew() {
+    RequireWritable();
+    StopEditing();
+    editing_ = Editing::NewRow;
+}
+
+void Dynaset::Edit() {
+    RequireWritable();
+    StopEditing();
+    // Always what the row holds now: another program may have changed it since it was looked at.
+    if (rowState_ == RowState::Read) {
+        rowState_ = RowState::Unread;
+    }
+    ReadRow();
+    editing_ = Editing::CurrentRow;
+}
+
+void Dynaset::Update(short /*type*/, bool /*force*/) {
+    if (editing_ == Editing::Nothing) {
+        throw Error(ErrorNumber::NoEditStarted,
+                    QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
+    }
+    const bool newRow = editing_ == Editing::NewRow;
+    RowWrite write{
+        newRow ? RowWrite::Kind::Insert : RowWrite::Kind::Update, table_, newRow ? 0 : keys_[current_], {}};
+    for (size_t place = 0; place < fields_.size(); ++place) {
+        if (edited_[place]) {
+            write.values.emplace_back(fields_[place].Column(), *edited_[place]);
+        }
+    }
+    if (newRow || !write.values.empty()) {
+        database_.group_.Perform(std::move(write));
+    }
+    if (!newRow) {
+        rowState_ = RowState::Unread;
+    }
+    StopEditing();
+}
+
+void Dynaset::CancelUpdate(short /*type*/) {
+    if (editing_ == Editing::Nothing) {
+        throw Error(ErrorNumber::NoEditStarted,
+                    QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
+    }
+    StopEditing();
+}
+
+void Dynaset::StopEditing() {
+    editing_ = Editing::Nothing;
+    edited_.assign(edited_.size(), std::nullopt);
+}
+
+void Dynaset::Delete() {
+    RequireWritable();
+    RequireCurrentRow();
+    if (rowState_ == RowState::Deleted) {
+        throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
+    }
+    StopEditing();
+    database_.group_.Perform(RowWrite{RowWrite::Kind::Delete, table_, keys_[current_], {}});
+    rowState_ = RowState::Deleted;
+}
+
+int Dynaset::FieldCount() const {
+    return static_cast<int>(fields_.size());
+}
+
+Field& Dynaset::Fields(int place) {
+    return FieldAt(fields_, place);
+}
+
+Field& Dynaset::Fields(const QString& name) {
+    return FieldNamed(fields_, name);
+}
+
+Value Dynaset::Get(size_t place) {
+    if (editing_ != Editing::Nothing && edited_[place]) {
+        return *edited_[place];
+    }
+    if (editing_ == Editing::NewRow) {
+        return Null();
+    }
+    ReadRow();
+    return row_[place];
+}
+
+void Dynaset::Set(size_t place, const Value& value) {
+    if (editing_ == Editing::Nothing) {
+        throw Error(ErrorNumber::NoEditStarted,
+                    QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
+    }
+    edited_[place] = value;
+}
+
+}  // namespace engine::sqlite

@@ -1,0 +1,67 @@
+#include "engine/sqlite/StatementCache.h"
+
+namespace engine::sqlite {
+
+namespace {
+
+// Far more shapes than an application speaks. Texts that break out of their quotes make new ones now and
+// then.
+constexpr size_t MostStatements = 500;
+
+template <class Map>
+void MakeRoom(Map& statements) {
+    if (statements.size() >= MostStatements) {
+        statements.clear();
+    }
+}
+
+void RequireColumns(const TableSchema& table, const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+        table.PlaceOf(name);
+    }
+}
+
+}  // namespace
+
+PreparedStatement& StatementCache::ForShape(const std::string& shape) {
+    const auto known = byShape_.find(shape);
+    if (known != byShape_.end()) {
+        return *known->second;
+    }
+    std::unique_ptr<PreparedStatement> prepared = Prepare(shape);
+    MakeRoom(byShape_);
+    return *byShape_.emplace(shape, std::move(prepared)).first->second;
+}
+
+std::unique_ptr<PreparedStatement> StatementCache::Prepare(const std::string& shape) {
+    auto prepared = std::make_unique<PreparedStatement>();
+    prepared->parsed = dialect::Parse(shape);
+    prepared->table = schemas_.Table(prepared->parsed.table);
+    CheckColumns(*prepared);
+    for (const std::string& column : prepared->parsed.storedIn) {
+        prepared->storedIn.push_back(
+            column.empty() ? nullptr : &prepared->table->columns[prepared->table->PlaceOf(column)]);
+    }
+    prepared->compiled = connection_.Prepare(prepared->parsed.sql);
+    return prepared;
+}
+
+void StatementCache::CheckColumns(const PreparedStatement& prepared) const {
+    const dialect::ParsedStatement& parsed = prepared.parsed;
+    RequireColumns(*prepared.table, parsed.columnsWritten);
+    const auto source = parsed.sourceTable.empty() ? prepared.table : schemas_.Table(parsed.sourceTable);
+    RequireColumns(*source, parsed.columnsRead);
+}
+
+sqlite3_stmt* StatementCache::ForSql(const std::string& sql) {
+    const auto known = bySql_.find(sql);
+    if (known != bySql_.end()) {
+        sqlite3_reset(known->second.get());
+        return known->second.get();
+    }
+    StatementHandle compiled = connection_.Prepare(sql);
+    MakeRoom(bySql_);
+    return bySql_.emplace(sql, std::move(compiled)).first->second.get();
+}
+
+}  // namespace engine::sqlite

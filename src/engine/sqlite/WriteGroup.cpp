@@ -1,0 +1,195 @@
+#include "engine/sqlite/WriteGroup.h"
+
+#include "platform/MessageBox.h"
+
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <array>
+#include <thread>
+
+namespace engine::sqlite {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Writes of at most 50 milliseconds may be lost with the power; a tenth of that is left for the commit
+// itself.
+constexpr auto LongestGroup = 45ms;
+
+// A program that waits for its turn looks in at least every 100 milliseconds and gives up after some seconds.
+// A pause of more than that, this often, lets everybody in.
+constexpr auto OthersWaitAtMost = 3s;
+constexpr auto TurnOfOthers = 110ms;
+
+// How long the writes of a group that could not be committed may together wait for a lock.
+constexpr auto LongestWaitRunningAgain = 5s;
+
+// The place in a database file of the number that counts its commits, as the file format tells.
+constexpr int ChangeCounterOffset = 24;
+
+}  // namespace
+
+void WriteGroup::Perform(Write write) {
+    CommitIfDue();
+    executor_.Prepare(write);
+    Begin();
+    try {
+        executor_.Run(write);
+    } catch (const Error&) {
+        if (connection_.InTransaction()) {
+            throw;
+        }
+        // SQLite has given up the group because of this write.
+        RunAgain(std::move(writes_));
+        try {
+            RunAlone(write);
+        } catch (const Error&) {
+            TellOfLosses();
+            throw;
+        }
+        TellOfLosses();
+        return;
+    }
+    writes_.push_back(std::move(write));
+}
+
+void WriteGroup::Begin() {
+    if (open_) {
+        return;
+    }
+    if (!journalChosen_) {
+        // Not sooner than the first write: a database that is only looked at must stay as it is. The answer
+        // is not looked at either, since another program may keep the file in a mode of its own.
+        connection_.TryRun("pragma journal_mode = delete");
+        journalChosen_ = true;
+    }
+    connection_.Run("begin immediate");
+    open_ = true;
+    began_ = Clock::now();
+    if (began_ - ended_ > TurnOfOthers) {
+        othersHadTheirTurn_ = began_;
+    }
+    changeCounterBefore_ = ChangeCounter();
+}
+
+void WriteGroup::CommitIfDue() {
+    if (open_ && !connection_.InTransaction()) {
+        // A failing read can make SQLite give up the group as well.
+        GiveUp();
+    }
+    if (!open_ || Clock::now() - began_ < LongestGroup) {
+        return;
+    }
+    const int committed = TryCommit();
+    if (committed == SQLITE_OK) {
+        LetOthersWrite();
+    } else if ((committed & 0xFF) != SQLITE_BUSY) {
+        GiveUp();
+    }
+}
+
+void WriteGroup::Commit() {
+    if (open_ && TryCommit() != SQLITE_OK) {
+        GiveUp();
+    }
+}
+
+int WriteGroup::TryCommit() {
+    const int committed = connection_.TryRun("commit");
+    if (committed == SQLITE_OK) {
+        open_ = false;
+        ended_ = Clock::now();
+        writes_.clear();
+    }
+    return committed;
+}
+
+void WriteGroup::GiveUp() {
+    if (connection_.InTransaction()) {
+        connection_.TryRun("rollback");
+    }
+    if (HasReachedTheDisk()) {
+        open_ = false;
+        writes_.clear();
+        return;
+    }
+    RunAgain(std::move(writes_));
+    TellOfLosses();
+}
+
+// A commit can fail after its decisive step (removing the journal), for instance while the folder is synced.
+// Its rows are in the file then, and running them again would store them twice.
+bool WriteGroup::HasReachedTheDisk() const {
+    const QString file = QString::fromUtf8(sqlite3_db_filename(connection_.Handle(), "main"));
+    const bool journalStands = QFileInfo(file + QStringLiteral("-journal")).size() > 0;
+    return !journalStands && ChangeCounter() == changeCounterBefore_ + 1;
+}
+
+quint32 WriteGroup::ChangeCounter() const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(connection_.Handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    std::array<char, 4> bytes{};
+    if (file == nullptr || file->pMethods == nullptr ||
+        file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), ChangeCounterOffset) !=
+            SQLITE_OK) {
+        return changeCounterBefore_;
+    }
+    return qFromBigEndian<quint32>(bytes.data());
+}
+
+void WriteGroup::RunAgain(std::vector<Write> writes) {
+    open_ = false;
+    writes_.clear();
+    connection_.LimitWaiting(Clock::now() + LongestWaitRunningAgain);
+    for (Write& write : writes) {
+        try {
+            RunAlone(write);
+        } catch (const Error& error) {
+            losses_.push_back({error, Describe(write)});
+        }
+    }
+    connection_.LimitWaiting(std::nullopt);
+}
+
+void WriteGroup::RunAlone(Write& write) {
+    executor_.Prepare(write);
+    try {
+        executor_.Run(write);
+    } catch (const Error& error) {
+        auto* row = std::get_if<RowWrite>(&write);
+        const bool keyTaken = row != nullptr && row->kind == RowWrite::Kind::Insert && row->key != 0 &&
+                              error.Number() == ErrorNumber::DuplicateKey;
+        if (!keyTaken) {
+            throw;
+        }
+        // Another program has used the key in between. Nobody knows this row by it yet.
+        row->key = 0;
+        executor_.Prepare(write);
+        executor_.Run(write);
+    }
+}
+
+void WriteGroup::LetOthersWrite() {
+    if (Clock::now() - othersHadTheirTurn_ < OthersWaitAtMost) {
+        return;
+    }
+    std::this_thread::sleep_for(TurnOfOthers);
+    othersHadTheirTurn_ = Clock::now();
+}
+
+// Only after all writes have had their second run: telling the user may take long, and may write again.
+void WriteGroup::TellOfLosses() {
+    const std::vector<Loss> losses = std::move(losses_);
+    losses_.clear();
+    for (const Loss& loss : losses) {
+        if (lostWriteListener_) {
+            lostWriteListener_(loss.error, loss.write);
+        } else {
+            platform::ShowMessageBox(loss.error.Description() + QLatin1Char('\n') + loss.write);
+        }
+    }
+}
+
+}  // namespace engine::sqlite

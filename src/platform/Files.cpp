@@ -1,0 +1,49 @@
+#include "platform/Files.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace platform {
+
+namespace {
+QString directoryInstead;
+}
+
+QString ProgramDirectory() {
+    if (!directoryInstead.isEmpty()) {
+        return directoryInstead;
+    }
+    QString directory = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    // A program at the root: names are joined to the directory with a separator of their own.
+    if (directory.endsWith(QDir::separator())) {
+        directory.chop(1);
+    }
+    return directory;
+}
+
+void SetProgramDirectory(const QString& directory) {
+    directoryInstead = directory;
+}
+
+QString WithPlatformSeparators(QString path) {
+    path.replace(QLatin1Char('\\'), QDir::separator());
+    return path;
+}
+
+bool FileExists(const QString& path) {
+    return QFileInfo(path).isFile();
+}
+
+bool AppendLine(const QString& path, const QString& text) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
+        return false;
+    }
+    const QByteArray line = text.toUtf8() + '\n';
+    // A full disk shows only when the bytes leave the buffer.
+    return file.write(line) == line.size() && file.flush();
+}
+
+}  // namespace platform

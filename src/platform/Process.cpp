@@ -1,0 +1,103 @@
+#include "platform/Process.h"
+
+#include "platform/Failure.h"
+#include "platform/MessageBox.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <vector>
+
+#ifdef WRENFIELD_COVERAGE
+extern "C" void __gcov_dump(void);
+#endif
+
+namespace platform {
+
+namespace {
+
+volatile std::sig_atomic_t requestedEnd = 0;
+
+std::vector<std::function<void()>>& EndActions() {
+    static std::vector<std::function<void()>> actions;
+    return actions;
+}
+
+void NoteEndSignal(int signalNumber) {
+    requestedEnd = signalNumber;
+}
+
+void RunEndActions() {
+    // Each one is taken off before it runs, so that an action that ends the process goes on with the others.
+    while (!EndActions().empty()) {
+        const std::function<void()> action = std::move(EndActions().back());
+        EndActions().pop_back();
+        try {
+            action();
+        } catch (...) {
+            // The end can't be stopped any more, and the actions left matter as much.
+        }
+    }
+}
+
+void TellUnhandledFailure() {
+    try {
+        const Failure failure = CurrentFailure().value();
+        ShowMessageBox(QStringLiteral("%1: %2").arg(failure.Number()).arg(failure.Description()));
+    } catch (...) {
+        // A failure that can't even be told must not keep the database from being closed in order.
+    }
+}
+
+}  // namespace
+
+void AtProcessEnd(std::function<void()> action) {
+    EndActions().push_back(std::move(action));
+}
+
+void EndProcess(int status) {
+    RunEndActions();
+    std::cout.flush();
+    std::cerr.flush();
+    std::fflush(nullptr);
+#ifdef WRENFIELD_COVERAGE
+    __gcov_dump();
+#endif
+    // No destructors of static objects: windows and databases that are in use up the stack may be among them.
+    std::_Exit(status);
+}
+
+void RunProcess(const std::function<int()>& program) {
+    int status = 1;
+    try {
+        status = program();
+    } catch (...) {
+        TellUnhandledFailure();
+    }
+    EndProcess(status);
+}
+
+void HandleEndSignals() {
+    for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before {};
+        sigaction(signalNumber, nullptr, &before);
+        // Whoever started the program with a signal ignored (nohup) wants it to outlive that.
+        if (before.sa_handler == SIG_IGN) {
+            continue;
+        }
+        // Without SA_RESTART: a question that waits for its answer has to end too.
+        struct sigaction action {};
+        action.sa_handler = NoteEndSignal;
+        sigemptyset(&action.sa_mask);
+        sigaction(signalNumber, &action, nullptr);
+    }
+}
+
+void EndIfRequested() {
+    if (requestedEnd != 0) {
+        EndProcess(128 + requestedEnd);
+    }
+}
+
+}  // namespace platform

@@ -1,0 +1,184 @@
+#include "EngineTest.h"
+#include "support/FaultyDisk.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <sys/stat.h>
+
+namespace engine {
+
+namespace {
+
+class OpenDatabaseTest : public EngineTest {
+protected:
+    QString Write(const char* name, const QByteArray& bytes) {
+        const QString file = directory.filePath(QString::fromUtf8(name));
+        QFile writing(file);
+        EXPECT_TRUE(writing.open(QIODevice::WriteOnly));
+        writing.write(bytes);
+        return file;
+    }
+
+    static int OpenError(const QString& file) {
+        return ErrorOf([&] { DBEngine::Instance().OpenDatabase(file); });
+    }
+
+    static QString OpenDescription(const QString& file) {
+        try {
+            DBEngine::Instance().OpenDatabase(file);
+        } catch (const Error& error) {
+            return error.Description();
+        }
+        return {};
+    }
+
+    static QByteArray Contents(const QString& file) {
+        QFile reading(file);
+        EXPECT_TRUE(reading.open(QIODevice::ReadOnly));
+        return reading.readAll();
+    }
+};
+
+TEST_F(OpenDatabaseTest, AMissingFileIsNotCreated) {
+    const QString file = directory.filePath(QStringLiteral("missing.mdb"));
+    EXPECT_EQ(OpenError(file), ErrorNumber::CannotOpenDatabase);
+    EXPECT_TRUE(OpenDescription(file).contains(file));
+    EXPECT_FALSE(QFileInfo::exists(file));
+}
+
+TEST_F(OpenDatabaseTest, SaysWhatWasFound) {
+    EXPECT_EQ(OpenError(directory.path()), ErrorNumber::UnrecognizedFormat);
+    EXPECT_TRUE(OpenDescription(directory.path()).contains(QStringLiteral("it is a folder")));
+
+    const QString empty = Write("empty.mdb", {});
+    EXPECT_EQ(OpenError(empty), ErrorNumber::UnrecognizedFormat);
+    EXPECT_TRUE(OpenDescription(empty).contains(QStringLiteral("the file is empty")));
+
+    const QString jet = Write("jet.mdb", QByteArray("\0\1\0\0Standard Jet DB\0", 20));
+    EXPECT_EQ(OpenError(jet), ErrorNumber::UnrecognizedFormat);
+    EXPECT_TRUE(OpenDescription(jet).contains(QStringLiteral("a genuine Jet file")));
+
+    const QString text = Write("text.mdb", "SQLite is not what this is");
+    EXPECT_EQ(OpenError(text), ErrorNumber::UnrecognizedFormat);
+    EXPECT_TRUE(OpenDescription(text).contains(QStringLiteral("it is no database")));
+    EXPECT_EQ(Contents(text), "SQLite is not what this is");
+
+    const QString device = QStringLiteral("/dev/null");
+    EXPECT_EQ(OpenError(device), ErrorNumber::UnrecognizedFormat);
+}
+
+TEST_F(OpenDatabaseTest, ATruncatedOrGarbledDatabaseIsAnError) {
+    const QByteArray whole = Contents(path);
+    const QString garbled = Write("garbled.mdb", whole.left(16) + QByteArray(4080, 'x') + whole.mid(4096));
+    EXPECT_NE(OpenError(garbled), 0);
+}
+
+TEST_F(OpenDatabaseTest, AReadOnlyFileIsAnError) {
+    // Not by the file's mode: a test that runs as root could write all the same.
+    QProcess mark;
+    mark.start(QStringLiteral("chattr"), {QStringLiteral("+i"), path});
+    const bool marked = mark.waitForFinished() && mark.exitCode() == 0;
+    if (!marked) {
+        ASSERT_EQ(::chmod(path.toUtf8().constData(), 0400), 0);
+    }
+    const int number = OpenError(path);
+    QProcess unmark;
+    unmark.start(QStringLiteral("chattr"), {QStringLiteral("-i"), path});
+    unmark.waitForFinished();
+    EXPECT_EQ(number, ErrorNumber::ReadOnlyDatabase);
+}
+
+TEST_F(OpenDatabaseTest, OpeningChangesNothing) {
+    database.reset();
+    const QByteArray before = Contents(path);
+    DBEngine::Instance().OpenDatabase(path)->OpenRecordset(QStringLiteral("select * from things"),
+                                                           dbOpenDynaset, dbOptimistic);
+    EXPECT_EQ(Contents(path), before);
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{QStringLiteral("things.mdb")});
+}
+
+TEST_F(OpenDatabaseTest, OpensSharedAndWritableOnly) {
+    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().OpenDatabase(path, true); }), ErrorNumber::InvalidOperation);
+    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().OpenDatabase(path, false, true); }),
+              ErrorNumber::InvalidOperation);
+}
+
+TEST_F(OpenDatabaseTest, TheOneWorkspaceHasPlaceZero) {
+    EXPECT_NE(DBEngine::Instance().Workspaces(0), nullptr);
+    EXPECT_EQ(ErrorOf([] { DBEngine::Instance().Workspaces(1); }), ErrorNumber::NoSuchItem);
+}
+
+TEST_F(OpenDatabaseTest, CreatingNeverTakesTheNameOfAFile) {
+    const QByteArray before = Contents(path);
+    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().CreateDatabase(path, {}); }), ErrorNumber::DatabaseExists);
+    EXPECT_EQ(Contents(path), before);
+    const QString elsewhere = directory.filePath(QStringLiteral("no/such/folder.mdb"));
+    EXPECT_NE(ErrorOf([&] { DBEngine::Instance().CreateDatabase(elsewhere, {}); }), 0);
+}
+
+TEST_F(OpenDatabaseTest, AFailedCreationLeavesNoFile) {
+    FaultyDisk disk;
+    const QString file = directory.filePath(QStringLiteral("new.mdb"));
+    const std::vector<TableDefinition> tables = {
+        {QStringLiteral("a"), {{QStringLiteral("b"), dbText, 5}}, {}}};
+    for (int n = 1;; ++n) {
+        disk.FailAt(n, FaultyDisk::Fault::FromThenOn);
+        const int number = ErrorOf([&] { DBEngine::Instance().CreateDatabase(file, tables); });
+        const bool failed = disk.Faults() > 0;
+        disk.Repair();
+        if (!failed) {
+            EXPECT_EQ(number, 0);
+            EXPECT_GT(n, 5);
+            break;
+        }
+        EXPECT_NE(number, 0) << "operation " << n;
+        EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{QStringLiteral("things.mdb")})
+            << "operation " << n;
+    }
+    EXPECT_EQ(OpenError(file), 0);
+}
+
+TEST_F(OpenDatabaseTest, ColumnTypesOfAnotherMakersTables) {
+    ASSERT_TRUE(RunElsewhere(
+        path,
+        "create table foreign_types(a INTEGER, b VARCHAR(3), c REAL, d BLOB, e TIMESTAMP, f, g text,"
+        "h decimal(5,2), i Memo, j text ( 4 ))"));
+    const auto rows = Dynaset("select * from foreign_types");
+    const std::vector<DataType> types = {dbLong,       dbText, dbDouble, dbLongBinary, dbDate,
+                                         dbLongBinary, dbText, dbDouble, dbMemo,       dbText};
+    for (size_t place = 0; place < types.size(); ++place) {
+        EXPECT_EQ(rows->Fields(static_cast<int>(place)).Type(), types[place]) << place;
+    }
+    EXPECT_EQ(ExecuteError("insert into foreign_types(b) values('1234')"), ErrorNumber::FieldTooSmall);
+    EXPECT_EQ(ExecuteError("insert into foreign_types(j) values('12345')"), ErrorNumber::FieldTooSmall);
+    EXPECT_EQ(ExecuteError("insert into foreign_types(g) values('a text of any length')"), 0);
+}
+
+TEST_F(OpenDatabaseTest, TablesWhoseRowsHaveNoKeyAreAnError) {
+    ASSERT_TRUE(RunElsewhere(path,
+                             "create table keyless(rowid text, oid text, _rowid_ text);"
+                             "create table keyed(rowid text, oid text);"
+                             "insert into keyed values('a', 'b')"));
+    EXPECT_NE(ErrorOf([&] { Dynaset("select * from keyless"); }), 0);
+    const auto rows = Dynaset("select * from keyed");
+    rows->Edit();
+    rows->Fields(0).Set(QStringLiteral("c"));
+    rows->Update();
+    EXPECT_EQ(Rows("select rowid, oid from keyed"), QStringList{QStringLiteral("c|b")});
+}
+
+TEST_F(OpenDatabaseTest, ACopyIsWholeAndTakesNoFilesPlace) {
+    database->Execute(QStringLiteral("insert into notes(text) values('kept')"));
+    const QString copy = directory.filePath(QStringLiteral("copy.mdb"));
+    database->CopyTo(copy);
+    EXPECT_EQ(ReadRows(copy, "select text from notes"), QStringList{QStringLiteral("kept")});
+    EXPECT_EQ(ErrorOf([&] { database->CopyTo(copy); }), ErrorNumber::DatabaseExists);
+    EXPECT_EQ(ErrorOf([&] { database->CopyTo(directory.filePath(QStringLiteral("no/folder.mdb"))); }),
+              ErrorNumber::DiskError);
+}
+
+}  // namespace
+
+}  // namespace engine

@@ -1,0 +1,307 @@
+#include "EngineTest.h"
+#include "platform/MessageBox.h"
+#include "support/FaultyDisk.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+#include <atomic>
+#include <thread>
+
+namespace engine {
+
+namespace {
+
+class WriteGroupTest : public EngineTest {
+protected:
+    WriteGroupTest() { Listen(); }
+
+    void Listen() {
+        database->OnLostWrite([this](const Error& error, const QString& write) {
+            lost += write;
+            EXPECT_NE(error.Number(), 0);
+        });
+    }
+
+    void Insert(int number) {
+        database->Execute(QStringLiteral("insert into notes(text) values('n%1')").arg(number));
+    }
+
+    QStringList lost;
+};
+
+TEST_F(WriteGroupTest, WritesReachTheDiskInGroups) {
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    Insert(0);
+    database->Flush();
+    disk.FailAt(0, FaultyDisk::Fault::Once);
+    Insert(1);
+    database->Flush();
+    const int forOne = disk.Operations();
+    disk.FailAt(0, FaultyDisk::Fault::Once);
+    for (int i = 0; i < 20; ++i) {
+        Insert(2 + i);
+    }
+    database->Flush();
+    EXPECT_LE(disk.Operations(), 2 * forOne) << "twenty rows cost hardly more than one";
+}
+
+TEST_F(WriteGroupTest, AGroupIsNeverOlderThanItsTime) {
+    Insert(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    Insert(2);
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")})
+        << "the second write brings the first one to the disk";
+}
+
+TEST_F(WriteGroupTest, ReadingBringsAGroupWhoseTimeIsOverToTheDiskToo) {
+    Insert(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    Dynaset("select * from things");
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
+}
+
+TEST_F(WriteGroupTest, AMessageBoxWaitsForTheDisk) {
+    Insert(1);
+    platform::ShowMessageBox(QStringLiteral("anything"));
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
+}
+
+TEST_F(WriteGroupTest, OpeningAnotherDatabaseBringsAllToTheDisk) {
+    Insert(1);
+    const auto other = DBEngine::Instance().OpenDatabase(path);
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
+}
+
+TEST_F(WriteGroupTest, ClosingBringsAllToTheDiskAndLeavesNoSideFiles) {
+    Insert(1);
+    database.reset();
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{QStringLiteral("things.mdb")});
+}
+
+TEST_F(WriteGroupTest, AFileInWriteAheadModeEndsWithoutSideFiles) {
+    database.reset();
+    ASSERT_TRUE(RunElsewhere(path, "pragma journal_mode = wal; insert into notes values('before')"));
+    database = DBEngine::Instance().OpenDatabase(path);
+    Insert(1);
+    database.reset();
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{QStringLiteral("things.mdb")});
+    EXPECT_EQ(ReadRows(path, "select text from notes"),
+              (QStringList{QStringLiteral("before"), QStringLiteral("n1")}));
+}
+
+TEST_F(WriteGroupTest, TheGroupSeesItsOwnWrites) {
+    Insert(1);
+    const auto rows = Dynaset("select * from notes");
+    EXPECT_EQ(ToText(rows->Fields(0).Get()), QStringLiteral("n1"));
+}
+
+// Each operation of the disk fails once in turn, everywhere in a run of statements and row changes. One
+// failure costs at most the write it hit, which is told, either by the statement itself or as a lost write.
+TEST_F(WriteGroupTest, ASingleFaultLosesNothingThatCouldBeStored) {
+    database.reset();
+    FaultyDisk disk;
+    for (int n = 1;; ++n) {
+        ASSERT_TRUE(RunElsewhere(path, "delete from notes; delete from things"));
+        lost.clear();
+        database = DBEngine::Instance().OpenDatabase(path);
+        Listen();
+        disk.FailAt(n, FaultyDisk::Fault::Once);
+        QStringList refused;
+        for (int i = 0; i < 3; ++i) {
+            if (ErrorOf([&] { Insert(i); }) != 0) {
+                refused += QString::number(i);
+            }
+            if (ErrorOf([&] {
+                    const auto rows = Dynaset("select * from things");
+                    rows->AddNew();
+                    rows->Fields(0).Set(QString::number(i));
+                    rows->Update();
+                }) != 0) {
+                refused += QStringLiteral("row");
+            }
+            if (i == 1) {
+                database->Flush();
+            }
+        }
+        database.reset();
+        const bool faulted = disk.Faults() > 0;
+        const std::string kind = disk.FirstFault();
+        disk.Repair();
+        const qsizetype stored = ReadRows(path, "select text from notes").size() +
+                                 ReadRows(path, "select code from things").size();
+        EXPECT_EQ(stored + refused.size() + lost.size(), 6) << kind << " at operation " << n;
+        EXPECT_EQ(ReadRows(path, "select count(distinct text), count(*) from notes")
+                      .at(0)
+                      .section(QLatin1Char('|'), 0, 0),
+                  ReadRows(path, "select count(*) from notes").at(0));
+        EXPECT_GE(stored, 5) << kind << " at operation " << n << ": one fault, at most one loss";
+        EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+        if (!faulted) {
+            EXPECT_GT(n, 20);
+            break;
+        }
+    }
+}
+
+TEST_F(WriteGroupTest, ADiskThatFailsForGoodLosesTheRestAndSaysSo) {
+    database.reset();
+    FaultyDisk disk;
+    for (int n = 1;; ++n) {
+        ASSERT_TRUE(RunElsewhere(path, "delete from notes"));
+        lost.clear();
+        database = DBEngine::Instance().OpenDatabase(path);
+        Listen();
+        disk.FailAt(n, FaultyDisk::Fault::FromThenOn);
+        int refused = 0;
+        for (int i = 0; i < 4; ++i) {
+            refused += ErrorOf([&] { Insert(i); }) != 0 ? 1 : 0;
+            if (i == 1) {
+                database->Flush();
+            }
+        }
+        database.reset();
+        const bool faulted = disk.Faults() > 0;
+        disk.Repair();
+        const qsizetype stored = ReadRows(path, "select text from notes").size();
+        EXPECT_EQ(stored + refused + lost.size(), 4) << "operation " << n;
+        EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+        if (!faulted) {
+            break;
+        }
+    }
+}
+
+TEST_F(WriteGroupTest, AFullDiskKeepsWhatStillFits) {
+    database.reset();
+    FaultyDisk disk;
+    bool lostLater = false;
+    for (int n = 1;; ++n) {
+        ASSERT_TRUE(RunElsewhere(path, "delete from notes; vacuum"));
+        lost.clear();
+        database = DBEngine::Instance().OpenDatabase(path);
+        Listen();
+        disk.FailAt(n, FaultyDisk::Fault::FullFromThenOn);
+        int refused = 0;
+        for (int i = 0; i < 300; ++i) {
+            const int number = ErrorOf([&] { Insert(i); });
+            EXPECT_TRUE(number == 0 || number == ErrorNumber::DiskFull) << number;
+            refused += number != 0 ? 1 : 0;
+            if (i % 100 == 0) {
+                database->Flush();
+            }
+        }
+        database.reset();
+        const bool faulted = disk.Faults() > 0;
+        disk.Repair();
+        lostLater = lostLater || !lost.isEmpty();
+        EXPECT_EQ(ReadRows(path, "select text from notes").size() + refused + lost.size(), 300)
+            << "operation " << n;
+        EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+        if (!faulted) {
+            break;
+        }
+    }
+    EXPECT_TRUE(lostLater) << "some fault must have hit a group after its writes had succeeded";
+}
+
+TEST_F(WriteGroupTest, WithoutAListenerALossIsToldAsABox) {
+    database.reset();
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    Insert(1);
+    disk.FailAt(1, FaultyDisk::Fault::FromThenOn);
+    database->Flush();
+    disk.Repair();
+    ASSERT_EQ(boxes.requests.size(), 1U);
+    EXPECT_TRUE(boxes.requests[0].text.contains(QStringLiteral("'n1'")))
+        << boxes.requests[0].text.toStdString();
+}
+
+TEST_F(WriteGroupTest, ALockIsWaitedForAndThenAnError) {
+    std::atomic<bool> held = false;
+    std::thread other([&] {
+        RunElsewhere(path,
+                     "begin exclusive; insert into notes values('other');"
+                     "with recursive n(i) as (select 1 union all select i + 1 from n where i < 3000000)"
+                     "select max(i) from n; commit");
+        held = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    Insert(1);
+    other.join();
+    EXPECT_TRUE(held);
+    EXPECT_EQ(Rows("select count(*) from notes"), QStringList{QStringLiteral("2")})
+        << "both writers got their turn";
+}
+
+TEST_F(WriteGroupTest, ALockThatStaysIsError3260AfterFiveSeconds) {
+    const auto other = DBEngine::Instance().OpenDatabase(path);
+    other->Execute(QStringLiteral("insert into notes(text) values('holds the file')"));
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(ExecuteError("insert into notes(text) values('waits')"), ErrorNumber::Locked);
+    EXPECT_GE(timer.elapsed(), 4500);
+    other->Flush();
+    EXPECT_EQ(ExecuteError("insert into notes(text) values('waits')"), 0);
+}
+
+// A reader in another program holds a commit up for longer than we wait for it. The group stays together, and
+// nothing is lost or told as lost.
+TEST_F(WriteGroupTest, AReaderThatHoldsUpACommitCostsNothing) {
+    Insert(0);
+    database->Flush();
+    const auto reader = DBEngine::Instance().OpenDatabase(path);
+    auto rows = reader->OpenRecordset(QStringLiteral("select * from notes"), dbOpenForwardOnly, dbReadOnly);
+    Insert(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    Insert(2);
+    rows.reset();
+    database->Flush();
+    EXPECT_TRUE(lost.isEmpty()) << lost.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("3")});
+}
+
+TEST_F(WriteGroupTest, WhatCannotBeCommittedAtTheEndIsTold) {
+    Insert(0);
+    database->Flush();
+    const auto reader = DBEngine::Instance().OpenDatabase(path);
+    const auto rows =
+        reader->OpenRecordset(QStringLiteral("select * from notes"), dbOpenForwardOnly, dbReadOnly);
+    Insert(1);
+    Insert(2);
+    database->Flush();
+    EXPECT_EQ(lost.size(), 2);
+}
+
+TEST_F(WriteGroupTest, AnotherProgramThatWritesAllTheWhileLosesNothingAndCostsNothing) {
+    std::atomic<bool> stop = false;
+    std::atomic<int> written = 0;
+    std::atomic<int> refused = 0;
+    std::thread other([&] {
+        while (!stop) {
+            (RunElsewhere(path, "insert into things(number) values(1)") ? written : refused) += 1;
+        }
+    });
+    QElapsedTimer timer;
+    timer.start();
+    int own = 0;
+    while (timer.elapsed() < 8000) {
+        ASSERT_EQ(ErrorOf([&] { Insert(own); }), 0);
+        ++own;
+    }
+    database->Flush();
+    stop = true;
+    other.join();
+    EXPECT_EQ(refused, 0);
+    EXPECT_GT(written, 1);
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QString::number(own)});
+    EXPECT_EQ(ReadRows(path, "select count(*) from things"), QStringList{QString::number(written)});
+    EXPECT_TRUE(lost.isEmpty());
+}
+
+}  // namespace
+
+}  // namespace engine

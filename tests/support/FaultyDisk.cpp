@@ -1,0 +1,184 @@
+#include "support/FaultyDisk.h"
+
+#include <QtGlobal>
+
+#include <sqlite3.h>
+
+namespace {
+
+struct State {
+    int failAt = 0;
+    FaultyDisk::Fault fault = FaultyDisk::Fault::Once;
+    int operations = 0;
+    int faults = 0;
+    std::string firstFault;
+};
+
+State state;
+sqlite3_vfs shim;
+sqlite3_vfs* real = nullptr;
+
+struct ShimFile {
+    sqlite3_file base;
+    sqlite3_file* file;
+};
+
+sqlite3_file* Real(sqlite3_file* file) {
+    return reinterpret_cast<ShimFile*>(file)->file;
+}
+
+// Whether this operation is to fail. A full disk stops only what needs more room.
+bool Fails(const char* kind, bool needsRoom) {
+    ++state.operations;
+    const bool reached = state.failAt > 0 && state.operations >= state.failAt;
+    bool fails = false;
+    switch (state.fault) {
+        case FaultyDisk::Fault::Once:
+            fails = state.failAt > 0 && state.operations == state.failAt;
+            break;
+        case FaultyDisk::Fault::FromThenOn:
+            fails = reached;
+            break;
+        case FaultyDisk::Fault::FullFromThenOn:
+            fails = reached && needsRoom;
+            break;
+    }
+    if (fails && state.faults++ == 0) {
+        state.firstFault = kind;
+    }
+    return fails;
+}
+
+int Close(sqlite3_file* file) {
+    const int closed = Real(file)->pMethods->xClose(Real(file));
+    sqlite3_free(Real(file));
+    return closed;
+}
+
+int Read(sqlite3_file* file, void* bytes, int amount, sqlite3_int64 offset) {
+    return Real(file)->pMethods->xRead(Real(file), bytes, amount, offset);
+}
+
+int Write(sqlite3_file* file, const void* bytes, int amount, sqlite3_int64 offset) {
+    sqlite3_int64 size = 0;
+    Real(file)->pMethods->xFileSize(Real(file), &size);
+    if (Fails("write", offset + amount > size)) {
+        return state.fault == FaultyDisk::Fault::FullFromThenOn ? SQLITE_FULL : SQLITE_IOERR_WRITE;
+    }
+    return Real(file)->pMethods->xWrite(Real(file), bytes, amount, offset);
+}
+
+int Truncate(sqlite3_file* file, sqlite3_int64 size) {
+    return Fails("truncate", false) ? SQLITE_IOERR_TRUNCATE
+                                    : Real(file)->pMethods->xTruncate(Real(file), size);
+}
+
+int Sync(sqlite3_file* file, int flags) {
+    return Fails("sync", false) ? SQLITE_IOERR_FSYNC : Real(file)->pMethods->xSync(Real(file), flags);
+}
+
+int FileSize(sqlite3_file* file, sqlite3_int64* size) {
+    return Real(file)->pMethods->xFileSize(Real(file), size);
+}
+
+int Lock(sqlite3_file* file, int level) {
+    return Fails("lock", false) ? SQLITE_IOERR_LOCK : Real(file)->pMethods->xLock(Real(file), level);
+}
+
+int Unlock(sqlite3_file* file, int level) {
+    return Real(file)->pMethods->xUnlock(Real(file), level);
+}
+
+int CheckReservedLock(sqlite3_file* file, int* reserved) {
+    return Real(file)->pMethods->xCheckReservedLock(Real(file), reserved);
+}
+
+int FileControl(sqlite3_file* file, int operation, void* argument) {
+    return Real(file)->pMethods->xFileControl(Real(file), operation, argument);
+}
+
+int SectorSize(sqlite3_file* file) {
+    return Real(file)->pMethods->xSectorSize(Real(file));
+}
+
+int DeviceCharacteristics(sqlite3_file* file) {
+    return Real(file)->pMethods->xDeviceCharacteristics(Real(file));
+}
+
+const sqlite3_io_methods Methods = {
+    .iVersion = 1,
+    .xClose = Close,
+    .xRead = Read,
+    .xWrite = Write,
+    .xTruncate = Truncate,
+    .xSync = Sync,
+    .xFileSize = FileSize,
+    .xLock = Lock,
+    .xUnlock = Unlock,
+    .xCheckReservedLock = CheckReservedLock,
+    .xFileControl = FileControl,
+    .xSectorSize = SectorSize,
+    .xDeviceCharacteristics = DeviceCharacteristics,
+    .xShmMap = nullptr,
+    .xShmLock = nullptr,
+    .xShmBarrier = nullptr,
+    .xShmUnmap = nullptr,
+    .xFetch = nullptr,
+    .xUnfetch = nullptr,
+};
+
+int Open(sqlite3_vfs* /*vfs*/, const char* name, sqlite3_file* file, int flags, int* outFlags) {
+    auto* shimFile = reinterpret_cast<ShimFile*>(file);
+    shimFile->base.pMethods = nullptr;
+    shimFile->file = static_cast<sqlite3_file*>(sqlite3_malloc(real->szOsFile));
+    const int opened = real->xOpen(real, name, shimFile->file, flags, outFlags);
+    if (opened != SQLITE_OK) {
+        sqlite3_free(shimFile->file);
+        return opened;
+    }
+    shimFile->base.pMethods = &Methods;
+    return SQLITE_OK;
+}
+
+int Delete(sqlite3_vfs* /*vfs*/, const char* name, int syncFolder) {
+    return Fails("remove", false) ? SQLITE_IOERR_DELETE : real->xDelete(real, name, syncFolder);
+}
+
+}  // namespace
+
+FaultyDisk::FaultyDisk() {
+    real = sqlite3_vfs_find(nullptr);
+    shim = *real;
+    shim.zName = "faulty-disk";
+    shim.szOsFile = sizeof(ShimFile);
+    shim.pNext = nullptr;
+    shim.xOpen = Open;
+    shim.xDelete = Delete;
+    if (sqlite3_vfs_register(&shim, 1) != SQLITE_OK) {
+        qFatal("The faulty disk can't be put in place");
+    }
+    Repair();
+}
+
+FaultyDisk::~FaultyDisk() {
+    sqlite3_vfs_unregister(&shim);
+    sqlite3_vfs_register(real, 1);
+}
+
+void FaultyDisk::FailAt(int n, Fault fault) {
+    state = State();
+    state.failAt = n;
+    state.fault = fault;
+}
+
+int FaultyDisk::Operations() const {
+    return state.operations;
+}
+
+int FaultyDisk::Faults() const {
+    return state.faults;
+}
+
+std::string FaultyDisk::FirstFault() const {
+    return state.firstFault;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+/// A disk that fails when it is told to. While it lives, every database file opened in this process stands on
+/// it.
+///
+/// It counts the operations that change or guard a file: write, sync, truncate, lock and removal of a file.
+class FaultyDisk {
+public:
+    enum class Fault {
+        Once,            ///< The n-th operation fails, the ones after it work again.
+        FromThenOn,      ///< The n-th operation and all after it fail.
+        FullFromThenOn,  ///< From the n-th operation on, writes that make a file longer find the disk full.
+    };
+
+    FaultyDisk();
+    ~FaultyDisk();
+    FaultyDisk(const FaultyDisk&) = delete;
+    FaultyDisk& operator=(const FaultyDisk&) = delete;
+
+    /// Counts from 1 anew and fails at the n-th operation from now. 0 lets everything work.
+    void FailAt(int n, Fault fault);
+    void Repair() { FailAt(0, Fault::Once); }
+
+    /// Operations since FailAt or since the beginning.
+    int Operations() const;
+
+    /// How many operations were made to fail since FailAt.
+    int Faults() const;
+
+    /// The kind of the first operation that was made to fail: "write", "sync", "truncate", "lock", "remove".
+    std::string FirstFault() const;
+};

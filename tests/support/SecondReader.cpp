@@ -1,0 +1,60 @@
+#include "support/SecondReader.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+class OtherConnection {
+public:
+    explicit OtherConnection(const QString& path) {
+        if (sqlite3_open_v2(path.toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr) !=
+            SQLITE_OK) {
+            qFatal("%s can't be opened", qPrintable(path));
+        }
+    }
+    ~OtherConnection() { sqlite3_close(handle_); }
+    OtherConnection(const OtherConnection&) = delete;
+    OtherConnection& operator=(const OtherConnection&) = delete;
+
+    sqlite3* Handle() const { return handle_; }
+
+private:
+    sqlite3* handle_ = nullptr;
+};
+
+QString RowText(sqlite3_stmt* statement) {
+    QStringList values;
+    for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+        values += text == nullptr ? QStringLiteral("NULL")
+                                  : QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+    }
+    return values.join(QLatin1Char('|'));
+}
+
+}  // namespace
+
+QStringList ReadRows(const QString& path, const char* sql) {
+    const OtherConnection connection(path);
+    sqlite3_busy_timeout(connection.Handle(), 5000);
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(connection.Handle(), sql, -1, &statement, nullptr) != SQLITE_OK) {
+        qFatal("%s: %s", sql, sqlite3_errmsg(connection.Handle()));
+    }
+    QStringList rows;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
+        rows += RowText(statement);
+    }
+    sqlite3_finalize(statement);
+    if (step != SQLITE_DONE) {
+        qFatal("%s: %s", sql, sqlite3_errmsg(connection.Handle()));
+    }
+    return rows;
+}
+
+bool RunElsewhere(const QString& path, const char* sql, int waitMilliseconds) {
+    const OtherConnection connection(path);
+    sqlite3_busy_timeout(connection.Handle(), waitMilliseconds);
+    return sqlite3_exec(connection.Handle(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Reads a database file as another program would: through a connection of its own.
+/// Each row is its values joined by "|"; null shows as "NULL". A failure aborts the test program.
+QStringList ReadRows(const QString& path, const char* sql);
+
+/// Runs statements on the file as another program would. False if one of them failed.
+bool RunElsewhere(const QString& path, const char* sql, int waitMilliseconds = 5000);
