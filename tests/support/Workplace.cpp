@@ -27,11 +27,18 @@ void Workplace::WriteSettings(const QByteArray& text) const {
     }
 }
 
-QString Workplace::ErrorLog() const {
+QString Workplace::ErrorLogPath() const {
     const QDate today = platform::Today();
-    const QString name = QStringLiteral("err%1%2.log")
-                             .arg(platform::ShortMonthName(today.month()))
-                             .arg(today.year() % 100, 2, 10, QLatin1Char('0'));
-    QFile file(directory_.filePath(name));
+    return directory_.filePath(QStringLiteral("err%1%2.log")
+                                   .arg(platform::ShortMonthName(today.month()))
+                                   .arg(today.year() % 100, 2, 10, QLatin1Char('0')));
+}
+
+QString Workplace::ErrorLog() const {
+    QFile file(ErrorLogPath());
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+void Workplace::RemoveErrorLog() const {
+    QFile::remove(ErrorLogPath());
 }

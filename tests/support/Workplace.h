@@ -21,7 +21,11 @@ public:
     /// What the error log of this month holds; empty if there is none.
     QString ErrorLog() const;
 
+    void RemoveErrorLog() const;
+
 private:
+    QString ErrorLogPath() const;
+
     QTemporaryDir directory_;
     QByteArray configHome_;
     QByteArray configDirs_;

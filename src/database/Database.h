@@ -1,0 +1,30 @@
+#pragma once
+
+#include "engine/DBEngine.h"
+
+#include <QString>
+
+#include <memory>
+
+/// Module Database: finding and opening Hearthbook's database.
+namespace database {
+
+/// Finds the database file through Hearthbook's settings and opens it; the new database object takes the
+/// place of the one before. On failure the user has been told, and the answer is false with the database
+/// object of the earlier call still in place; without an earlier one the process ends with status 1.
+bool StartDatabase();
+
+/// From here on StartDatabase opens this file and doesn't ask the settings (the road of the batch tool's
+/// --database). Nothing is opened here. An empty path goes back to the settings.
+void UseDatabaseFile(const QString& path);
+
+/// The file that StartDatabase opened last; empty before the first one.
+const QString& DatabaseFile();
+
+/// The one open database. Platform failure 91 if none has been opened.
+engine::Database& CurrentDatabase();
+
+/// Puts a database in place (null takes it away). For programs that open their own, and for tests.
+void SetCurrentDatabase(std::shared_ptr<engine::Database> database);
+
+}  // namespace database

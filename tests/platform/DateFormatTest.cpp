@@ -1,0 +1,56 @@
+#include "platform/DateFormat.h"
+#include "support/PrintQt.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using platform::DateOrder;
+
+struct PatternCase {
+    const char* pattern;
+    DateOrder order;
+    const char* separator;
+};
+
+class DateFormatOf : public ::testing::TestWithParam<PatternCase> {};
+
+TEST_P(DateFormatOf, HasOrderAndSeparator) {
+    const platform::DateFormat format = platform::ReadDateFormat(QString::fromUtf8(GetParam().pattern));
+    EXPECT_EQ(format.order, GetParam().order);
+    EXPECT_EQ(format.separator, QString::fromUtf8(GetParam().separator));
+}
+
+INSTANTIATE_TEST_SUITE_P(Patterns, DateFormatOf,
+                         ::testing::Values(PatternCase{"%m/%d/%y", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%D", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%F", DateOrder::YearMonthDay, "-"},
+                                           PatternCase{"%d.%m.%Y", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"%d/%m/%y", DateOrder::DayMonthYear, "/"},
+                                           PatternCase{"%Y-%m-%d", DateOrder::YearMonthDay, "-"},
+                                           PatternCase{"%d. %m. %Y", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"%-d.%-m.%Y", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"%e-%b-%Y", DateOrder::DayMonthYear, "-"},
+                                           PatternCase{"%h.%d.%G", DateOrder::MonthDayYear, "."},
+                                           PatternCase{"%B %d %Y", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%y.%m.%d", DateOrder::YearMonthDay, "."},
+                                           PatternCase{"%Oy/%Om/%Od", DateOrder::YearMonthDay, "/"},
+                                           PatternCase{"%EY-%m-%d", DateOrder::YearMonthDay, "-"},
+                                           PatternCase{"%2d.%2m.%Y", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"%a, %d.%m.%Y", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"%d.%m.%Y %H:%M", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"%d-%m.%Y", DateOrder::DayMonthYear, "-"}));
+
+INSTANTIATE_TEST_SUITE_P(LettersAreUnits, DateFormatOf,
+                         ::testing::Values(PatternCase{"%Y年%m月%d日", DateOrder::YearMonthDay, "/"},
+                                           PatternCase{"%d de %m de %Y", DateOrder::DayMonthYear, "/"}));
+
+INSTANTIATE_TEST_SUITE_P(NothingToRead, DateFormatOf,
+                         ::testing::Values(PatternCase{"", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%-", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%x", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"d.m.y", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"%d", DateOrder::DayMonthYear, "/"}));
+
+}  // namespace

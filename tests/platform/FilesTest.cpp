@@ -1,0 +1,71 @@
+#include "platform/Files.h"
+#include "support/PrintQt.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+TEST(ProgramDirectory, IsWhereTheProgramLies) {
+    EXPECT_EQ(platform::ProgramDirectory(), QCoreApplication::applicationDirPath());
+    EXPECT_FALSE(platform::ProgramDirectory().endsWith(QLatin1Char('/')));
+}
+
+TEST(ProgramDirectory, CanBeElsewhereForTests) {
+    platform::SetProgramDirectory(QStringLiteral("/somewhere/else"));
+    EXPECT_EQ(platform::ProgramDirectory(), QStringLiteral("/somewhere/else"));
+    platform::SetProgramDirectory(QString());
+    EXPECT_EQ(platform::ProgramDirectory(), QCoreApplication::applicationDirPath());
+}
+
+TEST(WithPlatformSeparators, TurnsEveryBackslash) {
+    EXPECT_EQ(platform::WithPlatformSeparators(QStringLiteral("\\\\server\\data\\property.mdb")),
+              QStringLiteral("//server/data/property.mdb"));
+    EXPECT_EQ(platform::WithPlatformSeparators(QStringLiteral("/a/b c")), QStringLiteral("/a/b c"));
+    EXPECT_EQ(platform::WithPlatformSeparators(QString()), QString());
+}
+
+TEST(FileExists, OnlyForFiles) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a file"));
+    EXPECT_FALSE(platform::FileExists(path));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(platform::FileExists(path));
+    EXPECT_FALSE(platform::FileExists(folder.path()));
+}
+
+TEST(FileExists, NotForATestThatFails) {
+    EXPECT_FALSE(platform::FileExists(QString()));
+    EXPECT_FALSE(platform::FileExists(QString(5000, QLatin1Char('x'))));
+    EXPECT_FALSE(platform::FileExists(QStringLiteral("/etc/passwd/below a file")));
+}
+
+TEST(AppendLine, CreatesTheFileAndAddsToIt) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("log"));
+    EXPECT_TRUE(platform::AppendLine(path, QStringLiteral("first")));
+    EXPECT_EQ(Contents(path), "first\n");
+    EXPECT_TRUE(platform::AppendLine(path, QStringLiteral("Zürich\nin two lines")));
+    EXPECT_EQ(Contents(path), "first\nZürich\nin two lines\n");
+}
+
+TEST(AppendLine, SaysWhenItCanNot) {
+    const QTemporaryDir folder;
+    EXPECT_FALSE(platform::AppendLine(folder.path(), QStringLiteral("into a folder")));
+    EXPECT_FALSE(platform::AppendLine(folder.filePath(QStringLiteral("no/such/folder/log")), QString()));
+}
+
+TEST(AppendLine, SaysWhenTheDiskIsFull) {
+    EXPECT_FALSE(platform::AppendLine(QStringLiteral("/dev/full"), QStringLiteral("text")));
+}
+
+}  // namespace

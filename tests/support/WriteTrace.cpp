@@ -1,0 +1,63 @@
+#include "support/WriteTrace.h"
+
+#include <sqlite3.h>
+
+#include <cstring>
+#include <ctime>
+
+namespace {
+
+WriteTrace::Listener& CurrentListener() {
+    static WriteTrace::Listener listener;
+    return listener;
+}
+
+bool IsWrite(sqlite3_stmt* statement) {
+    const char* sql = sqlite3_sql(statement);
+    return sqlite3_stmt_readonly(statement) == 0 &&
+           (std::strncmp(sql, "insert", 6) == 0 || std::strncmp(sql, "update", 6) == 0 ||
+            std::strncmp(sql, "delete", 6) == 0);
+}
+
+int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /*duration*/) {
+    auto* statement = static_cast<sqlite3_stmt*>(subject);
+    if (!CurrentListener() || !IsWrite(statement)) {
+        return 0;
+    }
+    TracedWrite write;
+    write.moment = MonotonicNanoseconds();
+    write.changedRows = sqlite3_changes64(sqlite3_db_handle(statement));
+    char* expanded = sqlite3_expanded_sql(statement);
+    write.sql = QString::fromUtf8(expanded);
+    sqlite3_free(expanded);
+    CurrentListener()(write);
+    return 0;
+}
+
+int OnConnection(sqlite3* connection, const char** /*error*/, const sqlite3_api_routines* /*api*/) {
+    sqlite3_trace_v2(connection, SQLITE_TRACE_PROFILE, OnStatementDone, nullptr);
+    return SQLITE_OK;
+}
+
+// SQLite takes the function in this disguise.
+void (*ConnectionHook())() {
+    return reinterpret_cast<void (*)()>(OnConnection);
+}
+
+}  // namespace
+
+WriteTrace::WriteTrace(Listener listener) {
+    CurrentListener() = std::move(listener);
+    sqlite3_auto_extension(ConnectionHook());
+}
+
+WriteTrace::~WriteTrace() {
+    sqlite3_cancel_auto_extension(ConnectionHook());
+    CurrentListener() = nullptr;
+}
+
+std::int64_t MonotonicNanoseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
