@@ -1,0 +1,46 @@
+#include "records/BankAccounts.h"
+
+#include "records/Collections.h"
+#include "records/NewRow.h"
+
+namespace records {
+namespace {
+
+/// What marks a bank account in the chart of accounts.
+constexpr qint64 BankAccountType = 3;
+
+}  // namespace
+
+void bankAccounts::PropogateChanges(const QString& sOriginal, const QString& sNew) const {
+    RenameReferences(TheCollections().Properties, &Property::BankAccount, sOriginal, sNew);
+}
+
+void bankAccounts::InsertRecords(const RecordWritten& recordWritten) const {
+    const auto accounts = OpenForChange(QStringLiteral("select * from glcodes"));
+    for (const Reference& account : Walk()) {
+        AddRow(accounts, {
+                             {QStringLiteral("type"), BankAccountType},
+                             {QStringLiteral("taxable_yn"), true},
+                             {QStringLiteral("gl_code"), account->Code},
+                             {QStringLiteral("description"), account->BankAccountName},
+                             {QStringLiteral("bankbalance"), account->BalanceAmount},
+                             {QStringLiteral("balancedate"), engine::FromDate(account->BalanceDate)},
+                         });
+        if (recordWritten) {
+            recordWritten();
+        }
+    }
+}
+
+QHash<QString, QString> bankAccounts::FinalCodesByName() const {
+    // From the last account to the first, so that what a code leads to further down is known when it is met.
+    const List& accounts = Walk();
+    QHash<QString, QString> codes;
+    for (auto account = accounts.rbegin(); account != accounts.rend(); ++account) {
+        const QString& code = (*account)->Code;
+        codes.insert((*account)->BankAccountName, codes.value(code, code));
+    }
+    return codes;
+}
+
+}  // namespace records

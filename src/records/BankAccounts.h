@@ -1,0 +1,29 @@
+#pragma once
+
+#include "records/RecordCollection.h"
+#include "records/Records.h"
+
+namespace records {
+
+struct BankAccountRules {
+    using Record = BankAccount;
+    static constexpr auto name = &BankAccount::BankAccountName;
+    static constexpr int codeLimit = 10;
+    static constexpr bool keepsCodes = true;  ///< The preset account has its code from the start.
+    static constexpr bool foundByName = true;
+};
+
+class bankAccounts : public RecordCollection<BankAccountRules> {
+public:
+    /// A renamed account takes its properties along. Called before the record changes.
+    void PropogateChanges(const QString& sOriginal, const QString& sNew) const;
+
+    /// Adds one row of the chart of accounts for each account. Needs the codes.
+    void InsertRecords(const RecordWritten& recordWritten = {}) const;
+
+    /// The code for each account name, followed on as GetBankAccount of the properties does: where a code is
+    /// the name of a later account, that account's code takes its place.
+    QHash<QString, QString> FinalCodesByName() const;
+};
+
+}  // namespace records

@@ -1,0 +1,32 @@
+#include "records/MonthlyDayRule.h"
+
+#include "platform/Failure.h"
+#include "records/Tenants.h"
+
+namespace records {
+
+MonthlyPeriod MonthlyPeriodFrom(QDate dStartDate, qint16 MonthDay, engine::Currency nCurrentRent) {
+    const int Day = dStartDate.day();
+    if (Day == MonthDay) {
+        return {dStartDate.addMonths(1), nCurrentRent};
+    }
+
+    QDate NextStart =
+        Day < MonthDay ? dStartDate.addDays(MonthDay - Day) : dStartDate.addMonths(1).addDays(MonthDay - Day);
+    // A month that is too short can bring the next start back to this one, or before it.
+    if (NextStart <= dStartDate) {
+        NextStart = dStartDate.addDays(1);
+    }
+
+    try {
+        engine::Currency Split1;
+        engine::Currency Split2;
+        Tenants::RentSplit(NextStart.addMonths(-1), NextStart.addDays(-1), dStartDate.addDays(-1),
+                           nCurrentRent, Split1, Split2);
+        return {NextStart, Split2};
+    } catch (const platform::Failure&) {
+        return {NextStart, nCurrentRent};
+    }
+}
+
+}  // namespace records

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "records/RecordCollection.h"
+#include "records/Records.h"
+
+namespace records {
+
+struct OwnerRules {
+    using Record = Owner;
+    static constexpr auto name = &Owner::OwnersName;
+    static constexpr int codeLimit = 10;
+    static constexpr bool keepsCodes = true;
+    static constexpr bool foundByName = true;
+};
+
+class Owners : public RecordCollection<OwnerRules> {
+public:
+    /// A renamed owner takes its properties along. Called before the record changes.
+    void PropogateChanges(const QString& sOriginal, const QString& sNew) const;
+
+    /// Adds one row for each owner who has a code, all with the one management fee. Needs the codes.
+    void InsertRecords(const RecordWritten& recordWritten = {}) const;
+};
+
+}  // namespace records

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "records/RecordCollection.h"
+#include "records/Records.h"
+
+namespace records {
+
+struct PropertyRules {
+    using Record = Property;
+    static constexpr auto name = &Property::Address1;
+    static constexpr int codeLimit = 20;
+    static constexpr bool keepsCodes = true;
+    static constexpr bool foundByName = true;
+};
+
+class Properties : public RecordCollection<PropertyRules> {
+public:
+    /// A renamed property takes its tenants along, but not its units: they keep naming the old address.
+    /// Called before the record changes.
+    void PropogateChanges(const QString& sOriginal, const QString& sNew) const;
+
+    /// Adds one row for each property. Needs the codes of all four collections.
+    void InsertRecords(const RecordWritten& recordWritten = {}) const;
+
+    /// The code of the bank account of the property of this name: empty if the property has no account or
+    /// there is no such property, and the account's name itself if no account bears it.
+    QString GetBankAccount(const QString& Name) const;
+
+    /// The answers of GetBankAccount by property name, for callers that need many.
+    QHash<QString, QString> BankAccountsByName() const;
+};
+
+}  // namespace records

@@ -1,0 +1,124 @@
+#include "database/RecordAccess.h"
+#include "platform/Clock.h"
+#include "platform/Failure.h"
+#include "platform/MessageBox.h"
+#include "platform/Process.h"
+#include "records/MonthlyDayRule.h"
+#include "records/NoDate.h"
+#include "records/Tenants.h"
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace records {
+namespace {
+
+constexpr int DivisionByZero = 11;
+constexpr int DaysOfWeek = 7;
+
+/// Writes the rows of one tenant. A long history is a great many rows, so the text is put together in place
+/// and the full rent is turned into text once.
+class PeriodWriter {
+public:
+    PeriodWriter(const QString& sTenant, engine::Currency fullRent)
+        : head_(QStringLiteral("insert into rent_periods (tenant_code, period_from,period_to,rent_due,"
+                               "extra_charges,paid,extra_charges_paid) values('") +
+                sTenant + QStringLiteral("',")),
+          fullRent_(fullRent),
+          fullRentText_(database::DecimalText(fullRent)) {}
+
+    void Write(QDate from, QDate to, engine::Currency rent) const {
+        QString statement;
+        statement.reserve(head_.size() + 64);
+        statement += head_;
+        statement += database::SqlDate(from);
+        statement += u',';
+        statement += database::SqlDate(to);
+        statement += u',';
+        statement += rent == fullRent_ ? fullRentText_ : database::DecimalText(rent);
+        statement += QLatin1String(",0,0,0)");
+        database::ExecuteSql(statement);
+    }
+
+private:
+    QString head_;
+    engine::Currency fullRent_;
+    QString fullRentText_;
+};
+
+/// The day after the end that is stored with the tenancy.
+QDate DayAfterStoredEnd(const QString& sTenant) {
+    return database::LookupDate(QStringLiteral("[when ended]"), QStringLiteral("tenancy"),
+                                QStringLiteral(" where reference = '") + sTenant + QStringLiteral("'"),
+                                platform::Today())
+        .addDays(1);
+}
+
+/// How many days there are from one day to another, both counted.
+qint16 DaysBetween(QDate first, QDate last) {
+    const qint64 days = first.daysTo(last) + 1;
+    if (days < std::numeric_limits<qint16>::min() || days > std::numeric_limits<qint16>::max()) {
+        platform::RaiseOverflow();
+    }
+    return static_cast<qint16>(days);
+}
+
+}  // namespace
+
+void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency nCurrentRent,
+                              bool& bForceAtLeastOne, qint16 MonthDay, QDate EndDate, qint16 every_amt,
+                              const QString& every_freq) {
+    const PeriodWriter writer(sTenant, nCurrentRent);
+    const QDate StopDate = IsNoDate(EndDate) ? platform::Today() : EndDate;
+    const bool isDuration = every_freq == QLatin1String("Duration");
+
+    while (dStartDate <= StopDate || bForceAtLeastOne) {
+        engine::Currency PeriodRent = nCurrentRent;
+        QDate NextStart;
+        if (every_freq == QLatin1String("Day")) {
+            NextStart = dStartDate.addDays(every_amt);
+        } else if (every_freq == QLatin1String("Week")) {
+            NextStart = dStartDate.addDays(qint64{every_amt} * DaysOfWeek);
+        } else if (every_freq == QLatin1String("Month") && every_amt != 1) {
+            NextStart = dStartDate.addMonths(every_amt);
+        } else if (every_freq == QLatin1String("Month")) {
+            const MonthlyPeriod period = MonthlyPeriodFrom(dStartDate, MonthDay, nCurrentRent);
+            NextStart = period.NextStart;
+            PeriodRent = period.PeriodRent;
+        } else if (every_freq == QLatin1String("Year")) {
+            NextStart = dStartDate.addYears(every_amt);
+        } else if (isDuration) {
+            if (!bForceAtLeastOne) {
+                return;
+            }
+            NextStart = DayAfterStoredEnd(sTenant);
+        } else {
+            platform::ShowMessageBox(QStringLiteral("Invalid rent frequency of ") + every_freq);
+            return;
+        }
+
+        bForceAtLeastOne = false;
+        writer.Write(dStartDate, NextStart.addDays(-1), PeriodRent);
+        dStartDate = NextStart;
+        if (isDuration) {
+            return;
+        }
+        // Between two rows is a safe place to end, and with an every_amt of 0 the only one there will be.
+        platform::EndIfRequested();
+    }
+}
+
+void Tenants::RentSplit(QDate PeriodFrom, QDate PeriodTo, QDate EndDate, engine::Currency RentAmount,
+                        engine::Currency& Split1, engine::Currency& Split2) {
+    const qint16 TotalDays = DaysBetween(PeriodFrom, PeriodTo);
+    const qint16 FirstDays = DaysBetween(PeriodFrom, EndDate);
+    if (TotalDays == 0) {
+        throw platform::Failure(DivisionByZero, QStringLiteral("Division by zero"));
+    }
+    const double share = static_cast<double>(FirstDays) / static_cast<double>(TotalDays);
+    Split1 = engine::Currency::FromDouble(std::nearbyint(RentAmount.ToDouble() * share * 100.0) / 100.0);
+    Split2 = (RentAmount - Split1).RoundedToCents();
+}
+
+}  // namespace records

@@ -1,0 +1,13 @@
+#include "platform/Locale.h"
+#include "platform/Process.h"
+#include "tools_core/import/ImportTool.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char** argv) {
+    platform::RunProcess([&argc, argv] {
+        const QCoreApplication application(argc, argv);
+        platform::LoadSystemLocale();
+        return tools::RunImportTool(QCoreApplication::arguments().sliced(1));
+    });
+}

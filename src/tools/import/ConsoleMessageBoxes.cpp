@@ -1,0 +1,22 @@
+#include "tools_core/import/ConsoleMessageBoxes.h"
+
+#include "tools_core/import/Terminal.h"
+
+namespace tools {
+
+ConsoleMessageBoxes::ConsoleMessageBoxes(ProgressBar& progressBar) : progressBar_(progressBar) {
+    platform::SetMessageBoxPort(this);
+}
+
+ConsoleMessageBoxes::~ConsoleMessageBoxes() {
+    platform::SetMessageBoxPort(nullptr);
+}
+
+platform::Answer ConsoleMessageBoxes::Show(const platform::MessageBoxRequest& request) {
+    ++shown_;
+    progressBar_.Clear();
+    PrintError(request.title + QStringLiteral(": ") + request.text.trimmed() + QLatin1Char('\n'));
+    return request.buttons == platform::Buttons::Ok ? platform::Answer::Ok : platform::Answer::No;
+}
+
+}  // namespace tools

@@ -1,0 +1,152 @@
+#include "tools_core/import/ImportTool.h"
+
+#include "database/Database.h"
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
+#include "records/Collections.h"
+#include "records/ImportRun.h"
+#include "tools_core/import/ConsoleMessageBoxes.h"
+#include "tools_core/import/NoDatabase.h"
+#include "tools_core/import/Options.h"
+#include "tools_core/import/ProgressBar.h"
+#include "tools_core/import/Terminal.h"
+#include "tools_core/portfolio/PortfolioReader.h"
+
+#include <QFileInfo>
+
+namespace tools {
+
+namespace {
+
+int Refuse(const QString& message) {
+    PrintError(QStringLiteral("wrenfield-import: ") + message + QLatin1Char('\n'));
+    return ExitStatus::NothingDone;
+}
+
+int ListFaults(const QString& file, const Faults& faults) {
+    for (const Fault& fault : faults) {
+        PrintError(FaultLine(file, fault) + QLatin1Char('\n'));
+    }
+    return Refuse(QStringLiteral("the portfolio has faults (%1); nothing was changed").arg(faults.size()));
+}
+
+bool OpenDatabase(const ImportOptions& options) {
+    if (!options.database.isEmpty()) {
+        database::UseDatabaseFile(options.database);
+    }
+    database::SetCurrentDatabase(std::make_shared<NoDatabase>());
+    return database::StartDatabase();
+}
+
+QString Counts() {
+    const records::Collections& all = records::TheCollections();
+    return QStringLiteral("%1 bank accounts\n%2 property owners\n%3 properties\n%4 tenants\n")
+        .arg(all.bankAccounts.Count())
+        .arg(all.Owners.Count())
+        .arg(all.Properties.Count())
+        .arg(all.Tenants.Count());
+}
+
+/// Why the import may not begin; empty if it may.
+QString Objection(const ImportOptions& options) {
+    const QFileInfo backup(options.backup);
+    if (!options.backup.isEmpty() && (backup.exists() || backup.isSymLink())) {
+        return QStringLiteral("the backup file %1 is there already; nothing was changed").arg(options.backup);
+    }
+    if (options.isDryRun || options.isYes) {
+        return {};
+    }
+    if (!IsInputATerminal()) {
+        return QStringLiteral(
+            "this deletes existing data, and there is no terminal to ask on; say --yes to go on");
+    }
+    const bool isConfirmed =
+        Confirm(QStringLiteral("This will delete all existing data in %1. Continue? [y/N] ")
+                    .arg(database::DatabaseFile()));
+    platform::EndIfRequested();
+    return isConfirmed ? QString() : QStringLiteral("nothing was changed");
+}
+
+bool MakeBackup(const QString& file) {
+    try {
+        database::CurrentDatabase().CopyTo(file);
+        return true;
+    } catch (const platform::Failure& failure) {
+        Refuse(QStringLiteral("the backup could not be made, nothing was changed: %1 - %2")
+                   .arg(failure.Number())
+                   .arg(failure.Description()));
+        return false;
+    }
+}
+
+int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
+    const int shownBefore = boxes.Shown();
+    records::ImportData([&progressBar](int done, int total) {
+        progressBar.Show(done, total);
+        platform::EndIfRequested();
+    });
+    // What can't be brought to the disk is reported now, while it still counts.
+    database::CurrentDatabase().Flush();
+    progressBar.Clear();
+    const int failures = boxes.Shown() - shownBefore;
+    PrintOut(Counts() + records::ImportCompleteMessage(false) + QLatin1Char('\n'));
+    if (failures == 0) {
+        return ExitStatus::Done;
+    }
+    PrintOut(QStringLiteral("Failures reported: %1. The error log lies in %2.\n")
+                 .arg(failures)
+                 .arg(platform::ProgramDirectory()));
+    return ExitStatus::DoneWithFailures;
+}
+
+int Run(const ImportOptions& options) {
+    if (options.today) {
+        platform::PinToday(*options.today);
+    }
+    if (const Faults faults = ReadPortfolioFile(options.portfolio); !faults.empty()) {
+        return ListFaults(options.portfolio, faults);
+    }
+    ProgressBar progressBar(AreErrorsATerminal());
+    ConsoleMessageBoxes boxes(progressBar);
+    platform::HandleEndSignals();
+    if (!OpenDatabase(options)) {
+        return Refuse(QStringLiteral("the database can't be opened; nothing was changed"));
+    }
+    if (const QString objection = Objection(options); !objection.isEmpty()) {
+        return Refuse(objection);
+    }
+    if (options.isDryRun) {
+        PrintOut(QStringLiteral("The following items will be created.\n") + Counts() +
+                 QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
+        return ExitStatus::Done;
+    }
+    if (!options.backup.isEmpty() && !MakeBackup(options.backup)) {
+        return ExitStatus::NothingDone;
+    }
+    platform::EndIfRequested();
+    return Import(progressBar, boxes);
+}
+
+}  // namespace
+
+int RunImportTool(const QStringList& arguments) {
+    QString fault;
+    const std::optional<ImportOptions> options = ParseImportOptions(arguments, fault);
+    if (!options) {
+        Refuse(fault);
+        PrintError(QStringLiteral("wrenfield-import --help tells how it is used.\n"));
+        return ExitStatus::NothingDone;
+    }
+    if (options->wantsHelp) {
+        PrintOut(ImportHelpText());
+        return ExitStatus::Done;
+    }
+    if (options->wantsVersion) {
+        PrintOut(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
+        return ExitStatus::Done;
+    }
+    return Run(*options);
+}
+
+}  // namespace tools

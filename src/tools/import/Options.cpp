@@ -1,0 +1,84 @@
+#include "tools_core/import/Options.h"
+
+#include "tools_core/portfolio/Day.h"
+
+#include <QCommandLineParser>
+
+namespace tools {
+
+namespace {
+
+constexpr char helpOption[] = "help";
+constexpr char versionOption[] = "version";
+constexpr char databaseOption[] = "database";
+constexpr char backupOption[] = "backup";
+constexpr char todayOption[] = "today";
+constexpr char yesOption[] = "yes";
+constexpr char dryRunOption[] = "dry-run";
+
+QCommandLineOption Flag(const char* name) {
+    return QCommandLineOption(QLatin1String(name));
+}
+
+QCommandLineOption WithValue(const char* name) {
+    return {QLatin1String(name), QString(), QStringLiteral("value")};
+}
+
+/// The value of an option, empty if it is not given. An empty value is refused: a script's unset variable
+/// must not turn "this database" into "the one in use".
+QString SingleValue(const QCommandLineParser& parser, const char* name, QString& fault) {
+    const QStringList values = parser.values(QLatin1String(name));
+    if (values.size() > 1) {
+        fault = QStringLiteral("--%1 is given more than once").arg(QLatin1String(name));
+    } else if (values.size() == 1 && values.front().isEmpty()) {
+        fault = QStringLiteral("--%1 has an empty value").arg(QLatin1String(name));
+    }
+    return values.value(0);
+}
+
+void ReadToday(const QCommandLineParser& parser, ImportOptions& options, QString& fault) {
+    const QString text = SingleValue(parser, todayOption, fault);
+    if (text.isEmpty()) {
+        return;
+    }
+    options.today = ParseDay(text);
+    if (!options.today) {
+        fault = QStringLiteral("--today takes a real day in the form YYYY-MM-DD, not %1").arg(text);
+    }
+}
+
+void ReadPortfolioName(const QCommandLineParser& parser, ImportOptions& options, QString& fault) {
+    const QStringList files = parser.positionalArguments();
+    if (files.size() != 1 || files.front().isEmpty()) {
+        fault = QStringLiteral("One portfolio file is needed");
+    }
+    options.portfolio = files.value(0);
+}
+
+}  // namespace
+
+std::optional<ImportOptions> ParseImportOptions(const QStringList& arguments, QString& fault) {
+    QCommandLineParser parser;
+    parser.addOptions({Flag(helpOption), Flag(versionOption), Flag(yesOption), Flag(dryRunOption),
+                       WithValue(databaseOption), WithValue(backupOption), WithValue(todayOption)});
+    // The parser takes the first one for the program's name.
+    if (!parser.parse(QStringList(QString()) + arguments)) {
+        fault = parser.errorText();
+        return std::nullopt;
+    }
+    ImportOptions options;
+    options.wantsHelp = parser.isSet(QLatin1String(helpOption));
+    options.wantsVersion = parser.isSet(QLatin1String(versionOption));
+    if (options.wantsHelp || options.wantsVersion) {
+        return options;
+    }
+    options.isYes = parser.isSet(QLatin1String(yesOption));
+    options.isDryRun = parser.isSet(QLatin1String(dryRunOption));
+    ReadPortfolioName(parser, options, fault);
+    options.database = SingleValue(parser, databaseOption, fault);
+    options.backup = SingleValue(parser, backupOption, fault);
+    ReadToday(parser, options, fault);
+    return fault.isEmpty() ? std::optional(options) : std::nullopt;
+}
+
+}  // namespace tools

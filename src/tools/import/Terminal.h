@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace tools {
+
+bool IsInputATerminal();
+bool AreErrorsATerminal();
+
+/// Text in UTF-8, whatever the locale: names of a portfolio are of many languages.
+void PrintOut(const QString& text);
+void PrintError(const QString& text);
+
+/// Asks on standard error (results may be piped away) and reads one line. Anything but y or yes is a No.
+bool Confirm(const QString& question);
+
+}  // namespace tools

@@ -1,0 +1,32 @@
+#include "tools_core/json/JsonValue.h"
+
+#include "tools_core/json/Fault.h"
+
+#include <algorithm>
+
+namespace tools {
+
+const JsonValue* JsonValue::Member(const QString& name) const {
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? nullptr : &items[static_cast<std::size_t>(found - names.begin())];
+}
+
+QString JsonValue::Shown() const {
+    switch (kind) {
+        case JsonKind::Boolean:
+            return boolean ? QStringLiteral("true") : QStringLiteral("false");
+        case JsonKind::Number:
+            return tools::Shown(text);
+        case JsonKind::Text:
+            return ShownQuoted(text);
+        case JsonKind::Array:
+            return QStringLiteral("an array");
+        case JsonKind::Object:
+            return QStringLiteral("an object");
+        case JsonKind::Null:
+            break;
+    }
+    return QStringLiteral("null");
+}
+
+}  // namespace tools

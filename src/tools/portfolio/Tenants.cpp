@@ -1,0 +1,98 @@
+#include "records/EntryRules.h"
+#include "tools_core/portfolio/Sections.h"
+
+#include <limits>
+
+namespace tools {
+
+namespace {
+
+void RefuseUnletProperty(ObjectReader& tenant, const std::optional<QString>& name, const Reading& reading) {
+    if (!name) {
+        return;
+    }
+    if (name->isEmpty()) {
+        tenant.Refuse("PropertyName", records::EntryMessage::PropertyRequired);
+    } else if (!reading.properties.MayHold(*name)) {
+        tenant.Refuse("PropertyName", QStringLiteral("No property has this name"));
+    } else if (reading.properties.Holds(*name) && !reading.lettable.MayHold(*name)) {
+        tenant.Refuse("PropertyName", QStringLiteral("A building with units can't be let itself"));
+    }
+}
+
+QString ReadFrequency(ObjectReader& tenant) {
+    if (!tenant.Value("RentFrequency")) {
+        return QStringLiteral("Week");
+    }
+    const QString frequency = tenant.Text("RentFrequency").value_or(QStringLiteral("Week"));
+    static const QStringList offered{QStringLiteral("Day"), QStringLiteral("Week"), QStringLiteral("Month"),
+                                     QStringLiteral("Year")};
+    if (!offered.contains(frequency)) {
+        tenant.Refuse("RentFrequency", QStringLiteral("Must be \"Day\", \"Week\", \"Month\" or \"Year\""));
+    }
+    return frequency;
+}
+
+double ReadRent(ObjectReader& tenant) {
+    const double rent = tenant.NumberFromZero("CurrentRent").value_or(0);
+    try {
+        engine::Currency::FromDouble(rent);
+    } catch (const platform::Failure&) {
+        // Found out halfway through the import, this would end it with the old data gone.
+        tenant.Refuse("CurrentRent", QStringLiteral("The amount is too large"));
+    }
+    return rent;
+}
+
+void ReadTenant(ObjectReader& tenant, Reading& reading) {
+    records::TenantEntry entry;
+    const std::optional<QString> name = tenant.Text("Name", records::EntryLimit::TenantsName);
+    const std::optional<QString> property = tenant.Text("PropertyName");
+    const std::optional<QDate> start = tenant.Date("StartDate", records::NoDate(), NullMeans::Fault);
+    const std::optional<QDate> end = tenant.Date("EndDate", records::NoDate(), NullMeans::Absent);
+    entry.Name = name.value_or(QString());
+    entry.PropertyName = property.value_or(QString());
+    entry.StartDate = start.value_or(records::NoDate());
+    entry.EndDate = end.value_or(records::NoDate());
+    entry.CurrentRent = ReadRent(tenant);
+    entry.RentFrequency = ReadFrequency(tenant);
+    // A period of no length would be followed by itself for ever.
+    entry.FrequencyNumber = tenant.Integer("FrequencyNumber", 1, 1).value_or(1);
+    // Any number is a day to the rent rules, a negative one too: they count on from it.
+    entry.MonthDay = tenant.Integer("MonthDay", std::numeric_limits<qint16>::min(), 1).value_or(1);
+    entry.BondHeld = tenant.Number("BondHeld").value_or(0);
+    entry.Setbalance = tenant.Boolean("Setbalance").value_or(false);
+    entry.BalanceAmount = tenant.Number("BalanceAmount").value_or(0);
+    tenant.RefuseUnknownMembers();
+    if (name && name->isEmpty()) {
+        tenant.Refuse("Name", records::EntryMessage::NameRequired);
+    }
+    RefuseUnletProperty(tenant, property, reading);
+    if (start && records::IsNoDate(*start)) {
+        tenant.Refuse("StartDate", records::EntryMessage::StartDateRequired);
+    }
+    EnterName(tenant, "Name", name, reading.tenants);
+    reading.collections.Tenants.Add(records::MakeRecord(entry));
+}
+
+}  // namespace
+
+void ReadTenants(ObjectReader& portfolio, Reading& reading) {
+    const std::vector<JsonValue>* values = portfolio.Array("Tenants");
+    if (!values) {
+        return;
+    }
+    for (std::size_t place = 0; place < values->size(); ++place) {
+        const QString pointer = ElementPointer(portfolio.PointerTo("Tenants"), static_cast<qsizetype>(place));
+        if (MustBeObject((*values)[place], pointer, reading.faults)) {
+            ObjectReader tenant((*values)[place], pointer, reading.faults);
+            ReadTenant(tenant, reading);
+        }
+    }
+    if (values->empty()) {
+        portfolio.Refuse("Tenants", records::EntryMessage::NoTenants);
+    }
+    RefuseTooManyRecords(portfolio, "Tenants", static_cast<qsizetype>(values->size()), reading.faults);
+}
+
+}  // namespace tools

@@ -1,0 +1,108 @@
+#include "Program.h"
+#include "support/PrintQt.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CreateDatabase : public testing::Test {
+protected:
+    QString Path() const { return directory_.filePath(QStringLiteral("property.mdb")); }
+
+    QTemporaryDir directory_;
+};
+
+}  // namespace
+
+TEST_F(CreateDatabase, HoldsTheRowsOfAFreshInstallation) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    EXPECT_EQ(QueryDatabase(Path(), QStringLiteral("pragma integrity_check")), "ok");
+    EXPECT_EQ(QueryDatabase(Path(), QStringLiteral("select taxincome, taxincrate, Rent_Group from options")),
+              "0|15.0|Rent");
+    EXPECT_EQ(QueryDatabase(Path(), QStringLiteral("select contractornumber, name from contractor")),
+              "1000|Freds Gardening\n1001|Toms Tree Services");
+    EXPECT_EQ(QueryDatabase(Path(), QStringLiteral("select gl_code, description from glcodes "
+                                                   "where gl_code = 'Payee1'")),
+              "Payee1|Fence Repairs Ltd");
+    EXPECT_EQ(QueryDatabase(Path(), QStringLiteral("select count(*) > 10, sum(type = 3) from glcodes")),
+              "1|0");
+}
+
+TEST_F(CreateDatabase, HasEveryTableThatTheImportEmpties) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    for (const char* table : {"notes",       "mortgage",       "disbursement",   "workorder",
+                              "glcodes",     "contractor",     "recon",          "property",
+                              "tenancy",     "owner",          "auto_fee",       "autopayment",
+                              "autorevenue", "budget",         "budgetproperty", "budgetvalue",
+                              "chattel",     "custom_fields",  "expenses",       "extra_fees",
+                              "insp_rooms",  "insp_room_attr", "insp_schedule",  "mileage",
+                              "pictures",    "property_rooms", "rent_periods",   "rent_periods_charges",
+                              "rentchanges", "revenues",       "split_charges",  "tenant_bond",
+                              "woquote",     "options"}) {
+        EXPECT_EQ(
+            QueryDatabase(Path(), QStringLiteral("select count(*) from sqlite_master where type = 'table' "
+                                                 "and name = '%1'")
+                                      .arg(QLatin1String(table))),
+            "1")
+            << table;
+    }
+}
+
+TEST_F(CreateDatabase, RowSetTablesUseEveryTypeThatHasADefault) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    const QByteArray types = QueryDatabase(
+        Path(), QStringLiteral("select distinct replace(replace(upper(type), '(', ' '), ')', ' ') "
+                               "from (select type from pragma_table_info('glcodes') union all "
+                               "select type from pragma_table_info('owner') union all "
+                               "select type from pragma_table_info('property') union all "
+                               "select type from pragma_table_info('tenancy'))"));
+    for (const char* type :
+         {"BOOLEAN", "SHORT", "LONG", "CURRENCY", "SINGLE", "DOUBLE", "DATETIME", "TEXT", "MEMO"}) {
+        EXPECT_TRUE(types.contains(type)) << type;
+    }
+    EXPECT_FALSE(types.contains("BYTE"));
+    EXPECT_FALSE(types.contains("BINARY"));
+}
+
+TEST_F(CreateDatabase, NeverOverwrites) {
+    WriteFile(Path(), "precious");
+    const ProgramResult result = RunCreateDatabase({Path()});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.errors.contains("is there already"));
+    EXPECT_EQ(FileBytes(Path()), "precious");
+    EXPECT_EQ(RunCreateDatabase({directory_.path()}).status, 2);
+}
+
+TEST_F(CreateDatabase, ALinkToNowhereIsNoFreePlace) {
+    ASSERT_TRUE(QFile::link(directory_.filePath(QStringLiteral("elsewhere")), Path()));
+    EXPECT_EQ(RunCreateDatabase({Path()}).status, 2);
+    EXPECT_FALSE(QFile::exists(directory_.filePath(QStringLiteral("elsewhere"))));
+}
+
+TEST_F(CreateDatabase, LeavesNothingBesideTheFile) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    EXPECT_EQ(QDir(directory_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList{QStringLiteral("property.mdb")});
+}
+
+TEST_F(CreateDatabase, AFolderThatIsNotThereIsAFailureToWrite) {
+    const ProgramResult result =
+        RunCreateDatabase({directory_.filePath(QStringLiteral("none/property.mdb"))});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_FALSE(result.errors.isEmpty());
+}
+
+TEST_F(CreateDatabase, BadUsage) {
+    EXPECT_EQ(RunCreateDatabase({}).status, 2);
+    EXPECT_EQ(RunCreateDatabase({QString()}).status, 2);
+    EXPECT_EQ(RunCreateDatabase({QStringLiteral("--force")}).status, 2);
+    EXPECT_EQ(RunCreateDatabase({Path(), Path()}).status, 2);
+    EXPECT_FALSE(QFile::exists(Path()));
+    EXPECT_EQ(RunCreateDatabase({QStringLiteral("--help")}).status, 0);
+    EXPECT_TRUE(
+        RunCreateDatabase({QStringLiteral("--version")}).output.startsWith("hearthbook-create-database "));
+}
