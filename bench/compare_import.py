@@ -1,0 +1,169 @@
+#!/usr/bin/env python3
+"""Measures the import against the sqlite3 program doing the very same writes, side by side in one run.
+
+    bench/compare_import.py --programs build/release/bin
+
+Prints the tables of docs/performance.md. Every figure is a ratio of two measurements of the same run.
+"""
+
+import argparse
+import os
+import shutil
+import sqlite3
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+TODAY = "2026-11-21"
+TABLES = ["glcodes", "owner", "property", "tenancy", "tenant_bond", "rent_periods", "revenues"]
+
+
+class Bench:
+    def __init__(self, programs, folder):
+        self.programs = programs
+        self.folder = folder
+        self.fresh = self.path("fresh.mdb")
+        subprocess.run([self.program("hearthbook-create-database"), self.fresh], check=True)
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def program(self, name):
+        return os.path.join(self.programs, name)
+
+    def portfolio(self, tenants, start, frequency, *options):
+        path = self.path(f"portfolio-{tenants}-{start}-{frequency}{''.join(options)}.json")
+        with open(path, "wb") as file:
+            subprocess.run([self.program("make-portfolio"), str(tenants), start, frequency, *options],
+                           stdout=file, check=True)
+        return path
+
+    def fresh_copy(self):
+        path = self.path("work.mdb")
+        shutil.copy(self.fresh, path)
+        return path
+
+    def import_command(self, portfolio, database, program="wrenfield-import", *first):
+        return [self.program(program), *first, portfolio, "--database", database, "--yes", "--today", TODAY]
+
+    def timed(self, command, standard_input=None):
+        """Seconds, and the peak memory of the process in bytes."""
+        began = time.monotonic()
+        process = subprocess.Popen(command, stdin=standard_input, stdout=subprocess.DEVNULL)
+        _, status, usage = os.wait4(process.pid, 0)
+        seconds = time.monotonic() - began
+        process.returncode = os.waitstatus_to_exitcode(status)
+        if process.returncode != 0:
+            sys.exit(f"{command} ended with {process.returncode}")
+        return seconds, usage.ru_maxrss * 1024
+
+    def time_import(self, portfolio):
+        database = self.fresh_copy()
+        seconds, memory = self.timed(self.import_command(portfolio, database))
+        return seconds, memory, row_counts(database)
+
+    def recorded_writes(self, portfolio):
+        path = self.path("writes.sql")
+        self.timed(self.import_command(portfolio, self.fresh_copy(), "record-writes", path))
+        return path
+
+    def time_shell(self, script):
+        database = self.fresh_copy()
+        with open(script, "rb") as file:
+            seconds, _ = self.timed(["sqlite3", database], file)
+        return seconds, row_counts(database)
+
+
+def row_counts(database):
+    connection = sqlite3.connect(database)
+    try:
+        return [connection.execute(f"select count(*) from [{table}]").fetchone()[0] for table in TABLES]
+    finally:
+        connection.close()
+
+
+def compare_with_shell(bench, tenants, start, rounds):
+    portfolio = bench.portfolio(tenants, start, "Week")
+    writes = bench.recorded_writes(portfolio)
+    transaction = bench.path("transaction.sql")
+    with open(writes, "rb") as source, open(transaction, "wb") as target:
+        target.write(b"begin;\n")
+        shutil.copyfileobj(source, target)
+        target.write(b"commit;\n")
+    ours, shells = [], []
+    for _ in range(rounds):
+        seconds, _, counts = bench.time_import(portfolio)
+        ours.append(seconds)
+        seconds, shell_counts = bench.time_shell(transaction)
+        shells.append(seconds)
+        if counts != shell_counts:
+            sys.exit(f"the rows differ: {counts} and {shell_counts}")
+    rows = sum(counts)
+    print(f"{tenants} weekly tenancies since {start}: {counts[5]} periods, {counts[6]} receipts, {rows} rows")
+    ratio = statistics.median(shells) / statistics.median(ours)
+    print(f"  import {rows / statistics.median(ours):,.0f} rows/s, sqlite3 in one transaction "
+          f"{rows / statistics.median(shells):,.0f} rows/s: {ratio:.2f} times as fast")
+    return rows / statistics.median(ours)
+
+
+def compare_with_autocommit(bench, tenants, start):
+    portfolio = bench.portfolio(tenants, start, "Week")
+    writes = bench.recorded_writes(portfolio)
+    shell, counts = bench.time_shell(writes)
+    ours, _, own_counts = bench.time_import(portfolio)
+    if counts != own_counts:
+        sys.exit(f"the rows differ: {counts} and {own_counts}")
+    rows = sum(counts)
+    print(f"{tenants} weekly tenancies since {start}: {rows} rows")
+    print(f"  sqlite3 committing each write {rows / shell:,.0f} rows/s")
+    return rows / shell
+
+
+def compare_tenant_counts(bench, few, many, start, *options):
+    """The order of rounds alternates, so that neither profits from a warmed machine."""
+    per_row = {few: [], many: []}
+    portfolios = {count: bench.portfolio(count, start, "Week", *options) for count in per_row}
+    for _ in range(3):
+        for count, portfolio in portfolios.items():
+            repeats = max(1, many // count // 8)
+            for _ in range(repeats):
+                seconds, _, counts = bench.time_import(portfolio)
+                per_row[count].append(seconds / sum(counts))
+    low, high = statistics.median(per_row[few]), statistics.median(per_row[many])
+    order = "mixed order" if options else "order of names"
+    print(f"time per row, tenants in {order}: with {few} tenants {low * 1e6:.2f} us, with {many} {high * 1e6:.2f} us, "
+          f"ratio {high / low:.2f}")
+
+
+def compare_memory(bench, tenants, starts):
+    for start in starts:
+        portfolio = bench.portfolio(tenants, start, "Day")
+        _, memory, counts = bench.time_import(portfolio)
+        print(f"{tenants} tenants paying daily since {start}: {counts[5]} periods, peak memory {memory / 2**20:.1f} MiB")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--programs", default="build/release/bin")
+    parser.add_argument("--brief", action="store_true", help="small sizes, for seeing that it runs")
+    arguments = parser.parse_args()
+    with tempfile.TemporaryDirectory() as folder:
+        bench = Bench(arguments.programs, folder)
+        if arguments.brief:
+            compare_with_shell(bench, 20, "2025-11-24", 1)
+            compare_with_autocommit(bench, 5, "2026-08-03")
+            compare_tenant_counts(bench, 10, 80, "2026-10-05")
+            compare_memory(bench, 5, ["2026-09-01"])
+            return
+        ours = compare_with_shell(bench, 2000, "2021-11-22", 5)
+        autocommit = compare_with_autocommit(bench, 20, "2021-11-22")
+        print(f"  the import is {ours / autocommit:.0f} times as fast")
+        for options in ([], ["mixed"]):
+            compare_tenant_counts(bench, 1000, 32000, "2026-05-25", *options)
+        compare_memory(bench, 100, ["2024-11-21", "2016-11-21", "1996-11-21"])
+
+
+if __name__ == "__main__":
+    main()

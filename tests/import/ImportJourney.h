@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/MessageBox.h"
+#include "support/PortfolioGenerator.h"
+#include "support/PrintQt.h"
+#include "support/RecordingMessageBoxes.h"
+#include "support/SecondReader.h"
+#include "support/Workplace.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+/// The whole batch import, run within this process or in a child of it, on fresh Hearthbook databases.
+class ImportJourney : public ::testing::Test {
+public:
+    /// The tables that an import changes, and some that it must leave alone.
+    static const QStringList& Tables();
+
+    /// The number of rows of each of the tables.
+    static QStringList RowCounts(const QString& database);
+
+    /// All rows of the tables, in one text.
+    static QString Contents(const QString& database);
+
+protected:
+    ImportJourney();
+
+    /// Writes a portfolio and makes it the one that is imported.
+    void UsePortfolio(const PortfolioSize& size);
+
+    /// A new copy of a fresh Hearthbook database, which has some rows to be wiped.
+    QString FreshDatabase(const char* name);
+
+    /// Runs the import in this process as of 2026-11-21, and gives its exit status.
+    int Import(const QString& database) const;
+
+    /// Runs the import in a child process, which ends with the import's exit status. Gives the child's
+    /// process number.
+    int StartImport(const QString& database) const;
+
+    Workplace workplace;
+    RecordingMessageBoxes boxes;
+    QString portfolio = workplace.Path(QStringLiteral("portfolio.json"));
+
+private:
+    QString freshDatabase_ = workplace.Path(QStringLiteral("fresh.mdb"));
+};
