@@ -13,8 +13,14 @@ struct Findings {
     bool hasTruthWord = false;
 };
 
-bool EndsWith(const QChar* begin, const QChar* end, QLatin1String word) {
-    return end - begin >= word.size() && QStringView(end - word.size(), end) == word;
+/// True if "true" or "false" ends with this "e". Nearly always its neighbour tells that it doesn't.
+bool EndsTruthWord(const QChar* begin, const QChar* end) {
+    const qsizetype length = end - begin;
+    if (length >= 3 && end[-1] == QLatin1Char('u')) {
+        return end[-2] == QLatin1Char('r') && end[-3] == QLatin1Char('t');
+    }
+    return length >= 4 && end[-1] == QLatin1Char('s') && end[-2] == QLatin1Char('l') &&
+           end[-3] == QLatin1Char('a') && end[-4] == QLatin1Char('f');
 }
 
 /// One pass without a copy, as an import passes a million statements and few need more.
@@ -26,8 +32,7 @@ Findings LookThrough(const QString& statement) {
         if (*place == Apostrophe) {
             ++findings.apostrophes;
         } else if (*place == QLatin1Char('e')) {
-            findings.hasTruthWord = findings.hasTruthWord || EndsWith(begin, place, QLatin1String("tru")) ||
-                                    EndsWith(begin, place, QLatin1String("fals"));
+            findings.hasTruthWord = findings.hasTruthWord || EndsTruthWord(begin, place);
         }
     }
     return findings;

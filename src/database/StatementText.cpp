@@ -2,6 +2,8 @@
 #include "platform/Failure.h"
 #include "platform/Locale.h"
 
+#include <QVarLengthArray>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -19,6 +21,21 @@ void AppendPadded(QString& text, int number, int width) {
         text += QLatin1Char('0');
     }
     text += digits;
+}
+
+using DateLiteral = QVarLengthArray<QChar, 32>;
+
+void AppendDigits(DateLiteral& literal, int number, int highest) {
+    for (int digit = highest; digit > 0; digit /= 10) {
+        literal.append(QLatin1Char(static_cast<char>('0' + number / digit % 10)));
+    }
+}
+
+// The engine doesn't read dates with dots, which is what the locale's separator often is.
+void AppendDateSeparator(DateLiteral& literal) {
+    for (const QChar character : platform::DateSeparator()) {
+        literal.append(character == QLatin1Char('.') ? QLatin1Char('/') : character);
+    }
 }
 
 /// A number as its decimal digits, of which the first stands in front of the decimal mark, and a power of
@@ -72,19 +89,25 @@ QString Plain(const Decimal& decimal) {
 
 }  // namespace
 
+void AppendSqlDate(QString& statement, QDate date) {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    date.getDate(&year, &month, &day);
+    DateLiteral literal;
+    literal.append(QLatin1Char('#'));
+    AppendDigits(literal, month, 10);
+    AppendDateSeparator(literal);
+    AppendDigits(literal, day, 10);
+    AppendDateSeparator(literal);
+    AppendDigits(literal, year, 1000);
+    literal.append(QLatin1Char('#'));
+    statement.append(literal.constData(), literal.size());
+}
+
 QString SqlDate(QDate date) {
-    const QString separator = platform::DateSeparator();
     QString text;
-    text.reserve(10 + 2 * separator.size());
-    text += QLatin1Char('#');
-    AppendPadded(text, date.month(), 2);
-    text += separator;
-    AppendPadded(text, date.day(), 2);
-    text += separator;
-    AppendPadded(text, date.year(), 4);
-    text += QLatin1Char('#');
-    // The engine doesn't read dates with dots, which is what the locale's separator often is.
-    text.replace(QLatin1Char('.'), QLatin1Char('/'));
+    AppendSqlDate(text, date);
     return text;
 }
 

@@ -113,11 +113,11 @@ std::optional<QString> LocaleMoney(MoneyItem item) {
     return text.isEmpty() ? std::nullopt : std::optional<QString>(text);
 }
 
-QString DecimalMark() {
+const QString& DecimalMark() {
     return CurrentAnswers().decimalMark;
 }
 
-QString DateSeparator() {
+const QString& DateSeparator() {
     return CurrentAnswers().dateFormat.separator;
 }
 

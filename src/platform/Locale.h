@@ -18,10 +18,10 @@ enum class MoneyItem { ThousandSeparator, DecimalSeparator, CurrencySymbol, Curr
 std::optional<QString> LocaleMoney(MoneyItem item);
 
 /// The mark between whole and fraction in numbers (not money), "." when the locale is silent.
-QString DecimalMark();
+const QString& DecimalMark();
 
 /// What stands between day, month and year in the locale's short date: "/" in most, "." or "-" in others.
-QString DateSeparator();
+const QString& DateSeparator();
 
 enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
 DateOrder ShortDateOrder();

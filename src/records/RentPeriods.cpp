@@ -7,6 +7,8 @@
 #include "records/NoDate.h"
 #include "records/Tenants.h"
 
+#include <QHash>
+
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -28,24 +30,36 @@ public:
           fullRent_(fullRent),
           fullRentText_(database::DecimalText(fullRent)) {}
 
-    void Write(QDate from, QDate to, engine::Currency rent) const {
-        QString statement;
-        statement.reserve(head_.size() + 64);
-        statement += head_;
-        statement += database::SqlDate(from);
-        statement += u',';
-        statement += database::SqlDate(to);
-        statement += u',';
-        statement += rent == fullRent_ ? fullRentText_ : database::DecimalText(rent);
-        statement += QLatin1String(",0,0,0)");
-        database::ExecuteSql(statement);
+    void Write(QDate from, QDate to, engine::Currency rent) {
+        // Written over and over, so that its room is found once.
+        statement_.resize(0);
+        statement_ += head_;
+        database::AppendSqlDate(statement_, from);
+        statement_ += u',';
+        database::AppendSqlDate(statement_, to);
+        statement_ += u',';
+        statement_ += rent == fullRent_ ? fullRentText_ : database::DecimalText(rent);
+        statement_ += QLatin1String(",0,0,0)");
+        database::ExecuteSql(statement_);
     }
 
 private:
     QString head_;
     engine::Currency fullRent_;
     QString fullRentText_;
+    QString statement_;
 };
+
+enum class Frequency { Day, Week, Month, Year, Duration, Unknown };
+
+Frequency FrequencyOf(const QString& every_freq) {
+    static const QHash<QString, Frequency> frequencies = {
+        {QStringLiteral("Day"), Frequency::Day},           {QStringLiteral("Week"), Frequency::Week},
+        {QStringLiteral("Month"), Frequency::Month},       {QStringLiteral("Year"), Frequency::Year},
+        {QStringLiteral("Duration"), Frequency::Duration},
+    };
+    return frequencies.value(every_freq, Frequency::Unknown);
+}
 
 /// The day after the end that is stored with the tenancy.
 QDate DayAfterStoredEnd(const QString& sTenant) {
@@ -69,39 +83,47 @@ qint16 DaysBetween(QDate first, QDate last) {
 void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency nCurrentRent,
                               bool& bForceAtLeastOne, qint16 MonthDay, QDate EndDate, qint16 every_amt,
                               const QString& every_freq) {
-    const PeriodWriter writer(sTenant, nCurrentRent);
+    PeriodWriter writer(sTenant, nCurrentRent);
     const QDate StopDate = IsNoDate(EndDate) ? platform::Today() : EndDate;
-    const bool isDuration = every_freq == QLatin1String("Duration");
+    const Frequency frequency = FrequencyOf(every_freq);
 
     while (dStartDate <= StopDate || bForceAtLeastOne) {
         engine::Currency PeriodRent = nCurrentRent;
         QDate NextStart;
-        if (every_freq == QLatin1String("Day")) {
-            NextStart = dStartDate.addDays(every_amt);
-        } else if (every_freq == QLatin1String("Week")) {
-            NextStart = dStartDate.addDays(qint64{every_amt} * DaysOfWeek);
-        } else if (every_freq == QLatin1String("Month") && every_amt != 1) {
-            NextStart = dStartDate.addMonths(every_amt);
-        } else if (every_freq == QLatin1String("Month")) {
-            const MonthlyPeriod period = MonthlyPeriodFrom(dStartDate, MonthDay, nCurrentRent);
-            NextStart = period.NextStart;
-            PeriodRent = period.PeriodRent;
-        } else if (every_freq == QLatin1String("Year")) {
-            NextStart = dStartDate.addYears(every_amt);
-        } else if (isDuration) {
-            if (!bForceAtLeastOne) {
+        switch (frequency) {
+            case Frequency::Day:
+                NextStart = dStartDate.addDays(every_amt);
+                break;
+            case Frequency::Week:
+                NextStart = dStartDate.addDays(qint64{every_amt} * DaysOfWeek);
+                break;
+            case Frequency::Month:
+                if (every_amt == 1) {
+                    const MonthlyPeriod period = MonthlyPeriodFrom(dStartDate, MonthDay, nCurrentRent);
+                    NextStart = period.NextStart;
+                    PeriodRent = period.PeriodRent;
+                } else {
+                    NextStart = dStartDate.addMonths(every_amt);
+                }
+                break;
+            case Frequency::Year:
+                NextStart = dStartDate.addYears(every_amt);
+                break;
+            case Frequency::Duration:
+                if (!bForceAtLeastOne) {
+                    return;
+                }
+                NextStart = DayAfterStoredEnd(sTenant);
+                break;
+            case Frequency::Unknown:
+                platform::ShowMessageBox(QStringLiteral("Invalid rent frequency of ") + every_freq);
                 return;
-            }
-            NextStart = DayAfterStoredEnd(sTenant);
-        } else {
-            platform::ShowMessageBox(QStringLiteral("Invalid rent frequency of ") + every_freq);
-            return;
         }
 
         bForceAtLeastOne = false;
         writer.Write(dStartDate, NextStart.addDays(-1), PeriodRent);
         dStartDate = NextStart;
-        if (isDuration) {
+        if (frequency == Frequency::Duration) {
             return;
         }
         // Between two rows is a safe place to end, and with an every_amt of 0 the only one there will be.

@@ -31,8 +31,8 @@ std::string OnlyText(const ShapedStatement& statement) {
 TEST(TokenizerTest, StatementsThatDifferInLiteralsAndBlanksShareAShape) {
     const auto first = Shape("delete  from a where b = 'x' and c=1");
     const auto second = Shape("delete from a\twhere b='longer''s' and c = -27.5");
-    EXPECT_EQ(first.shape, "delete from a where b=?and c=?");
-    EXPECT_EQ(first.shape, second.shape);
+    EXPECT_EQ(first.Shape(), "delete from a where b=?and c=?");
+    EXPECT_EQ(first.Shape(), second.Shape());
 }
 
 TEST(TokenizerTest, ATextIsTextWhateverItHolds) {
@@ -107,7 +107,7 @@ RC_GTEST_PROP(TokenizerTest, AnyQuotedTextComesBackAsItWas, (const std::string& 
     ShapedStatement statement;
     Tokenize(QStringLiteral("delete from a where b = '%1' and c = 2").replace(QStringLiteral("%1"), quoted),
              statement);
-    RC_ASSERT(statement.shape == "delete from a where b=?and c=?");
+    RC_ASSERT(statement.Shape() == "delete from a where b=?and c=?");
     RC_ASSERT(std::string(statement.Text(statement.literals.at(0))) == text.toStdString());
     RC_ASSERT(statement.literals.at(0).characters == text.size());
 }

@@ -1,5 +1,7 @@
 #include "support/WriteTrace.h"
 
+#include <QStringList>
+
 #include <sqlite3.h>
 
 #include <cstring>
@@ -19,6 +21,27 @@ bool IsWrite(sqlite3_stmt* statement) {
             std::strncmp(sql, "delete", 6) == 0);
 }
 
+// An insert of several rows as one insert for each: where a ")" outside of a text is followed by another "(",
+// a row ends.
+QStringList SingleRows(const QString& sql) {
+    const qsizetype begin = sql.indexOf(QStringLiteral(" values("));
+    if (begin < 0) {
+        return {sql};
+    }
+    const QString head = sql.left(begin + 7);
+    QStringList rows;
+    qsizetype rowBegin = begin + 7;
+    bool inText = false;
+    for (qsizetype place = rowBegin; place < sql.size(); ++place) {
+        inText = inText != (sql[place] == QLatin1Char('\''));
+        if (!inText && sql[place] == QLatin1Char(')')) {
+            rows += head + sql.mid(rowBegin, place + 1 - rowBegin);
+            rowBegin = place + 3;
+        }
+    }
+    return rows;
+}
+
 int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /*duration*/) {
     auto* statement = static_cast<sqlite3_stmt*>(subject);
     if (!CurrentListener() || !IsWrite(statement)) {
@@ -28,9 +51,15 @@ int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /
     write.moment = MonotonicNanoseconds();
     write.changedRows = sqlite3_changes64(sqlite3_db_handle(statement));
     char* expanded = sqlite3_expanded_sql(statement);
-    write.sql = QString::fromUtf8(expanded);
+    const QStringList rows = SingleRows(QString::fromUtf8(expanded));
     sqlite3_free(expanded);
-    CurrentListener()(write);
+    if (rows.size() > 1) {
+        write.changedRows = 1;
+    }
+    for (const QString& row : rows) {
+        write.sql = row;
+        CurrentListener()(write);
+    }
     return 0;
 }
 

@@ -247,7 +247,9 @@ private:
 
     void ParseValues() {
         ExpectSymbol('(', "expected the list of values");
-        Write(" values(");
+        Write(" values");
+        statement_.valuesBegin = statement_.sql.size();
+        Write("(");
         size_t values = 0;
         do {
             Write(values > 0 ? ", " : "");

@@ -30,6 +30,9 @@ struct ParsedStatement {
     /// compared with something.
     std::vector<std::string> storedIn;
 
+    /// Where in `sql` the list of values of an insert begins; 0 in other statements.
+    size_t valuesBegin = 0;
+
     /// The table whose rows an insert copies, or empty.
     std::string sourceTable;
 

@@ -5,24 +5,42 @@
 #include <QDate>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace engine::dialect {
 
 namespace {
 
+enum CharacterClass : quint8 { Blank = 1, Digit = 2, NameStart = 4 };
+
+constexpr std::array<quint8, 128> ClassesOfCharacters = [] {
+    std::array<quint8, 128> classes{};
+    for (size_t character = 0; character < classes.size(); ++character) {
+        const bool blank = character == ' ' || (character >= '\t' && character <= '\r');
+        const bool digit = character >= '0' && character <= '9';
+        const size_t lower = character | 0x20;
+        const bool nameStart = (lower >= 'a' && lower <= 'z') || character == '_';
+        classes[character] = blank ? Blank : digit ? Digit : nameStart ? NameStart : 0;
+    }
+    return classes;
+}();
+
+// Letters beyond ASCII may stand in names; what they are is for the engine's table of names to say.
+bool Is(char16_t character, int classes) {
+    return ((character < 128 ? ClassesOfCharacters[character] : quint8{NameStart}) & classes) != 0;
+}
+
 bool IsBlank(char16_t character) {
-    return character == u' ' || (character >= u'\t' && character <= u'\r');
+    return Is(character, Blank);
 }
 
 bool IsDigit(char16_t character) {
-    return character >= u'0' && character <= u'9';
+    return Is(character, Digit);
 }
 
-// Letters beyond ASCII may stand in names; what they are is for the engine's table of names to say.
 bool IsNameStart(char16_t character) {
-    return (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z') ||
-           character == u'_' || character >= 0x80;
+    return Is(character, NameStart);
 }
 
 [[noreturn]] void RaiseSyntax(const QString& what, QStringView near) {
@@ -70,24 +88,24 @@ private:
 
     void AddLiteral(const Literal& literal) {
         afterName_ = false;
-        statement_.shape += '?';
+        statement_.shape.Put('?');
         statement_.literals.push_back(literal);
     }
 
     void AppendUtf8(QStringView part) {
-        for (qsizetype i = 0; i < part.size(); ++i) {
-            const char16_t character = part[i].unicode();
-            if (character >= 0x80) {
-                statement_.texts += part.sliced(i).toUtf8().toStdString();
-                return;
-            }
-            statement_.texts += static_cast<char>(character);
+        const auto beyond =
+            std::find_if(part.begin(), part.end(), [](QChar character) { return character >= QChar(0x80); });
+        char* const place = statement_.texts.Extend(static_cast<size_t>(beyond - part.begin()));
+        std::transform(part.begin(), beyond, place,
+                       [](QChar character) { return static_cast<char>(character.unicode()); });
+        if (beyond != part.end()) {
+            statement_.texts.Put(part.sliced(beyond - part.begin()).toUtf8());
         }
     }
 
     void TakeText(char16_t quote) {
         const qsizetype begin = place_;
-        Literal literal{.kind = LiteralKind::Text, .offset = statement_.texts.size()};
+        Literal literal{.kind = LiteralKind::Text, .offset = statement_.texts.Size()};
         qsizetype partBegin = ++place_;
         for (;; ++place_) {
             if (place_ >= text_.size()) {
@@ -106,29 +124,28 @@ private:
             partBegin = ++place_ + 1;
         }
         ++place_;
-        literal.length = statement_.texts.size() - literal.offset;
+        literal.length = statement_.texts.Size() - literal.offset;
         AddLiteral(literal);
     }
 
     void TakeBareName() {
         const qsizetype begin = place_;
-        bool plain = true;
-        while (place_ < text_.size() && (IsNameStart(At(place_)) || IsDigit(At(place_)))) {
-            plain = plain && At(place_) < 0x80;
-            ++place_;
+        char16_t joined = 0;
+        for (; place_ < text_.size() && Is(At(place_), NameStart | Digit); ++place_) {
+            joined |= At(place_);
         }
         // Two names need a blank between them; nothing else in a shape does.
         if (afterName_) {
-            statement_.shape += ' ';
+            statement_.shape.Put(' ');
         }
         afterName_ = true;
         const QStringView name = text_.sliced(begin, place_ - begin);
-        if (plain) {
-            for (const QChar character : name) {
-                statement_.shape += static_cast<char>(character.unicode());
-            }
+        if (joined < 0x80) {
+            char* const place = statement_.shape.Extend(static_cast<size_t>(name.size()));
+            std::transform(name.begin(), name.end(), place,
+                           [](QChar character) { return static_cast<char>(character.unicode()); });
         } else {
-            statement_.shape += name.toUtf8().toStdString();
+            statement_.shape.Put(name.toUtf8());
         }
     }
 
@@ -148,7 +165,7 @@ private:
             RaiseSyntax(QStringLiteral("a control character in a name"), name);
         }
         afterName_ = false;
-        statement_.shape += name.toUtf8().toStdString();
+        statement_.shape.Put(name.toUtf8());
         place_ = end + 1;
     }
 
@@ -236,19 +253,19 @@ private:
             RaiseSyntax(QStringLiteral("not a date in the order month, day, year"), text_.sliced(begin));
         }
         place_ = end + 1;
-        Literal literal{.kind = LiteralKind::Date, .offset = statement_.texts.size(), .length = 10};
+        Literal literal{.kind = LiteralKind::Date, .offset = statement_.texts.Size(), .length = 10};
         literal.characters = 10;
         AppendDigits(year, 1000);
-        statement_.texts += '-';
+        statement_.texts.Put('-');
         AppendDigits(month, 10);
-        statement_.texts += '-';
+        statement_.texts.Put('-');
         AppendDigits(day, 10);
         AddLiteral(literal);
     }
 
     void AppendDigits(int number, int highest) {
         for (int digit = highest; digit > 0; digit /= 10) {
-            statement_.texts += static_cast<char>('0' + number / digit % 10);
+            statement_.texts.Put(static_cast<char>('0' + number / digit % 10));
         }
     }
 
@@ -269,7 +286,7 @@ private:
             RaiseSyntax(QStringLiteral("unexpected character"), text_.sliced(place_));
         }
         afterName_ = false;
-        statement_.shape += static_cast<char>(character);
+        statement_.shape.Put(static_cast<char>(character));
         ++place_;
     }
 
@@ -282,10 +299,11 @@ private:
 }  // namespace
 
 void Tokenize(const QString& text, ShapedStatement& statement) {
-    // Emptied, not replaced: the buffers keep their room from statement to statement.
-    statement.shape.clear();
+    // A character takes three bytes at most, and a blank may come before it.
+    const size_t most = static_cast<size_t>(text.size()) * 4 + 4;
+    statement.shape.StartOver(most);
     statement.literals.clear();
-    statement.texts.clear();
+    statement.texts.StartOver(most);
     Scanner(text, statement).Run();
 }
 

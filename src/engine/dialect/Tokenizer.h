@@ -1,8 +1,9 @@
 #pragma once
 
+#include "engine/dialect/CharacterRoom.h"
+
 #include <QString>
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,12 +24,13 @@ struct Literal {
 /// A statement whose literals have been lifted out: statements that differ in nothing else share a shape, and
 /// so one prepared statement.
 struct ShapedStatement {
-    std::string shape;  ///< Names and symbols with "?" in the places of literals, white space made even.
+    CharacterRoom shape;  ///< Names and symbols with "?" in the places of literals, white space made even.
     std::vector<Literal> literals;
-    std::string texts;
+    CharacterRoom texts;
 
+    std::string_view Shape() const { return shape.View(); }
     std::string_view Text(const Literal& literal) const {
-        return std::string_view(texts).substr(literal.offset, literal.length);
+        return texts.View().substr(literal.offset, literal.length);
     }
 };
 

@@ -90,7 +90,7 @@ void Dynaset::MoveNext() {
 void Dynaset::ReadRow() {
     RequireCurrentRow();
     if (rowState_ == RowState::Unread) {
-        database_.group_.CommitIfDue();
+        database_.group_.BeforeReading();
         const RunningStatement reading(database_.statements_.ForSql(readRowSql_));
         sqlite3_bind_int64(reading.get(), 1, keys_[current_]);
         const int step = sqlite3_step(reading.get());

@@ -28,9 +28,9 @@ void SqliteDatabase::Execute(const QString& statement) {
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& statement, short type,
                                                          short lockEdit) {
-    group_.CommitIfDue();
+    group_.BeforeReading();
     dialect::ShapedStatement shaped;
-    PreparedStatement& prepared = PrepareText(statement, shaped, statements_);
+    const PreparedStatement& prepared = *PrepareText(statement, shaped, statements_);
     if (prepared.parsed.kind != dialect::StatementKind::Select) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: only a select has rows."));

@@ -30,7 +30,7 @@ private:
     SchemaCache schemas_{connection_};
     StatementCache statements_{connection_, schemas_};
     WriteExecutor executor_{connection_, statements_};
-    WriteGroup group_{connection_, executor_};
+    WriteGroup group_{connection_, statements_, executor_};
 };
 
 }  // namespace engine::sqlite

@@ -23,18 +23,23 @@ void RequireColumns(const TableSchema& table, const std::vector<std::string>& na
 
 }  // namespace
 
-PreparedStatement& StatementCache::ForShape(const std::string& shape) {
-    const auto known = byShape_.find(shape);
-    if (known != byShape_.end()) {
-        return *known->second;
+const std::shared_ptr<PreparedStatement>& StatementCache::ForShape(std::string_view shape) {
+    if (lastPrepared_ && shape == lastShape_) {
+        return lastPrepared_;
     }
-    std::unique_ptr<PreparedStatement> prepared = Prepare(shape);
-    MakeRoom(byShape_);
-    return *byShape_.emplace(shape, std::move(prepared)).first->second;
+    auto known = byShape_.find(shape);
+    if (known == byShape_.end()) {
+        std::shared_ptr<PreparedStatement> prepared = Prepare(shape);
+        MakeRoom(byShape_);
+        known = byShape_.emplace(shape, std::move(prepared)).first;
+    }
+    lastShape_ = known->first;
+    lastPrepared_ = known->second;
+    return lastPrepared_;
 }
 
-std::unique_ptr<PreparedStatement> StatementCache::Prepare(const std::string& shape) {
-    auto prepared = std::make_unique<PreparedStatement>();
+std::shared_ptr<PreparedStatement> StatementCache::Prepare(std::string_view shape) {
+    auto prepared = std::make_shared<PreparedStatement>();
     prepared->parsed = dialect::Parse(shape);
     prepared->table = schemas_.Table(prepared->parsed.table);
     CheckColumns(*prepared);
@@ -43,6 +48,7 @@ std::unique_ptr<PreparedStatement> StatementCache::Prepare(const std::string& sh
             column.empty() ? nullptr : &prepared->table->columns[prepared->table->PlaceOf(column)]);
     }
     prepared->compiled = connection_.Prepare(prepared->parsed.sql);
+    prepared->canWait = prepared->parsed.valuesBegin > 0 && prepared->table->takesAnyRow;
     return prepared;
 }
 

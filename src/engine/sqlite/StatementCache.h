@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -19,8 +20,12 @@ struct PreparedStatement {
     std::shared_ptr<const TableSchema> table;
     /// For the literal at each place the column that it will be stored in, or null.
     std::vector<const Column*> storedIn;
-    /// The statement itself, for statements that change data.
     StatementHandle compiled;
+
+    /// An insert of values into a table that takes any row: it may wait for others of its kind (see
+    /// InsertBatch.h).
+    bool canWait = false;
+    StatementHandle compiledForMany;
 };
 
 /// Prepared statements by their shape, so that a million statements that differ only in their literals are
@@ -31,20 +36,31 @@ public:
         : connection_(connection), schemas_(schemas) {}
 
     /// Fails with 3075, 3346, 3078 or 3061 for a statement that can't run.
-    PreparedStatement& ForShape(const std::string& shape);
+    const std::shared_ptr<PreparedStatement>& ForShape(std::string_view shape);
 
     /// A compiled statement, reset and owned by the cache. The caller must be done with it before asking for
     /// the same text again.
     sqlite3_stmt* ForSql(const std::string& sql);
 
 private:
-    std::unique_ptr<PreparedStatement> Prepare(const std::string& shape);
+    std::shared_ptr<PreparedStatement> Prepare(std::string_view shape);
     void CheckColumns(const PreparedStatement& prepared) const;
 
     Connection& connection_;
     SchemaCache& schemas_;
-    std::unordered_map<std::string, std::unique_ptr<PreparedStatement>> byShape_;
-    std::unordered_map<std::string, StatementHandle> bySql_;
+    struct HashOfText {
+        using is_transparent = void;
+        size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
+    template <class Statement>
+    using ByText = std::unordered_map<std::string, Statement, HashOfText, std::equal_to<>>;
+
+    ByText<std::shared_ptr<PreparedStatement>> byShape_;
+    ByText<StatementHandle> bySql_;
+
+    /// Statements of one shape mostly come one after the other.
+    std::string lastShape_;
+    std::shared_ptr<PreparedStatement> lastPrepared_;
 };
 
 }  // namespace engine::sqlite

@@ -137,7 +137,27 @@ std::shared_ptr<const TableSchema> SchemaCache::Read(const std::string& name) {
                     QStringLiteral("Could not find the table '%1'.").arg(QString::fromStdString(name)));
     }
     table->rowKey = RowKeyFor(table->columns);
+    table->takesAnyRow = TakesAnyRow(name);
     return table;
+}
+
+// Plain columns and plain indexes only. Whatever else a table declares might refuse a row.
+bool SchemaCache::TakesAnyRow(const std::string& name) {
+    const StatementHandle obstacles = connection_.Prepare(
+        "select exists(select 1 from pragma_table_info(?1) where \"notnull\" <> 0 or pk <> 0)"
+        " or exists(select 1 from pragma_index_list(?1) where \"unique\" <> 0 or partial <> 0)"
+        " or exists(select 1 from pragma_index_list(?1) as list, pragma_index_info(list.name) as part where "
+        "part.cid < 0)"
+        " or exists(select 1 from pragma_foreign_key_list(?1))"
+        " or exists(select 1 from sqlite_master where tbl_name = ?1 collate nocase and (type = 'trigger' or"
+        "   type = 'view' or sql like '%check%(%' or sql like '%strict%' or sql like '%generated%' or"
+        "   sql like '%as (%'))");
+    sqlite3_bind_text(obstacles.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+    const int step = sqlite3_step(obstacles.get());
+    if (step != SQLITE_ROW) {
+        connection_.Raise(step);
+    }
+    return sqlite3_column_int(obstacles.get(), 0) == 0;
 }
 
 }  // namespace engine::sqlite

@@ -25,6 +25,8 @@ struct TableSchema {
     std::string sqlName;  ///< In brackets.
     std::string rowKey;   ///< The name by which SQLite gives the key of a row, not hidden by a column.
     std::vector<Column> columns;
+    /// Nothing that the file declares can turn a row away: no keys, no checks, no triggers.
+    bool takesAnyRow = false;
 
     /// The place of a column, names compared without regard to case. Fails with 3061.
     size_t PlaceOf(const std::string& columnName) const;
@@ -47,6 +49,7 @@ public:
 
 private:
     std::shared_ptr<const TableSchema> Read(const std::string& name);
+    bool TakesAnyRow(const std::string& name);
 
     Connection& connection_;
     std::unordered_map<std::string, std::shared_ptr<const TableSchema>> tables_;

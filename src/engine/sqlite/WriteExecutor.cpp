@@ -54,17 +54,19 @@ QString Describe(const Write& write) {
     return description;
 }
 
-PreparedStatement& PrepareText(const QString& text, dialect::ShapedStatement& shaped,
-                               StatementCache& statements) {
+const std::shared_ptr<PreparedStatement>& PrepareText(const QString& text, dialect::ShapedStatement& shaped,
+                                                      StatementCache& statements) {
     dialect::Tokenize(text, shaped);
-    return statements.ForShape(shaped.shape);
+    return statements.ForShape(shaped.Shape());
 }
 
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
-                  const dialect::ShapedStatement& shaped) {
-    for (size_t place = 0; place < shaped.literals.size(); ++place) {
+                  const dialect::ShapedStatement& shaped, size_t row) {
+    const size_t count = shaped.literals.size();
+    const size_t first = row * count + 1;
+    for (size_t place = 0; place < count; ++place) {
         const dialect::Literal& literal = shaped.literals[place];
-        BindLiteral(compiled, static_cast<int>(place) + 1, prepared.storedIn[place], literal,
+        BindLiteral(compiled, static_cast<int>(first + place), prepared.storedIn[place], literal,
                     shaped.Text(literal));
     }
 }
@@ -78,7 +80,7 @@ void WriteExecutor::Prepare(const Write& write) {
 }
 
 void WriteExecutor::PrepareStatement(const QString& text) {
-    PreparedStatement& prepared = PrepareText(text, shaped_, statements_);
+    const PreparedStatement& prepared = *PrepareText(text, shaped_, statements_);
     if (prepared.parsed.kind == dialect::StatementKind::Select) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Cannot execute a select query: it is opened as a row set."));

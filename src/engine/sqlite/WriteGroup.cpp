@@ -33,6 +33,15 @@ constexpr int ChangeCounterOffset = 24;
 
 void WriteGroup::Perform(Write write) {
     CommitIfDue();
+    const auto* statement = std::get_if<QString>(&write);
+    if (statement != nullptr && LetWait(*statement)) {
+        log_.Add(std::move(write));
+        if (batch_.IsFull()) {
+            RunBatch();
+        }
+        return;
+    }
+    RunBatch();
     executor_.Prepare(write);
     Begin();
     try {
@@ -42,7 +51,7 @@ void WriteGroup::Perform(Write write) {
             throw;
         }
         // SQLite has given up the group because of this write.
-        RunAgain(std::move(writes_));
+        RunAgain(log_.TakeAll());
         try {
             RunAlone(write);
         } catch (const Error&) {
@@ -52,7 +61,42 @@ void WriteGroup::Perform(Write write) {
         TellOfLosses();
         return;
     }
-    writes_.push_back(std::move(write));
+    log_.Add(std::move(write));
+}
+
+bool WriteGroup::LetWait(const QString& statement) {
+    InsertBatch::Answer answer = batch_.Offer(statement);
+    if (answer == InsertBatch::Answer::OthersFirst) {
+        RunBatch();
+        answer = batch_.Offer(statement);
+    }
+    if (answer != InsertBatch::Answer::Taken) {
+        return false;
+    }
+    try {
+        Begin();
+    } catch (const Error&) {
+        batch_.DropLast();
+        throw;
+    }
+    return true;
+}
+
+void WriteGroup::RunBatch() {
+    if (batch_.IsEmpty()) {
+        return;
+    }
+    try {
+        batch_.Run();
+    } catch (const Error&) {
+        // Its writes had been accepted: each gets its chance on its own, as all of the group do.
+        GiveUp();
+    }
+}
+
+void WriteGroup::BeforeReading() {
+    RunBatch();
+    CommitIfDue();
 }
 
 void WriteGroup::Begin() {
@@ -82,6 +126,7 @@ void WriteGroup::CommitIfDue() {
     if (!open_ || Clock::now() - began_ < LongestGroup) {
         return;
     }
+    RunBatch();
     const int committed = TryCommit();
     if (committed == SQLITE_OK) {
         LetOthersWrite();
@@ -91,6 +136,7 @@ void WriteGroup::CommitIfDue() {
 }
 
 void WriteGroup::Commit() {
+    RunBatch();
     if (open_ && TryCommit() != SQLITE_OK) {
         GiveUp();
     }
@@ -101,7 +147,7 @@ int WriteGroup::TryCommit() {
     if (committed == SQLITE_OK) {
         open_ = false;
         ended_ = Clock::now();
-        writes_.clear();
+        log_.Clear();
     }
     return committed;
 }
@@ -112,10 +158,10 @@ void WriteGroup::GiveUp() {
     }
     if (HasReachedTheDisk()) {
         open_ = false;
-        writes_.clear();
+        log_.Clear();
         return;
     }
-    RunAgain(std::move(writes_));
+    RunAgain(log_.TakeAll());
     TellOfLosses();
 }
 
@@ -141,7 +187,7 @@ quint32 WriteGroup::ChangeCounter() const {
 
 void WriteGroup::RunAgain(std::vector<Write> writes) {
     open_ = false;
-    writes_.clear();
+    batch_.DropAll();
     connection_.LimitWaiting(Clock::now() + LongestWaitRunningAgain);
     for (Write& write : writes) {
         try {

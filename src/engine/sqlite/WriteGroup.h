@@ -1,7 +1,9 @@
 #pragma once
 
 #include "engine/Error.h"
+#include "engine/sqlite/InsertBatch.h"
 #include "engine/sqlite/WriteExecutor.h"
+#include "engine/sqlite/WriteLog.h"
 
 #include <chrono>
 #include <functional>
@@ -18,17 +20,17 @@ class WriteGroup {
 public:
     using LostWriteListener = std::function<void(const Error& error, const QString& write)>;
 
-    WriteGroup(Connection& connection, WriteExecutor& executor)
-        : connection_(connection), executor_(executor) {}
+    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor)
+        : connection_(connection), executor_(executor), batch_(connection, statements) {}
 
     void OnLostWrite(LostWriteListener listener) { lostWriteListener_ = std::move(listener); }
 
     /// Does one write. Its failure is raised as an engine error.
     void Perform(Write write);
 
-    /// Brings the group to the disk if its time is over. A reader in another program may hold that up; the
-    /// group then stays together for the next try.
-    void CommitIfDue();
+    /// Lets a reader on this connection see all that was written, and brings the group to the disk if its
+    /// time is over.
+    void BeforeReading();
 
     /// Brings the group to the disk now, whatever it takes.
     void Commit();
@@ -36,6 +38,11 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    /// Brings the group to the disk if its time is over. A reader in another program may hold that up; the
+    /// group then stays together for the next try.
+    void CommitIfDue();
+    bool LetWait(const QString& statement);
+    void RunBatch();
     void Begin();
     int TryCommit();
     bool HasReachedTheDisk() const;
@@ -48,6 +55,7 @@ private:
 
     Connection& connection_;
     WriteExecutor& executor_;
+    InsertBatch batch_;
     LostWriteListener lostWriteListener_;
 
     bool open_ = false;
@@ -56,7 +64,7 @@ private:
     Clock::time_point ended_;
     Clock::time_point othersHadTheirTurn_ = Clock::now();
     quint32 changeCounterBefore_ = 0;
-    std::vector<Write> writes_;
+    WriteLog log_;
 
     struct Loss {
         Error error;

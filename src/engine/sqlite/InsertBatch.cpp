@@ -1,0 +1,62 @@
+#include "engine/sqlite/InsertBatch.h"
+
+#include "engine/sqlite/WriteExecutor.h"
+
+namespace engine::sqlite {
+
+namespace {
+
+// The statement with its list of values as often as rows can wait.
+std::string ForMostRows(const dialect::ParsedStatement& insert) {
+    std::string sql = insert.sql;
+    const std::string values = sql.substr(insert.valuesBegin);
+    for (size_t row = 1; row < InsertBatch::MostRows; ++row) {
+        sql += ", " + values;
+    }
+    return sql;
+}
+
+}  // namespace
+
+InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
+    dialect::ShapedStatement& shaped = shaped_.at(rows_);
+    const std::shared_ptr<PreparedStatement>& prepared = PrepareText(statement, shaped, statements_);
+    if (!prepared->canWait) {
+        return Answer::CannotWait;
+    }
+    if (rows_ > 0 && prepared != waiting_) {
+        return Answer::OthersFirst;
+    }
+    if (prepared != waiting_) {
+        waiting_ = prepared;
+    }
+    if (!waiting_->compiledForMany) {
+        waiting_->compiledForMany = connection_.Prepare(ForMostRows(waiting_->parsed));
+    }
+    BindLiterals(waiting_->compiledForMany.get(), *waiting_, shaped, rows_);
+    ++rows_;
+    return Answer::Taken;
+}
+
+void InsertBatch::Run() {
+    const size_t rows = rows_;
+    rows_ = 0;
+    if (rows == MostRows) {
+        Step(waiting_->compiledForMany.get());
+        return;
+    }
+    for (size_t row = 0; row < rows; ++row) {
+        BindLiterals(waiting_->compiled.get(), *waiting_, shaped_.at(row));
+        Step(waiting_->compiled.get());
+    }
+}
+
+void InsertBatch::Step(sqlite3_stmt* compiled) {
+    const RunningStatement running(compiled);
+    const int step = sqlite3_step(compiled);
+    if (step != SQLITE_DONE) {
+        connection_.Raise(step);
+    }
+}
+
+}  // namespace engine::sqlite

@@ -1,0 +1,33 @@
+#include "engine/sqlite/WriteLog.h"
+
+namespace engine::sqlite {
+
+void WriteLog::Add(Write&& write) {
+    if (const auto* text = std::get_if<QString>(&write)) {
+        entries_.emplace_back(TextPlace{texts_.size(), text->size()});
+        texts_.append(QStringView(*text).utf16(), static_cast<size_t>(text->size()));
+    } else {
+        entries_.emplace_back(std::get<RowWrite>(std::move(write)));
+    }
+}
+
+void WriteLog::Clear() {
+    entries_.clear();
+    texts_.clear();
+}
+
+std::vector<Write> WriteLog::TakeAll() {
+    std::vector<Write> writes;
+    writes.reserve(entries_.size());
+    for (auto& entry : entries_) {
+        if (const auto* place = std::get_if<TextPlace>(&entry)) {
+            writes.emplace_back(QString::fromUtf16(texts_.data() + place->begin, place->size));
+        } else {
+            writes.emplace_back(std::get<RowWrite>(std::move(entry)));
+        }
+    }
+    Clear();
+    return writes;
+}
+
+}  // namespace engine::sqlite
