@@ -27,7 +27,7 @@ QString FileIn(const QString& directory) {
 }
 
 QString PathOnThisComputer() {
-    const QString path = FileIn(Setting(u"APPPath", platform::ProgramDirectory()));
+    QString path = FileIn(Setting(u"APPPath", platform::ProgramDirectory()));
     startupLog = QStringLiteral("No networking enabled, using ") + path;
     return path;
 }

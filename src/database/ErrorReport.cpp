@@ -21,7 +21,7 @@ bool IsTold(const std::optional<platform::Failure>& failure) {
 
 QString MessageOf(const std::optional<platform::Failure>& failure) {
     if (!IsTold(failure)) {
-        return QString();
+        return {};
     }
     return QStringLiteral("General Errors...\n\n") + QString::number(failure->Number()) +
            QLatin1String(" - ") + failure->Description() + QLatin1String("\n\n");

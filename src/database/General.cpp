@@ -13,8 +13,8 @@ constexpr qsizetype BufferSize = 1024;
 /// which is how Hearthbook has always read such numbers.
 QString NumberText(const QByteArray& bytes) {
     QString digits;
-    for (auto byte = bytes.crbegin(); byte != bytes.crend(); ++byte) {
-        digits += QString::number(static_cast<unsigned char>(*byte), 16);
+    for (const char byte : bytes) {
+        digits.prepend(QString::number(static_cast<unsigned char>(byte), 16));
     }
     if (digits.isEmpty()) {
         throw platform::Failure(platform::FailureNumber::TypeMismatch, QStringLiteral("Type mismatch"));

@@ -60,7 +60,7 @@ short ToInteger(const QString& text) {
     }
     const QStringView digits = TakeDigits(rest);
     QStringView decimals;
-    const QString mark = platform::DecimalMark();
+    const QString& mark = platform::DecimalMark();
     if (rest.startsWith(mark)) {
         rest = rest.sliced(mark.size());
         decimals = TakeDigits(rest);
