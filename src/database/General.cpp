@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 #include "platform/SettingsStore.h"
+#include "platform/Utf8.h"
 
 namespace database {
 
@@ -52,7 +53,7 @@ bool ReadRegistryValue(quint32 rootKey, const QString& subKey, const QString& na
         stored->bytes.chop(1);
     }
     if (stored->type == platform::RegistryType::REG_SZ) {
-        value = QString::fromUtf8(stored->bytes);
+        value = platform::TextFromUtf8(stored->bytes);
     } else if (stored->type == platform::RegistryType::REG_DWORD) {
         value = NumberText(stored->bytes);
     }

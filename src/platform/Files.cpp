@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 
+#include "platform/Utf8.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -41,7 +43,7 @@ bool AppendLine(const QString& path, const QString& text) {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
         return false;
     }
-    const QByteArray line = text.toUtf8() + '\n';
+    const QByteArray line = Utf8FromText(text) + '\n';
     // A full disk shows only when the bytes leave the buffer.
     return file.write(line) == line.size() && file.flush();
 }

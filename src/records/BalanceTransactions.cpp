@@ -44,9 +44,16 @@ void InsertReceipts(const Tenant& Item, const ReceiptOptions& options, const QSt
     database::ExecuteSql(statement);
 }
 
-void ChangeColumn(const database::RecordsetReference& recordset, const QString& name, double value) {
+void SetColumn(const database::RecordsetReference& recordset, const QString& name, double value) {
     database::EditRecord(recordset);
     Column(recordset, name).Set(value);
+    database::UpdateRecord(recordset);
+}
+
+void TakeFromColumn(const database::RecordsetReference& recordset, const QString& name, double amount) {
+    database::EditRecord(recordset);
+    engine::Field& column = Column(recordset, name);
+    column.Set(engine::ToDouble(column.Get()) - amount);
     database::UpdateRecord(recordset);
 }
 
@@ -61,15 +68,15 @@ void TakeBackReceipts(double Balance, const database::RecordsetReference& receip
         if (amount < Balance) {
             Balance -= amount;
             receipts->Delete();
-            ChangeColumn(periods, paidColumn, 0);
+            SetColumn(periods, paidColumn, 0);
             database::MoveNextRecord(periods);
             database::MoveNextRecord(receipts);
             if (database::DataEof(receipts)) {
                 return;
             }
         } else {
-            ChangeColumn(receipts, amountColumn, amount - Balance);
-            ChangeColumn(periods, paidColumn, engine::ToDouble(Column(periods, paidColumn).Get()) - Balance);
+            TakeFromColumn(receipts, amountColumn, Balance);
+            TakeFromColumn(periods, paidColumn, Balance);
             Balance = 0;
         }
     }

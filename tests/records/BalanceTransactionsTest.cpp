@@ -164,6 +164,18 @@ TEST_F(BalanceTransactionsTest, ReceiptsThatWereNeverWrittenCannotBeTakenBack) {
     EXPECT_EQ(FailureOf([] { Insert(); }), engine::ErrorNumber::NoCurrentRecord);
 }
 
+// Blanks at the cut let two tenants have one code. The second one's receipts are then more than the periods,
+// and the walk comes to a period that isn't there: reported when it is to be edited, and the end of the run
+// when it is read.
+TEST_F(BalanceTransactionsTest, TenantsOfOneCodeRunOutOfPeriods) {
+    AddBalanced(u"Priya Raman"_s, 0);
+    AddBalanced(u"Priya Raman          2"_s, 250 * 6 + 100);
+    EXPECT_EQ(FailureOf([] { Insert(); }), engine::ErrorNumber::NoCurrentRecord);
+    ASSERT_EQ(boxes_.requests.size(), 1U);
+    EXPECT_EQ(boxes_.requests[0].title, u"Edit Record"_s);
+    EXPECT_EQ(Rows(u"select amount from revenues"_s), (QStringList{u"150"_s, u"250"_s, u"250"_s}));
+}
+
 TEST_F(BalanceTransactionsTest, AnyBalanceIsReachedAsThePlainRuleSays) {
     CheckMany(500, [this] {
         for (const auto& table : {u"tenancy"_s, u"rent_periods"_s, u"revenues"_s}) {

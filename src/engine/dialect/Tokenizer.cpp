@@ -1,6 +1,7 @@
 #include "engine/dialect/Tokenizer.h"
 
 #include "engine/Error.h"
+#include "platform/Utf8.h"
 
 #include <QDate>
 
@@ -99,7 +100,7 @@ private:
         std::transform(part.begin(), beyond, place,
                        [](QChar character) { return static_cast<char>(character.unicode()); });
         if (beyond != part.end()) {
-            statement_.texts.Put(part.sliced(beyond - part.begin()).toUtf8());
+            statement_.texts.Put(platform::Utf8FromText(part.sliced(beyond - part.begin())));
         }
     }
 
@@ -145,7 +146,7 @@ private:
             std::transform(name.begin(), name.end(), place,
                            [](QChar character) { return static_cast<char>(character.unicode()); });
         } else {
-            statement_.shape.Put(name.toUtf8());
+            statement_.shape.Put(platform::Utf8FromText(name));
         }
     }
 
@@ -165,7 +166,7 @@ private:
             RaiseSyntax(QStringLiteral("a control character in a name"), name);
         }
         afterName_ = false;
-        statement_.shape.Put(name.toUtf8());
+        statement_.shape.Put(platform::Utf8FromText(name));
         place_ = end + 1;
     }
 

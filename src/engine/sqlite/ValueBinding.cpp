@@ -1,6 +1,7 @@
 #include "engine/sqlite/ValueBinding.h"
 
 #include "engine/Error.h"
+#include "platform/Utf8.h"
 
 #include <cmath>
 #include <limits>
@@ -26,7 +27,7 @@ namespace {
 }
 
 void BindText(sqlite3_stmt* statement, int place, const QString& text) {
-    const QByteArray utf8 = text.toUtf8();
+    const QByteArray utf8 = platform::Utf8FromText(text);
     sqlite3_bind_text64(statement, place, utf8.constData(), static_cast<sqlite3_uint64>(utf8.size()),
                         SQLITE_TRANSIENT, SQLITE_UTF8);
 }
@@ -42,7 +43,7 @@ void BindMemo(sqlite3_stmt* statement, int place, const QString& text) {
     bool looksLikeNumber = false;
     static_cast<void>(text.trimmed().toDouble(&looksLikeNumber));
     if (looksLikeNumber) {
-        BindBytes(statement, place, text.toUtf8());
+        BindBytes(statement, place, platform::Utf8FromText(text));
     } else {
         BindText(statement, place, text);
     }
@@ -107,7 +108,7 @@ QString TextFor(const Column& column, const Value& value) {
 
 Value LiteralValue(const dialect::Literal& literal, std::string_view text) {
     const auto asText = [text] {
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        return platform::TextFromUtf8({text.data(), static_cast<qsizetype>(text.size())});
     };
     switch (literal.kind) {
         case dialect::LiteralKind::Text:
@@ -169,8 +170,8 @@ Value ReadNumber(sqlite3_stmt* statement, int place, DataType type) {
 
 Value ReadText(sqlite3_stmt* statement, int place, DataType type) {
     const QString text =
-        QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, place)),
-                          sqlite3_column_bytes(statement, place));
+        platform::TextFromUtf8({reinterpret_cast<const char*>(sqlite3_column_text(statement, place)),
+                                sqlite3_column_bytes(statement, place)});
     if (type == dbDate) {
         const QDateTime moment = StoredDate(text);
         if (moment.isValid()) {

@@ -1,5 +1,7 @@
 #include "tools_core/import/Terminal.h"
 
+#include "platform/Utf8.h"
+
 #include <unistd.h>
 
 #include <array>
@@ -10,7 +12,7 @@ namespace tools {
 namespace {
 
 void Print(const QString& text, std::FILE* stream) {
-    const QByteArray bytes = text.toUtf8();
+    const QByteArray bytes = platform::Utf8FromText(text);
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
     std::fflush(stream);
 }

@@ -1,5 +1,6 @@
 #include "tools_core/json/TreeBuilder.h"
 
+#include "platform/Utf8.h"
 #include "tools_core/json/JsonDocument.h"
 
 #include <algorithm>
@@ -48,7 +49,7 @@ bool TreeBuilder::number_unsigned(std::uint64_t value) {
 bool TreeBuilder::number_float(long double, const std::string& text) {
     // From the text again: by way of the wider type some amounts would be rounded twice.
     double number = std::strtod(text.c_str(), nullptr);
-    const QString shown = QString::fromStdString(text);
+    const QString shown = platform::TextFromUtf8(text);
     if (!std::isfinite(number)) {
         faults_.push_back({Pointer(), QStringLiteral("The number is too large"), Shown(shown)});
         number = 0;
@@ -67,7 +68,7 @@ bool TreeBuilder::PlaceNumber(double number, const QString& text) {
 bool TreeBuilder::string(std::string& value) {
     JsonValue placed;
     placed.kind = JsonKind::Text;
-    placed.text = QString::fromStdString(value);
+    placed.text = platform::TextFromUtf8(value);
     if (placed.text.contains(QChar(QChar::Null))) {
         faults_.push_back(
             {Pointer(), QStringLiteral("The text holds a character that can't be stored"), placed.Shown()});
@@ -89,7 +90,7 @@ bool TreeBuilder::start_array(std::size_t) {
 
 bool TreeBuilder::key(std::string& name) {
     Frame& frame = frames_.back();
-    const QString member = QString::fromStdString(name);
+    const QString member = platform::TextFromUtf8(name);
     frame.name = member;
     frame.isRepeated = frame.seen.contains(member);
     if (frame.isRepeated) {
