@@ -22,7 +22,7 @@ QString FromLocaleBytes(const char* bytes) {
     const char* rest = bytes;
     const size_t length = std::mbsrtowcs(nullptr, &rest, 0, &state);
     if (length == static_cast<size_t>(-1)) {
-        return QString();
+        return {};
     }
     std::wstring wide(length, L'\0');
     rest = bytes;

@@ -32,10 +32,10 @@ void RunActionsBefore() {
         return;
     }
     running = true;
-    // By place: an action may add another one.
-    for (size_t place = 0; place < ActionsBefore().size(); ++place) {
+    // A copy: an action may add another one.
+    const std::vector<std::function<void()>> actions = ActionsBefore();
+    for (const std::function<void()>& action : actions) {
         try {
-            const std::function<void()> action = ActionsBefore()[place];
             action();
         } catch (...) {
             // The box has to be seen all the same, and what failed here is due again at the next box and at

@@ -14,7 +14,7 @@ QString Decode(const QByteArray& text) {
     const bool wide = text.startsWith("\xFF\xFE") || text.startsWith("\xFE\xFF");
     QStringDecoder decoder(wide ? QStringDecoder::Utf16 : QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder(text);
+    QString decoded = decoder(text);
     if (decoder.hasError() || !decoded.isValidUtf16() || (wide && text.size() % 2 != 0)) {
         throw Unparsable();
     }

@@ -10,7 +10,7 @@ namespace platform {
 namespace {
 
 /// Far more than a whole exported product key; a larger file is something else that got this name.
-constexpr qint64 MostBytes = 4 * 1024 * 1024;
+constexpr qint64 MostBytes = qint64{4} * 1024 * 1024;
 
 QString Environment(const char* name) {
     return QFile::decodeName(qgetenv(name));
@@ -37,12 +37,12 @@ QStringList ConfigurationFolders() {
 
 QString SettingsFile() {
     for (const QString& folder : ConfigurationFolders()) {
-        const QString path = folder + QLatin1String("/hearthbook/registry.reg");
+        QString path = folder + QLatin1String("/hearthbook/registry.reg");
         if (QFileInfo(path).isFile()) {
             return path;
         }
     }
-    return QString();
+    return {};
 }
 
 QHash<QString, RegistryValues> ReadSettingsFile() {

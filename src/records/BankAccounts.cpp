@@ -3,6 +3,8 @@
 #include "records/Collections.h"
 #include "records/NewRow.h"
 
+#include <algorithm>
+
 namespace records {
 namespace {
 
@@ -36,10 +38,9 @@ QHash<QString, QString> bankAccounts::FinalCodesByName() const {
     // From the last account to the first, so that what a code leads to further down is known when it is met.
     const List& accounts = Walk();
     QHash<QString, QString> codes;
-    for (auto account = accounts.rbegin(); account != accounts.rend(); ++account) {
-        const QString& code = (*account)->Code;
-        codes.insert((*account)->BankAccountName, codes.value(code, code));
-    }
+    std::for_each(accounts.rbegin(), accounts.rend(), [&codes](const Reference& account) {
+        codes.insert(account->BankAccountName, codes.value(account->Code, account->Code));
+    });
     return codes;
 }
 

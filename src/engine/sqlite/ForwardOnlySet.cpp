@@ -46,7 +46,7 @@ ForwardOnlySet::ForwardOnlySet(SqliteDatabase& database, const PreparedStatement
     for (size_t place = 0; place < shaped.literals.size(); ++place) {
         const dialect::Literal& literal = shaped.literals[place];
         // Copied, as the statement outlives the text that it was opened with.
-        texts_.push_back(std::string(shaped.Text(literal)));
+        texts_.emplace_back(shaped.Text(literal));
         BindLiteral(statement_.get(), static_cast<int>(place) + 1, nullptr, literal, texts_.back());
     }
     Step();

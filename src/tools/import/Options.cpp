@@ -8,13 +8,13 @@ namespace tools {
 
 namespace {
 
-constexpr char helpOption[] = "help";
-constexpr char versionOption[] = "version";
-constexpr char databaseOption[] = "database";
-constexpr char backupOption[] = "backup";
-constexpr char todayOption[] = "today";
-constexpr char yesOption[] = "yes";
-constexpr char dryRunOption[] = "dry-run";
+constexpr const char* helpOption = "help";
+constexpr const char* versionOption = "version";
+constexpr const char* databaseOption = "database";
+constexpr const char* backupOption = "backup";
+constexpr const char* todayOption = "today";
+constexpr const char* yesOption = "yes";
+constexpr const char* dryRunOption = "dry-run";
 
 QCommandLineOption Flag(const char* name) {
     return QCommandLineOption(QLatin1String(name));

@@ -6,7 +6,7 @@ namespace tools {
 
 namespace {
 
-constexpr char accountName[] = "BankAccountName";
+constexpr const char* accountName = "BankAccountName";
 
 /// Reads an account; a member that is absent leaves the entry as it was.
 records::BankAccountEntry ReadAccount(ObjectReader& account, records::BankAccountEntry entry,

@@ -1,6 +1,7 @@
 #include "tools_core/portfolio/Day.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tools {
 
@@ -11,7 +12,7 @@ std::optional<QDate> ParseDay(const QString& text) {
         return std::nullopt;
     }
     const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
-    const QStringView parts[] = {view.first(4), view.sliced(5, 2), view.sliced(8, 2)};
+    const std::array<QStringView, 3> parts = {view.first(4), view.sliced(5, 2), view.sliced(8, 2)};
     for (const QStringView part : parts) {
         if (!std::all_of(part.begin(), part.end(), isDigit)) {
             return std::nullopt;
