@@ -5,7 +5,8 @@ from typing import NamedTuple
 
 from calendar_rules import (Day, add_days, add_months, add_weeks, add_years, days_counting_both,
                             is_no_date)
-from money import CurrencyOverflow, currency_of_double, round_currency_to_cents, round_double_to_cents
+from money import (CurrencyOverflow, currency_of_decimal, currency_of_double, round_currency_to_cents,
+                   round_double_to_cents)
 
 
 class RentPeriod(NamedTuple):
@@ -27,7 +28,7 @@ def rent_split(period_from, period_to, end, rent):
     """The rent of the days up to and with `end`, and the rent of the remaining days of the period."""
     share = days_counting_both(period_from, end) / days_counting_both(period_from, period_to)
     first = currency_of_double(round_double_to_cents(float(rent) * share))
-    return first, round_currency_to_cents(rent - first)
+    return first, round_currency_to_cents(currency_of_decimal(rent - first))
 
 
 def _next_by_month_day(start, month_day):

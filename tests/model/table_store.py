@@ -6,7 +6,7 @@ from typing import NamedTuple
 from calendar_rules import Day
 from dialect import (Column, Delete, Insert, InsertSelect, Junction, Literal, NullTest, Select,
                      SyntaxFailure, Update, parse)
-from money import currency_of_decimal, currency_of_double
+from money import CurrencyOverflow, currency_of_decimal, currency_of_double
 from utf16 import to_stored_text, to_units
 
 TEXT_KINDS = ("TEXT", "MEMO")
@@ -56,11 +56,11 @@ def stored(column, value):
         return -1 if value else 0
     if column.kind == "DOUBLE" and isinstance(value, (int, float, Decimal)):
         return float(value)
-    if column.kind == "CURRENCY":
-        if isinstance(value, Decimal):
-            return currency_of_decimal(value)
-        if isinstance(value, (int, float)):
-            return currency_of_double(float(value))
+    if column.kind == "CURRENCY" and isinstance(value, (int, float, Decimal)):
+        try:
+            return currency_of_decimal(value) if isinstance(value, Decimal) else currency_of_double(value)
+        except CurrencyOverflow as failure:
+            raise EngineFailure(f"{column.name} can't hold {value}") from failure
     if column.kind == "SINGLE" and value == 0:
         return 0.0
     if column.kind in WHOLE_NUMBER_KINDS and isinstance(value, (int, Decimal)) and value == int(value):
