@@ -119,6 +119,7 @@ TEST_F(DynasetTest, WrongTypesAreRefused) {
     EXPECT_EQ(refuse("short", 40000.0), ErrorNumber::WrongType);
     EXPECT_EQ(refuse("date", 5.0), ErrorNumber::WrongType);
     EXPECT_EQ(refuse("date", QDateTime()), ErrorNumber::WrongType);
+    EXPECT_EQ(refuse("date", FromDate(QDate(10000, 1, 1))), ErrorNumber::WrongType);
     EXPECT_EQ(refuse("bytes", QStringLiteral("x")), ErrorNumber::WrongType);
     EXPECT_EQ(refuse("number", std::numeric_limits<double>::infinity()), ErrorNumber::WrongType);
     EXPECT_EQ(refuse("money", 1e300), ErrorNumber::WrongType);

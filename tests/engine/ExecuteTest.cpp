@@ -90,6 +90,11 @@ TEST_F(ExecuteTest, ValuesBecomeWhatTheirColumnHolds) {
         << "a tie of currency goes to even, a single is no double";
 }
 
+TEST_F(ExecuteTest, AmountsBeyondTheReachOfFourDecimalsStayAsNearAsTheyAre) {
+    database->Execute(QStringLiteral("insert into things(money) values(30744573456182.48)"));
+    EXPECT_EQ(Rows("select money = 30744573456182.48 from things"), QStringList{QStringLiteral("1")});
+}
+
 TEST_F(ExecuteTest, ConditionsWithDatesAndNulls) {
     for (const char* statement : {"insert into things(code, date) values('a', #01/31/2026#)",
                                   "insert into things(code, date) values('b', #02/01/2026#)",

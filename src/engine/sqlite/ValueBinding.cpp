@@ -10,6 +10,9 @@ namespace engine::sqlite {
 
 namespace {
 
+// Beyond this a double tells no four decimal places apart, so that it is already as near as it can be.
+constexpr double LastWithFourDecimals = 9e11;
+
 [[noreturn]] void RaiseWrongType(const Column& column) {
     throw Error(
         ErrorNumber::WrongType,
@@ -70,17 +73,27 @@ void BindWhole(sqlite3_stmt* statement, int place, const Column& column, const V
     sqlite3_bind_int64(statement, place, static_cast<qint64>(number));
 }
 
+void BindAmount(sqlite3_stmt* statement, int place, Currency amount) {
+    if (amount.Scaled() % Currency::Scale == 0) {
+        sqlite3_bind_int64(statement, place, amount.Scaled() / Currency::Scale);
+    } else {
+        sqlite3_bind_double(statement, place, amount.ToDouble());
+    }
+}
+
 void BindCurrency(sqlite3_stmt* statement, int place, const Column& column, const Value& value) {
+    if (const auto* exact = std::get_if<Currency>(&value)) {
+        BindAmount(statement, place, *exact);
+        return;
+    }
+    const double number = NumberFor(column, value);
     try {
-        const auto* exact = std::get_if<Currency>(&value);
-        const Currency amount = exact != nullptr ? *exact : Currency::FromDouble(NumberFor(column, value));
-        if (amount.Scaled() % Currency::Scale == 0) {
-            sqlite3_bind_int64(statement, place, amount.Scaled() / Currency::Scale);
+        const Currency amount = Currency::FromDouble(number);
+        if (std::abs(number) < LastWithFourDecimals) {
+            BindAmount(statement, place, amount);
         } else {
-            sqlite3_bind_double(statement, place, amount.ToDouble());
+            sqlite3_bind_double(statement, place, number);
         }
-    } catch (const Error&) {
-        throw;
     } catch (const platform::Failure&) {
         RaiseWrongType(column);
     }
@@ -92,7 +105,9 @@ void BindDate(sqlite3_stmt* statement, int place, const Column& column, const Va
         date = QDateTime::fromString(*text, Qt::ISODate);
     }
     const auto* moment = std::get_if<QDateTime>(&date);
-    if (moment == nullptr || !moment->isValid()) {
+    // A date is stored with a year of four digits.
+    if (moment == nullptr || !moment->isValid() || moment->date().year() < 1 ||
+        moment->date().year() > 9999) {
         RaiseWrongType(column);
     }
     BindText(statement, place, ToText(*moment));
