@@ -10,7 +10,8 @@ namespace engine {
 namespace {
 
 std::vector<Database*>& Registered() {
-    static std::vector<Database*> databases;
+    // Never destroyed: a database that lives to the end of a process still finds it.
+    static auto& databases = *new std::vector<Database*>;
     return databases;
 }
 

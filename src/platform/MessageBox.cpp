@@ -21,7 +21,8 @@ public:
 MessageBoxPort* currentPort = nullptr;
 
 std::vector<std::function<void()>>& ActionsBefore() {
-    static std::vector<std::function<void()>> actions;
+    // Never destroyed: a box may still have to be shown while the process takes itself down.
+    static auto& actions = *new std::vector<std::function<void()>>;
     return actions;
 }
 
