@@ -180,12 +180,14 @@ std::vector<records::Tenants> ListsOfOneName(std::size_t lists, int count) {
     return result;
 }
 
+// How much a long list costs is measured by the benchmark, on a quiet machine. Here it is told apart from the
+// square of its length, which would be 1024 times a short one.
 TEST_F(CodesTest, ALongListOfOneNameCostsWhatItsLengthCosts) {
     // As many records on both sides, so that the memory they take up slows down both alike.
     auto shortLists = ListsOfOneName(32, 1024);
     auto longList = ListsOfOneName(1, 32767);
     const double oneShortList = TimeOfCodes(shortLists).count() / 32;
-    EXPECT_LE(TimeOfCodes(longList).count(), 50 * oneShortList);
+    EXPECT_LE(TimeOfCodes(longList).count(), 250 * oneShortList);
     EXPECT_EQ(longList[0].Item(32767)->Code, u"Residents of th32766"_s);
 }
 
