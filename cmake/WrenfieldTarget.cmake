@@ -10,6 +10,8 @@ function(wrenfield_compile_options target)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
   if(WRENFIELD_SANITIZERS)
+    # Qt's own checks of places in texts and lists find what an address alone doesn't tell.
+    target_compile_definitions(${target} PRIVATE QT_FORCE_ASSERTS)
     target_compile_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS}
                            -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS})

@@ -4,9 +4,6 @@
 #include "platform/Failure.h"
 #include "platform/Locale.h"
 
-#include <cmath>
-#include <limits>
-
 namespace records {
 namespace {
 
@@ -45,7 +42,7 @@ QString FirstFault(const TenantEntry& entry) {
     if (entry.PropertyName.isEmpty()) {
         return EntryMessage::PropertyRequired;
     }
-    if (IsNoDate(entry.StartDate)) {
+    if (platform::IsNoDate(entry.StartDate)) {
         return EntryMessage::StartDateRequired;
     }
     if (!entry.Setbalance.has_value()) {
@@ -174,14 +171,6 @@ int UnitCountOf(const QString& unitNumbers) {
 
 bool CanBeLet(const Property& property) {
     return property.iType != PropertyType::Building;
-}
-
-qint16 ToInteger(double value) {
-    const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<qint16>::min() && rounded <= std::numeric_limits<qint16>::max())) {
-        platform::RaiseOverflow();
-    }
-    return static_cast<qint16>(rounded);
 }
 
 qint16 ToInteger(const QString& text) {

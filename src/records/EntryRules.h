@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/NoDate.h"
 #include "records/Collections.h"
 #include "records/EntryMessages.h"
-#include "records/NoDate.h"
 
 #include <QDate>
 #include <QString>
@@ -41,8 +41,8 @@ struct PropertyEntry {
 struct TenantEntry {
     QString Name;
     QString PropertyName;
-    QDate StartDate = NoDate();
-    QDate EndDate = NoDate();
+    QDate StartDate = platform::NoDate();
+    QDate EndDate = platform::NoDate();
     double CurrentRent = 0;
     QString RentFrequency;
     qint16 FrequencyNumber = 1;
@@ -103,9 +103,6 @@ int UnitCountOf(const QString& unitNumbers);
 
 /// A building with units can't be let itself. A property that has a tenant can get another.
 bool CanBeLet(const Property& property);
-
-/// To 16 bits, to the nearest whole number with ties to even. Platform failure 6 if it doesn't fit.
-qint16 ToInteger(double value);
 
 /// Text as the user typed it, with the decimal mark of the locale, to 16 bits. Platform failure 13 if it
 /// isn't a number (an empty text is none), 6 if it doesn't fit.

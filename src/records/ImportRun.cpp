@@ -98,7 +98,7 @@ void InsertAllRecords(const ImportProgress& progress) {
 
 void SetDisbursementCutOff() {
     const QDate LastDisbursement = CurrentSettings().LastDisbursement;
-    if (IsNoDate(LastDisbursement)) {
+    if (platform::IsNoDate(LastDisbursement)) {
         return;
     }
     for (const QLatin1String table : {QLatin1String("expenses"), QLatin1String("revenues")}) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "records/NoDate.h"
+#include "platform/NoDate.h"
 
 #include <QDate>
 
@@ -9,8 +9,8 @@ namespace records {
 /// What the user type page stores for the whole process.
 struct ImportSettings {
     bool IsLandlord = false;
-    double ManagementFee = 0;           ///< Per cent; the one fee of all owners.
-    QDate LastDisbursement = NoDate();  ///< Transactions up to this day count as disbursed.
+    double ManagementFee = 0;                     ///< Per cent; the one fee of all owners.
+    QDate LastDisbursement = platform::NoDate();  ///< Transactions up to this day count as disbursed.
 };
 
 ImportSettings& CurrentSettings();

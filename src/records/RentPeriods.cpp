@@ -2,9 +2,9 @@
 #include "platform/Clock.h"
 #include "platform/Failure.h"
 #include "platform/MessageBox.h"
+#include "platform/NoDate.h"
 #include "platform/Process.h"
 #include "records/MonthlyDayRule.h"
-#include "records/NoDate.h"
 #include "records/Tenants.h"
 
 #include <QHash>
@@ -84,7 +84,7 @@ void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine:
                               bool& bForceAtLeastOne, qint16 MonthDay, QDate EndDate, qint16 every_amt,
                               const QString& every_freq) {
     PeriodWriter writer(sTenant, nCurrentRent);
-    const QDate StopDate = IsNoDate(EndDate) ? platform::Today() : EndDate;
+    const QDate StopDate = platform::IsNoDate(EndDate) ? platform::Today() : EndDate;
     const Frequency frequency = FrequencyOf(every_freq);
 
     while (dStartDate <= StopDate || bForceAtLeastOne) {

@@ -196,15 +196,4 @@ TEST_F(CollectionsTest, TooManyPropertiesFailEveryWalkOverThem) {
     EXPECT_EQ(FailureOf([&] { collections.Properties.GetBankAccount(u"a"_s); }), 6);
 }
 
-TEST(NoDateTest, IsTodayInTheYear1234) {
-    platform::PinToday(QDate(2026, 6, 10));
-    EXPECT_EQ(records::NoDate(), QDate(1234, 6, 10));
-    platform::PinToday(QDate(2024, 2, 29));
-    EXPECT_EQ(records::NoDate(), QDate(1234, 2, 28));
-    platform::PinToday(QDate());
-    EXPECT_TRUE(records::IsNoDate(QDate(1234, 12, 31)));
-    EXPECT_TRUE(records::IsNoDate(QDate(1234, 1, 1)));
-    EXPECT_FALSE(records::IsNoDate(QDate(1235, 1, 1)));
-}
-
 }  // namespace

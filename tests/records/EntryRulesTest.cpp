@@ -84,7 +84,7 @@ TEST_F(EntryRulesTest, RecordsHoldWhatWasEntered) {
     EXPECT_EQ(tenant->Name, u"Ada Finch"_s);
     EXPECT_EQ(tenant->PropertyName, u"12 Main Road"_s);
     EXPECT_EQ(tenant->StartDate, QDate(2025, 3, 15));
-    EXPECT_TRUE(IsNoDate(tenant->EndDate));
+    EXPECT_TRUE(platform::IsNoDate(tenant->EndDate));
     EXPECT_EQ(tenant->CurrentRent, 420);
     EXPECT_EQ(tenant->RentFrequency, u"Month"_s);
     EXPECT_EQ(tenant->FrequencyNumber, 2);
@@ -201,17 +201,6 @@ TEST_F(EntryRulesTest, ALandlordIsTheOnlyOwner) {
     EXPECT_EQ(property->Owner, u"Smith"_s);
     ReplaceOwners(owners, QString());
     EXPECT_EQ(owners.Count(), 1);
-}
-
-TEST_F(EntryRulesTest, NumbersAreRoundedToSixteenBits) {
-    EXPECT_EQ(ToInteger(2.5), 2);
-    EXPECT_EQ(ToInteger(3.5), 4);
-    EXPECT_EQ(ToInteger(-2.5), -2);
-    EXPECT_EQ(ToInteger(32767.5 - 0.1), 32767);
-    EXPECT_EQ(ToInteger(-32768.5), -32768);
-    EXPECT_EQ(FailureOf([] { ToInteger(32767.5); }), 6);
-    EXPECT_EQ(FailureOf([] { ToInteger(-32769.0); }), 6);
-    EXPECT_EQ(FailureOf([] { ToInteger(std::nan("")); }), 6);
 }
 
 TEST_F(EntryRulesTest, TextIsReadAsASixteenBitNumber) {

@@ -43,7 +43,7 @@ TEST_F(RentPeriodsPropertyTest, PeriodsAreThoseOfThePlainRules) {
         platform::PinToday(QDate(2026, 6, 10));
         if (Chance(30)) {
             platform::PinToday(EndDate);
-            EndDate = records::NoDate();
+            EndDate = platform::NoDate();
         }
         recorder->statements.clear();
         QDate dStartDate = ToQDate(tenancy.start);

@@ -26,13 +26,13 @@ TEST_F(AcceptedPortfolio, AbsentMembersHaveDefaults) {
     ASSERT_EQ(portfolio_.Read(), Faults());
     EXPECT_FALSE(CurrentSettings().IsLandlord);
     EXPECT_EQ(CurrentSettings().ManagementFee, 0.0);
-    EXPECT_TRUE(records::IsNoDate(CurrentSettings().LastDisbursement));
+    EXPECT_TRUE(platform::IsNoDate(CurrentSettings().LastDisbursement));
     const auto account = TheCollections().bankAccounts.Item(2);
     EXPECT_EQ(account->BalanceDate, QDate(2026, 11, 21));
     EXPECT_EQ(account->BalanceAmount, 0.0);
     EXPECT_EQ(account->Code, QString());
     const auto tenant = TheCollections().Tenants.Item(1);
-    EXPECT_TRUE(records::IsNoDate(tenant->EndDate));
+    EXPECT_TRUE(platform::IsNoDate(tenant->EndDate));
     EXPECT_EQ(tenant->CurrentRent, 0.0);
     EXPECT_EQ(tenant->RentFrequency, QStringLiteral("Week"));
     EXPECT_EQ(tenant->FrequencyNumber, 1);
@@ -100,8 +100,8 @@ TEST_F(AcceptedPortfolio, TheYear1234MeansNoDate) {
     portfolio_ = WithTenant("'EndDate': '1234-12-31'");
     portfolio_.userType = "'UserType': 'Manager', 'LastDisbursement': '1234-01-01'";
     ASSERT_EQ(portfolio_.Read(), Faults());
-    EXPECT_TRUE(records::IsNoDate(TheCollections().Tenants.Item(1)->EndDate));
-    EXPECT_TRUE(records::IsNoDate(CurrentSettings().LastDisbursement));
+    EXPECT_TRUE(platform::IsNoDate(TheCollections().Tenants.Item(1)->EndDate));
+    EXPECT_TRUE(platform::IsNoDate(CurrentSettings().LastDisbursement));
 }
 
 TEST_F(AcceptedPortfolio, NullMeansNoneWhereThereMayBeNone) {

@@ -24,8 +24,8 @@ void ReadUserType(ObjectReader& portfolio, Reading& reading) {
     records::ImportSettings& settings = records::CurrentSettings();
     settings.IsLandlord = reading.isLandlord;
     settings.ManagementFee = portfolio.NumberFromZero("ManagementFee").value_or(0);
-    settings.LastDisbursement =
-        portfolio.Date("LastDisbursement", records::NoDate(), NullMeans::Absent).value_or(records::NoDate());
+    settings.LastDisbursement = portfolio.Date("LastDisbursement", platform::NoDate(), NullMeans::Absent)
+                                    .value_or(platform::NoDate());
 }
 
 void ReadDocument(const JsonValue& document, Faults& faults) {

@@ -48,12 +48,12 @@ void ReadTenant(ObjectReader& tenant, Reading& reading) {
     records::TenantEntry entry;
     const std::optional<QString> name = tenant.Text("Name", records::EntryLimit::TenantsName);
     const std::optional<QString> property = tenant.Text("PropertyName");
-    const std::optional<QDate> start = tenant.Date("StartDate", records::NoDate(), NullMeans::Fault);
-    const std::optional<QDate> end = tenant.Date("EndDate", records::NoDate(), NullMeans::Absent);
+    const std::optional<QDate> start = tenant.Date("StartDate", platform::NoDate(), NullMeans::Fault);
+    const std::optional<QDate> end = tenant.Date("EndDate", platform::NoDate(), NullMeans::Absent);
     entry.Name = name.value_or(QString());
     entry.PropertyName = property.value_or(QString());
-    entry.StartDate = start.value_or(records::NoDate());
-    entry.EndDate = end.value_or(records::NoDate());
+    entry.StartDate = start.value_or(platform::NoDate());
+    entry.EndDate = end.value_or(platform::NoDate());
     entry.CurrentRent = ReadRent(tenant);
     entry.RentFrequency = ReadFrequency(tenant);
     // A period of no length would be followed by itself for ever.
@@ -68,7 +68,7 @@ void ReadTenant(ObjectReader& tenant, Reading& reading) {
         tenant.Refuse("Name", records::EntryMessage::NameRequired);
     }
     RefuseUnletProperty(tenant, property, reading);
-    if (start && records::IsNoDate(*start)) {
+    if (start && platform::IsNoDate(*start)) {
         tenant.Refuse("StartDate", records::EntryMessage::StartDateRequired);
     }
     EnterName(tenant, "Name", name, reading.tenants);

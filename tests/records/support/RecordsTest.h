@@ -59,7 +59,7 @@ protected:
         tenant->Name = name;
         tenant->PropertyName = propertyName;
         tenant->StartDate = QDate(2026, 11, 1);
-        tenant->EndDate = records::NoDate();
+        tenant->EndDate = platform::NoDate();
         tenant->CurrentRent = 250;
         tenant->RentFrequency = u"Week"_s;
         records::TheCollections().Tenants.Add(tenant);

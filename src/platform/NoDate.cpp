@@ -1,12 +1,12 @@
-#include "records/NoDate.h"
+#include "platform/NoDate.h"
 
 #include "platform/Clock.h"
 
-namespace records {
+namespace platform {
 
 QDate NoDate() {
     const QDate today = platform::Today();
     return today.addYears(NoDateYear - today.year());
 }
 
-}  // namespace records
+}  // namespace platform

@@ -2,7 +2,7 @@
 
 #include <QDate>
 
-namespace records {
+namespace platform {
 
 /// The year that stands for "no date was entered". Month and day are of no interest.
 inline constexpr int NoDateYear = 1234;
@@ -14,4 +14,4 @@ inline bool IsNoDate(QDate date) {
     return date.year() == NoDateYear;
 }
 
-}  // namespace records
+}  // namespace platform

@@ -1,0 +1,39 @@
+#include "support/OnScreen.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QTest>
+
+void ShowAndActivate(QWidget& widget) {
+    widget.window()->show();
+    widget.window()->activateWindow();
+    const bool active = QTest::qWaitForWindowActive(widget.window());
+    Q_ASSERT(active);
+    static_cast<void>(active);
+}
+
+QImage Picture(QWidget& widget) {
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    widget.render(&painter);
+    painter.end();
+    return image;
+}
+
+QColor PixelAt(QWidget& widget, int x, int y) {
+    return Picture(widget).pixelColor(x, y);
+}
+
+int PaintCounter::Take() {
+    QCoreApplication::processEvents();
+    return std::exchange(count_, 0);
+}
+
+bool PaintCounter::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Paint) {
+        ++count_;
+    }
+    return QObject::eventFilter(watched, event);
+}

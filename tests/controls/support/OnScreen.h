@@ -1,0 +1,39 @@
+#pragma once
+
+#include "controls/Display.h"
+
+#include <QImage>
+#include <QWidget>
+
+/// Lets a test stand on a display of another density while it lives.
+class AnotherDensity {
+public:
+    explicit AnotherDensity(int twipsPerPixel) { controls::PinTwipsPerPixel(twipsPerPixel); }
+    AnotherDensity(const AnotherDensity&) = delete;
+    AnotherDensity& operator=(const AnotherDensity&) = delete;
+    ~AnotherDensity() { controls::PinTwipsPerPixel(0); }
+};
+
+/// Shows the widget's window, makes it the active one and waits until it is.
+void ShowAndActivate(QWidget& widget);
+
+/// What the widget looks like now, one image pixel to a device-independent pixel.
+QImage Picture(QWidget& widget);
+
+/// One pixel of it.
+QColor PixelAt(QWidget& widget, int x, int y);
+
+/// Counts how often the widget painted itself.
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+
+    /// How often since the last call; what is still to be painted is painted first.
+    int Take();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    int count_ = 0;
+};

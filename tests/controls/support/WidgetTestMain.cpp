@@ -1,0 +1,15 @@
+#include "controls/Palette.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    // One look for all machines: the style of the desktop would otherwise have a say.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QApplication application(argc, argv);
+    controls::InitialiseColours();
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
