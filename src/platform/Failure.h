@@ -15,6 +15,7 @@ inline constexpr int OutOfMemory = 7;
 inline constexpr int SubscriptOutOfRange = 9;   ///< A place outside 1 to Count.
 inline constexpr int TypeMismatch = 13;         ///< A text that isn't the number it should be.
 inline constexpr int InternalError = 51;        ///< Anything that has no number of its own.
+inline constexpr int FileNotFound = 53;         ///< A program or file that is needed is not there.
 inline constexpr int ObjectNotSet = 91;         ///< A row set that could not be opened was used.
 inline constexpr int InvalidUseOfNull = 94;     ///< A null where a value is needed.
 inline constexpr int InvalidProcedureCall = 5;  ///< An argument that the operation can't take.
