@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QTimer>
 #include <QWidget>
 
 namespace controls {
@@ -11,14 +10,15 @@ namespace {
 
 void Press(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     // The widget with the focus is asked for late: the event that sends keys often moves the focus first.
-    QTimer::singleShot(0, qApp, [key, modifiers, text] {
+    const auto press = [key, modifiers, text] {
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
             if (QWidget* target = QApplication::focusWidget()) {
                 QKeyEvent event(type, key, modifiers, text);
                 QCoreApplication::sendEvent(target, &event);
             }
         }
-    });
+    };
+    QMetaObject::invokeMethod(qApp, press, Qt::QueuedConnection);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "database/General.h"
 #include "database/IntegerText.h"
 #include "database/RecordAccess.h"
+#include "engine/OpenDatabases.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Process.h"
@@ -104,6 +105,10 @@ void SetCurrentDatabase(std::shared_ptr<engine::Database> database) {
         });
     }
     currentDatabase = std::move(database);
+}
+
+void FlushWrites() {
+    engine::FlushOpenDatabases();
 }
 
 }  // namespace database

@@ -68,14 +68,17 @@ void EndProcess(int status) {
     std::_Exit(status);
 }
 
+void EndByFailure() {
+    TellUnhandledFailure();
+    EndProcess(1);
+}
+
 void RunProcess(const std::function<int()>& program) {
-    int status = 1;
     try {
-        status = program();
+        EndProcess(program());
     } catch (...) {
-        TellUnhandledFailure();
+        EndByFailure();
     }
-    EndProcess(status);
 }
 
 void HandleEndSignals() {

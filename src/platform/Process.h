@@ -11,6 +11,10 @@ void AtProcessEnd(std::function<void()> action);
 /// Ends the process at once with this status: the actions of AtProcessEnd run, nothing else does.
 [[noreturn]] void EndProcess(int status);
 
+/// Ends the process because of the failure being handled right now: one message (number and description, in a
+/// message box), then the end with status 1. For handlers behind which nothing could go on.
+[[noreturn]] void EndByFailure();
+
 /// Runs the program and is the last handler: a failure that nobody handled ends the process with one message
 /// (number and description, in a message box) and status 1.
 [[noreturn]] void RunProcess(const std::function<int()>& program);

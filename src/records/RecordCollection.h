@@ -56,6 +56,9 @@ public:
         records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(IndexOf(vntIndexKey)));
     }
 
+    /// What the record is called all over the system.
+    static const QString& NameOf(const Record& record) { return record.*Rules::name; }
+
     /// The enumeration in the order of the places (NewEnum).
     auto begin() const { return records_.begin(); }
     auto end() const { return records_.end(); }
@@ -111,8 +114,6 @@ public:
     }
 
 private:
-    static const QString& NameOf(const Record& record) { return record.*Rules::name; }
-
     std::size_t IndexOf(int place) const {
         if (place < 1 || place > Count()) {
             throw platform::Failure(platform::FailureNumber::SubscriptOutOfRange,

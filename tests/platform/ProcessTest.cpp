@@ -105,6 +105,19 @@ TEST(RunProcess, TellsFailuresThatAreNotOurs) {
     EXPECT_EXIT(RunProcess([]() -> int { throw 42; }), ExitedWithCode(1), "^Wrenfield Wizard: 51: ");
 }
 
+TEST(EndByFailure, TellsTheFailureBeingHandled) {
+    EXPECT_EXIT(
+        {
+            AtProcessEnd([] { std::cerr << "ended"; });
+            try {
+                platform::RaiseOverflow();
+            } catch (...) {
+                platform::EndByFailure();
+            }
+        },
+        ExitedWithCode(1), "^Wrenfield Wizard: 6: Overflow\nended$");
+}
+
 class BrokenMessageBoxes : public platform::MessageBoxPort {
 public:
     platform::Answer Show(const platform::MessageBoxRequest&) override {
