@@ -11,6 +11,14 @@ Collections& TheCollections() {
     return collections;
 }
 
+QString CountsOf(const Collections& collections) {
+    return QStringLiteral("%1 bank accounts\n%2 property owners\n%3 properties\n%4 tenants\n")
+        .arg(collections.bankAccounts.Count())
+        .arg(collections.Owners.Count())
+        .arg(collections.Properties.Count())
+        .arg(collections.Tenants.Count());
+}
+
 void CreateCollections() {
     TheCollections() = Collections();
 

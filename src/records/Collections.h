@@ -18,6 +18,10 @@ struct Collections {
 /// The one set of collections of the process. Before CreateCollections all four are empty.
 Collections& TheCollections();
 
+/// How many records of each kind there are, one line each, as the user is told before and after an import.
+/// The words stay plural for any count.
+QString CountsOf(const Collections& collections);
+
 /// Begins anew: every collection empty, but for the preset bank account "Main Bank Account" with balance 0 as
 /// of today, so that the first page is never empty. Its code is fixed; the others are made at the import.
 void CreateCollections();

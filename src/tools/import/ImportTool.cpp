@@ -39,15 +39,6 @@ bool OpenDatabase(const ImportOptions& options) {
     return database::StartDatabase();
 }
 
-QString Counts() {
-    const records::Collections& all = records::TheCollections();
-    return QStringLiteral("%1 bank accounts\n%2 property owners\n%3 properties\n%4 tenants\n")
-        .arg(all.bankAccounts.Count())
-        .arg(all.Owners.Count())
-        .arg(all.Properties.Count())
-        .arg(all.Tenants.Count());
-}
-
 /// Why the import may not begin; empty if it may.
 QString Objection(const ImportOptions& options) {
     const QFileInfo backup(options.backup);
@@ -90,7 +81,8 @@ int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     database::CurrentDatabase().Flush();
     progressBar.Clear();
     const int failures = boxes.Shown() - shownBefore;
-    PrintOut(Counts() + records::ImportCompleteMessage(false) + QLatin1Char('\n'));
+    PrintOut(records::CountsOf(records::TheCollections()) + records::ImportCompleteMessage(false) +
+             QLatin1Char('\n'));
     if (failures == 0) {
         return ExitStatus::Done;
     }
@@ -117,7 +109,8 @@ int Run(const ImportOptions& options) {
         return Refuse(objection);
     }
     if (options.isDryRun) {
-        PrintOut(QStringLiteral("The following items will be created.\n") + Counts() +
+        PrintOut(QStringLiteral("The following items will be created.\n") +
+                 records::CountsOf(records::TheCollections()) +
                  QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
         return ExitStatus::Done;
     }
