@@ -18,7 +18,7 @@ class ctlGroupBox : public Control {
 
 public:
     struct Properties {
-        QString Caption;
+        QString Caption{};
     };
 
     /// A new one: enabled, with a black frame on the desktop's own ground.

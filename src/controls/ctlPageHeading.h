@@ -24,8 +24,8 @@ class ctlPageHeading : public Control {
 
 public:
     struct Properties {
-        QString Caption;
-        QString Tabs;
+        QString Caption{};
+        QString Tabs{};
         bool CloseButton = false;
     };
 
