@@ -95,11 +95,18 @@ ctlGroupBox::ctlGroupBox(const Properties& properties, QWidget* parent) : ctlGro
     if (ThePalette().Window == 0) {
         ThePalette().Window = whiteOfAnEmptyPalette;
     }
-    QPalette colours = palette();
-    colours.setColor(QPalette::Window, ToQColor(ThePalette().Window));
-    colours.setColor(QPalette::WindowText, Qt::black);
-    setPalette(colours);
+    SetGround(ToQColor(ThePalette().Window));
     SetCaption(properties.Caption);
+}
+
+void ctlGroupBox::SetGround(const QColor& ground) {
+    // Labels in the box take their colours from it, and those of a dark desktop would vanish here.
+    QPalette colours = palette();
+    const QColor disabledText = colours.color(QPalette::Disabled, QPalette::WindowText);
+    colours.setColor(QPalette::Window, ground);
+    colours.setColor(QPalette::WindowText, Qt::black);
+    colours.setColor(QPalette::Disabled, QPalette::WindowText, ReadableOn(ground, disabledText));
+    setPalette(colours);
 }
 
 void ctlGroupBox::SetEnabled(bool enabled) {

@@ -48,6 +48,8 @@ protected:
 private:
     class TitleStrip;
 
+    void SetGround(const QColor& ground);
+
     bool enabled_ = true;
     QString caption_;
     Colour frameColour_ = Black;

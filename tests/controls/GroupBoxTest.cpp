@@ -295,7 +295,11 @@ TEST_F(GroupBoxTest, TextIsReadableOnADarkDesktop) {
         const QLabel label(&box);
         Fill(box);
         EXPECT_EQ(PixelAt(box, 50, 50), QColor(Qt::white));
-        EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(Qt::black));
+        EXPECT_EQ(label.palette().color(QPalette::Active, QPalette::WindowText), QColor(Qt::black));
+        EXPECT_EQ(label.palette().color(QPalette::Inactive, QPalette::WindowText), QColor(Qt::black));
+        const QColor disabled = label.palette().color(QPalette::Disabled, QPalette::WindowText);
+        EXPECT_EQ(disabled, ReadableOn(Qt::white, QColor(230, 230, 230)));
+        EXPECT_NE(disabled, QColor(Qt::black));
     }
     QGuiApplication::setPalette(before);
 }
