@@ -49,9 +49,10 @@ public:
     void SetCaption(const QString& text);
 
     /// Lays bands from the colour of the banner's upper end to that of its lower end over (x1, Y1) to the
-    /// heading's right edge, downward to Y2. They stay until the size changes. Failures are shown in a
-    /// message box, with number and description, and end the painting: 6 for a place beyond 16 bits (a
-    /// heading higher than 32,767 twips), 11 for a heading too low for a single band.
+    /// heading's right edge, downward to Y2, as many as the heading's height had room for. They stay until
+    /// the size changes. Failures are shown in a message box, with number and description, and end the
+    /// painting: 5 for an area too low for so many bands, 6 for a place beyond 16 bits (a heading higher than
+    /// 32,767 twips), 11 for a heading too low for a single band.
     void DrawGradient(qint32 x1, qint32 Y1, qint32 X2, qint32 Y2);
 
     /// See clsSkin.
