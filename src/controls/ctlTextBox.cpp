@@ -43,6 +43,11 @@ ctlTextBox::ctlTextBox(const Properties& saved, QWidget* parent)
     Load(saved);
 }
 
+ctlTextBox::~ctlTextBox() {
+    // The box gives up its focus when it goes, after this object; nobody is left by then to hear of it.
+    box_->disconnect(this);
+}
+
 void ctlTextBox::Load(const Properties& saved) {
     SetEnabled(saved.Enabled);
     SetAlignment(saved.Alignment);

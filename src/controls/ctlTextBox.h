@@ -43,6 +43,9 @@ public:
     /// as many decimals as the user's locale gives money; numbers other than 2 stand for themselves, and so
     /// does every number that is set later on.
     ctlTextBox(const Properties& saved, QWidget* parent);
+    ctlTextBox(const ctlTextBox&) = delete;
+    ctlTextBox& operator=(const ctlTextBox&) = delete;
+    ~ctlTextBox() override;
 
     /// Whether the user can work with it, as far as the control itself is asked.
     bool Enabled() const;

@@ -189,6 +189,17 @@ TEST_F(TextBoxFocusTest, ABoxThatIsDisabledUnderTheUserIsLeft) {
     EXPECT_TRUE(notes.contains(u"lost with 0"_s));
 }
 
+TEST_F(TextBoxFocusTest, ABoxThatGoesAwayUnderTheUserIsSilent) {
+    auto control = std::make_unique<ctlTextBox>(Properties{.Text = u""_s, .IsNumeric = true}, &window);
+    control->show();
+    control->setFocus();
+    bool told = false;
+    QObject::connect(control.get(), &ctlTextBox::Change, &window, [&] { told = true; });
+    QObject::connect(control.get(), &ctlTextBox::LostFocus, &window, [&] { told = true; });
+    control.reset();
+    EXPECT_FALSE(told);
+}
+
 TEST_F(TextBoxFocusTest, TabWalksFromBoxToBoxInTheOrderOfTheForm) {
     QWidget form;
     ctlTextBox first({}, &form);

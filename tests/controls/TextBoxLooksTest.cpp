@@ -4,6 +4,7 @@
 #include "support/TextBoxOnScreen.h"
 
 #include <QApplication>
+#include <QStyle>
 #include <QStyleFactory>
 
 namespace {
@@ -113,8 +114,9 @@ TEST_F(TextBoxLooksTest, TheGroundIsWhiteAndTheTextBlackOnADarkDesktop) {
 
 TEST_F(TextBoxLooksTest, AFrameShowsTheFocusInEveryStyle) {
     for (const QString& style : QStyleFactory::keys()) {
-        QApplication::setStyle(style);
+        const std::unique_ptr<QStyle> look(QStyleFactory::create(style));
         Load({.Text = u""_s});
+        TheBox().setStyle(look.get());
         EXPECT_EQ(PixelAt(TheControl(), 0, 10), ToQColor(ThePalette().Frame)) << style.toStdString();
         EXPECT_EQ(PixelAt(TheControl(), 1, 10), QColor(Qt::white)) << style.toStdString();
         EXPECT_EQ(PixelAt(TheControl(), 199, 19), ToQColor(ThePalette().Frame)) << style.toStdString();
@@ -124,8 +126,8 @@ TEST_F(TextBoxLooksTest, AFrameShowsTheFocusInEveryStyle) {
                 << style.toStdString();
         }
         EXPECT_EQ(PixelAt(TheControl(), 2, 2), QColor(Qt::white)) << style.toStdString();
+        TheBox().setStyle(nullptr);
     }
-    QApplication::setStyle(u"Fusion"_s);
 }
 
 TEST_F(TextBoxLooksTest, TheGroundOfTheControlIsSeenBelowTheImage) {
