@@ -22,9 +22,13 @@ QPalette BlackOnWhite(QPalette palette) {
     return palette;
 }
 
-bool IsLeaving(Qt::FocusReason reason) {
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-           reason != Qt::MenuBarFocusReason;
+/// Whether the focus goes elsewhere in the window. When the window itself stops being the active one, the
+/// windowing system says so with an event of its own, and what happens in another window leaves the box that
+/// waits here alone.
+bool IsLeaving(const QWidget& box, const QFocusEvent& event) {
+    const Qt::FocusReason reason = event.reason();
+    return box.isActiveWindow() && !event.spontaneous() && reason != Qt::ActiveWindowFocusReason &&
+           reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
 }  // namespace
@@ -51,7 +55,7 @@ void EntryBox::Leave() {
 
 bool EntryBox::event(QEvent* event) {
     if (event->type() == QEvent::FocusAboutToChange &&
-        IsLeaving(static_cast<QFocusEvent*>(event)->reason())) {
+        IsLeaving(*this, static_cast<QFocusEvent&>(*event))) {
         Leave();
     }
     return QLineEdit::event(event);
