@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace controls {
+
+/// A small button with a picture in place of a caption. It is pressed by the mouse, by the space bar and by
+/// Enter, and has a frame within its edge while it has the focus.
+class PictureButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    enum class Picture { ArrowDown, ArrowLeft, ArrowRight, TwoArrowsLeft, TwoArrowsRight };
+
+    PictureButton(Picture picture, QWidget* parent);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Picture picture_;
+};
+
+}  // namespace controls

@@ -1,0 +1,155 @@
+#pragma once
+
+#include "controls/Calendar.h"
+#include "controls/CalendarDrawing.h"
+#include "controls/Control.h"
+#include "controls/DateSegments.h"
+#include "controls/PictureButton.h"
+
+#include <QDate>
+#include <QPointer>
+
+#include <array>
+
+namespace controls {
+
+class DateSegmentBox;
+class NoneBox;
+
+/// The date entry control: three boxes for day, month and year in the order of the user's locale, a button
+/// that opens a month calendar, and, where the form allows it, the state "<None>".
+///
+/// The stored date follows the boxes when the focus leaves the whole control, to another control of the same
+/// window: until then Value tells the date from before the typing. Whatever is typed becomes a date; the
+/// control shows no message and raises no event.
+///
+/// No date reaches the rest of the system as a date of the year 1234 (platform::NoDate). It is shown only
+/// where IncludeNone is set; elsewhere it means today.
+///
+/// The open calendar is drawn on the control itself, which grows over its neighbours on the form. It closes
+/// when a day or "<None>" is picked, and when the focus leaves the control. See akDateCalendar.cpp.
+///
+/// All lengths are twips. The control has one height, 285; a form chooses its width.
+class akDate : public Control {
+    Q_OBJECT
+
+public:
+    struct Properties {
+        bool Enabled = true;
+        bool IncludeNone = false;
+    };
+
+    /// A new control: today's date, day first.
+    explicit akDate(QWidget* parent = nullptr);
+    /// The control as a form has saved it, in the locale's order.
+    explicit akDate(const Properties& saved, QWidget* parent = nullptr);
+    ~akDate() override;
+
+    QDate Value() const;
+    /// Changes nothing for an invalid date and for one outside the years 100 to 9999, which the boxes can't
+    /// hold.
+    void SetValue(QDate value);
+
+    bool IncludeNone() const { return IncludeNone_; }
+    /// Where "<None>" is showing and is no longer allowed, the date below it comes back.
+    void SetIncludeNone(bool include);
+
+    /// Passed to every box and button. Closes the calendar either way.
+    bool Enabled() const { return Enabled_; }
+    void SetEnabled(bool enabled);
+
+    /// The ground behind the open calendar, seen beside the boxes.
+    Colour BackColor() const { return BackColor_; }
+    void SetBackColor(Colour colour);
+
+    /// What a screen reader calls the control: the text of the label beside it. Boxes and buttons are named
+    /// after it, "Start date month".
+    void SetLabel(const QString& label);
+    const QString& Label() const { return label_; }
+
+    /// Does what a click of the open button does: opens the calendar, or closes it if it is open.
+    void DropDown();
+    void CloseUp();
+
+    bool DroppedDown() const { return DroppedDown_; }
+    bool NoneShown() const { return NoneShown_; }
+    /// What the open calendar shows.
+    const CalendarPicture& ShownCalendar() const { return calendar_; }
+
+    /// Does what a click on a cell of the open calendar does; nothing for a cell without a day and for one
+    /// that the grid doesn't have.
+    void PickDay(CalendarCell cell);
+    /// Does what a click on the row "<None>" does.
+    void PickNone();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void CreateConstituents();
+    PictureButton* CreateButton(const QString& name, PictureButton::Picture picture);
+    void ConnectConstituents();
+    void PlaceConstituents();
+    void NameConstituents();
+    std::array<QWidget*, 9> Constituents() const;
+    bool HasFocus(const QWidget* constituent) const;
+
+    /// The box at a place from 1 to 3.
+    DateSegmentBox* txtDate(int place) const { return txtDate_.at(static_cast<size_t>(place - 1)); }
+    void SetSegments(int day, int month, int year);
+    void EnterSegment();
+    void LeaveSegment(int place);
+
+    void ShowNone();
+    void HideNone();
+    void PlaceNone();
+
+    void FollowFocus(const QWidget* now);
+    void LoseFocus();
+
+    void SetOwnSize(int width, int height);
+    std::array<PictureButton*, 4> CalendarButtons() const;
+    void Navigate(CalendarMonth (*step)(CalendarMonth));
+    void Redraw();
+    std::optional<int> DayToMark() const;
+    void RaiseOverNeighbours();
+    void GoBackBelowNeighbours();
+
+    std::array<DateSegmentBox*, 3> txtDate_{};
+    PictureButton* cmdOpen_ = nullptr;
+    PictureButton* cmdLeftMonth_ = nullptr;
+    PictureButton* cmdRightMonth_ = nullptr;
+    PictureButton* cmdLeftYear_ = nullptr;
+    PictureButton* cmdRightYear_ = nullptr;
+    NoneBox* txtNone_ = nullptr;
+
+    SegmentOrder order_;
+    QDate stored_;
+    /// The parts last put into the boxes. The calendar navigates on month and year without changing the
+    /// boxes.
+    int DisplayDay_ = 1;
+    CalendarMonth display_;
+    bool Enabled_ = true;
+    bool IncludeNone_ = false;
+    bool NoneShown_ = false;
+    bool DroppedDown_ = false;
+    bool focusIsInside_ = false;
+    bool wasShown_ = false;
+    Colour BackColor_ = SystemColours::ButtonFace;
+    QString label_;
+
+    /// Width of the closed control's frame in twips.
+    int borderWidth_;
+    /// The size in pixels that the control has given itself. Being resized to it, which a hidden widget is
+    /// told of late, is no wish of the form.
+    QSize ownSize_;
+    CalendarPicture calendar_;
+    /// The widget that this one goes back below when the calendar closes.
+    QPointer<QWidget> neighbourAbove_;
+};
+
+}  // namespace controls
