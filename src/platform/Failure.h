@@ -13,6 +13,7 @@ namespace FailureNumber {
 inline constexpr int Overflow = 6;  ///< A counter or a conversion left its 16 bits.
 inline constexpr int OutOfMemory = 7;
 inline constexpr int SubscriptOutOfRange = 9;   ///< A place outside 1 to Count.
+inline constexpr int DivisionByZero = 11;       ///< A height that leaves nothing to divide by.
 inline constexpr int TypeMismatch = 13;         ///< A text that isn't the number it should be.
 inline constexpr int InternalError = 51;        ///< Anything that has no number of its own.
 inline constexpr int ObjectNotSet = 91;         ///< A row set that could not be opened was used.
