@@ -104,11 +104,16 @@ void akGrid::SetTextMatrix(int Row, int Col, const QString& sValue) {
         return;
     }
     store_.SetText(Row - 1, Col - 1, sValue);
-    const int index = CellIndex(Row - topOffset_, Col - 1);
-    if (index != -1) {
-        CellLabel(index).SetCaption(PaddedText(sValue, ColumnAt(Col).Alignment));
-        update();
+    const int index = CellIndex(qint64{Row} - topOffset_, Col - 1);
+    if (index == -1) {
+        return;
     }
+    if (index == static_cast<int>(cells_.size())) {
+        throw platform::Failure(platform::FailureNumber::SubscriptOutOfRange,
+                                QStringLiteral("Subscript out of range"));
+    }
+    cells_[static_cast<size_t>(index)].SetCaption(PaddedText(sValue, ColumnAt(Col).Alignment));
+    update();
 }
 
 QString akGrid::CellText(int row, int column) const {

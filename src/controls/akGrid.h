@@ -117,8 +117,7 @@ public:
     void SetColumnWidths(const QString& text);
 
     /// Selects a cell by its row in the window. Both numbers are clamped in place: a row to the rows of the
-    /// list, not to those on view. Without bForce nothing happens if the cell is current already. Failure 9
-    /// if the cells of that row were never laid out, as during BulkAdd.
+    /// list, not to those on view. Without bForce nothing happens if the cell is current already.
     void SetCurrentCell(int& Row, int& Col, bool bForce);
 
     /// Adds a row behind the last, with a tab between the values. Values beyond the last column are dropped.
@@ -218,7 +217,6 @@ private:
 
     // The selection (akGridSelection.cpp).
     int CellIndex(qint64 row, qint64 column) const;
-    GridLabel& CellLabel(qint64 index);
     void PaintSelection(Colour colour);
     /// False if the cell was current already.
     bool ChangeCurrentCell(int& row, int& column, bool force);

@@ -26,6 +26,12 @@ constexpr int frameAllowance = 60;
 
 constexpr Colour linkColour = RGB(0, 0, 255);
 
+/// A handler can send the selection to any number at all.
+int Moved(int row, int step) {
+    return static_cast<int>(std::clamp<qint64>(qint64{row} + step, std::numeric_limits<int>::min(),
+                                               std::numeric_limits<int>::max()));
+}
+
 /// The bar comes up to date as far as it can: a step that fails is left out.
 template <class Step>
 void Attempt(Step step) {
@@ -65,7 +71,7 @@ void akGrid::CreateParts() {
 }
 
 int akGrid::RowInList(int windowRow) const {
-    return platform::ToLong(double{1} * topOffset_ + windowRow);
+    return Moved(windowRow, topOffset_);
 }
 
 int akGrid::WindowRows() const {
@@ -207,7 +213,7 @@ void akGrid::Scrolled() {
     const auto offset = [this] { return VScroll_->value() - VScroll_->minimum(); };
     const auto step = static_cast<qint16>(offset() - topOffset_);
     if (currentRow_ != 0) {
-        int row = platform::ToLong(double{1} * currentRow_ - step);
+        int row = Moved(currentRow_, -step);
         int column = currentColumn_;
         ChangeCurrentCell(row, column, false);
     }

@@ -1,6 +1,5 @@
 #include "controls/GridAccessible.h"
 #include "controls/akGrid.h"
-#include "platform/Failure.h"
 #include "platform/Rounding.h"
 
 #include <QScrollBar>
@@ -16,24 +15,17 @@ int akGrid::CellIndex(qint64 row, qint64 column) const {
     return index < 0 || index > static_cast<qint64>(cells_.size()) ? -1 : static_cast<int>(index);
 }
 
-GridLabel& akGrid::CellLabel(qint64 index) {
-    if (index < 0 || index >= static_cast<qint64>(cells_.size())) {
-        throw platform::Failure(platform::FailureNumber::SubscriptOutOfRange,
-                                QStringLiteral("Subscript out of range"));
-    }
-    return cells_[static_cast<size_t>(index)];
-}
-
 void akGrid::PaintSelection(Colour colour) {
     if (CellIndex(currentRow_, currentColumn_) == -1) {
         return;
     }
-    const qint64 firstOfRow = Cols() * (qint64{currentRow_} - 1);
-    if (selectType_ != 0) {
-        CellLabel(firstOfRow + currentColumn_ - 1).BackColour = colour;
-    } else {
-        for (int column = 0; column < Cols(); ++column) {
-            CellLabel(firstOfRow + column).BackColour = colour;
+    const int firstColumn = selectType_ == 0 ? 1 : currentColumn_;
+    const int lastColumn = selectType_ == 0 ? Cols() : currentColumn_;
+    for (int column = firstColumn; column <= lastColumn; ++column) {
+        // Rows that were added in bulk have no cells yet.
+        const qint64 index = Cols() * (qint64{currentRow_} - 1) + column - 1;
+        if (index >= 0 && index < static_cast<qint64>(cells_.size())) {
+            cells_[static_cast<size_t>(index)].BackColour = colour;
         }
     }
     update();
