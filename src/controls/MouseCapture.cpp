@@ -73,6 +73,9 @@ bool Capture::EndsBy(const QObject* watched, const QEvent& event) const {
         case QEvent::TouchBegin:
         case QEvent::TabletPress:
             return watched->isWidgetType() && watched != holder_;
+        case QEvent::Leave:
+            // With a mouse button held the moves go on arriving at the holder, and they know better.
+            return watched == holder_ && !IsMouseButtonDown();
         case QEvent::Hide:
         case QEvent::ParentChange:
             return watched == holder_;

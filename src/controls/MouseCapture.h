@@ -15,9 +15,9 @@ namespace controls {
 ///
 /// Nothing that the user does is lost through a capture:
 /// - A press anywhere else ends it and goes where it was aimed at.
+/// - It ends when the pointer leaves its window with no button held, however that came about.
 /// - It ends when its window is hidden, disabled, given another parent or destroyed, when that window's form
 ///   stops being the active one, and when a modal dialog or a popup opens.
-/// - It ends when the window was told of a move outside of it with no button held and has kept it.
 ///
 /// A window that loses the capture, also by ReleaseMouseCapture, gets a QEvent::UngrabMouse.
 

@@ -188,13 +188,6 @@ void ctlButton::PointerReleased(const QPointF& position) {
     }
 }
 
-void ctlButton::PointerLost() {
-    if (std::exchange(captureHeld_, false)) {
-        ReleaseMouseCapture();
-    }
-    SetButtonState(StateAfter(Input::PointerLost));
-}
-
 bool ctlButton::IsOnIcon(const QPointF& position) const {
     const QPointF twips = position * TwipsPerPixel();
     return !pic_.isNull() && imgIcon_.left() <= twips.x() && twips.x() <= imgIcon_.right() &&
@@ -204,7 +197,7 @@ bool ctlButton::IsOnIcon(const QPointF& position) const {
 bool ctlButton::event(QEvent* event) {
     if (event->type() == QEvent::UngrabMouse) {
         captureHeld_ = false;
-        PointerLost();
+        SetButtonState(StateAfter(Input::PointerLost));
         return true;
     }
     return Control::event(event);
@@ -231,7 +224,7 @@ void ctlButton::focusOutEvent(QFocusEvent* /*event*/) {
 
 void ctlButton::hideEvent(QHideEvent* /*event*/) {
     pressedByLeftButton_ = false;
-    PointerLost();
+    SetButtonState(StateAfter(Input::PointerLost));
 }
 
 void ctlButton::keyPressEvent(QKeyEvent* event) {
@@ -243,9 +236,10 @@ void ctlButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void ctlButton::leaveEvent(QEvent* /*event*/) {
-    // With a mouse button held the moves go on arriving, and they know better.
+    // The pointer can leave without a move that would tell, such as over the edge of the form. With a mouse
+    // button held the moves go on arriving, and they know better.
     if (!IsMouseButtonDown()) {
-        PointerLost();
+        SetButtonState(StateAfter(Input::PointerLost));
     }
 }
 

@@ -103,7 +103,6 @@ private:
 
     void PointerMoved(const QPointF& position);
     void PointerReleased(const QPointF& position);
-    void PointerLost();
     bool IsOnIcon(const QPointF& position) const;
 
     QString caption_;

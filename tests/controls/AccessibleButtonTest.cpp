@@ -1,3 +1,4 @@
+#include "support/AccessibleEvents.h"
 #include "support/ButtonForm.h"
 #include "support/PrintQt.h"
 
@@ -7,43 +8,21 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace {
 
 using namespace controls;
 
-std::vector<std::pair<QAccessible::Event, QAccessible::State>> heard;
-QObject* listenedTo = nullptr;
-
-void Hear(QAccessibleEvent* event) {
-    if (event->object() == listenedTo) {
-        const bool ofState = event->type() == QAccessible::StateChanged;
-        heard.emplace_back(event->type(),
-                           ofState ? static_cast<QAccessibleStateChangeEvent*>(event)->changedStates()
-                                   : QAccessible::State());
-    }
-}
-
 class AccessibleButtonTest : public ::testing::Test, protected ButtonForm {
 protected:
-    AccessibleButtonTest() : accessible(QAccessible::queryAccessibleInterface(&button)) {
-        QAccessible::setActive(true);
+    AccessibleButtonTest() : accessible(QAccessible::queryAccessibleInterface(&button)), events(button) {
         MoveToGround();
-        heard.clear();
-        listenedTo = &button;
-        previous = QAccessible::installUpdateHandler(Hear);
-    }
-    ~AccessibleButtonTest() override {
-        QAccessible::installUpdateHandler(previous);
-        QAccessible::setActive(false);
-        listenedTo = nullptr;
+        events.Take();
     }
 
     void Press() { accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction()); }
 
     QAccessibleInterface* accessible;
-    QAccessible::UpdateHandler previous = nullptr;
+    AccessibleEvents events;
 };
 
 TEST_F(AccessibleButtonTest, IsAPushButtonNamedByItsCaption) {
@@ -107,36 +86,40 @@ TEST_F(AccessibleButtonTest, CanBeGivenTheFocus) {
 
 TEST_F(AccessibleButtonTest, SaysSoWhenItIsDisabled) {
     button.SetEnabled(false);
-    ASSERT_EQ(heard.size(), 1U);
-    EXPECT_EQ(heard[0].first, QAccessible::StateChanged);
-    EXPECT_TRUE(heard[0].second.disabled);
+    const auto told = events.Take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].type, QAccessible::StateChanged);
+    EXPECT_TRUE(told[0].changed.disabled);
     button.SetEnabled(false);
-    EXPECT_EQ(heard.size(), 1U);
+    EXPECT_TRUE(events.Take().empty());
 }
 
 TEST_F(AccessibleButtonTest, SaysSoWhenItsNameChanges) {
     button.SetCaption(QStringLiteral("Change"));
-    ASSERT_EQ(heard.size(), 1U);
-    EXPECT_EQ(heard[0].first, QAccessible::NameChanged);
+    const auto told = events.Take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].type, QAccessible::NameChanged);
     button.SetCaption(QStringLiteral("Change"));
-    EXPECT_EQ(heard.size(), 1U);
+    EXPECT_TRUE(events.Take().empty());
 }
 
 TEST_F(AccessibleButtonTest, SaysSoWhenItIsPressedAndLetGo) {
     button.setFocus();
     mouse.MoveTo(button);
-    heard.clear();
+    events.Take();
     mouse.Press();
-    ASSERT_EQ(heard.size(), 1U);
-    EXPECT_TRUE(heard[0].second.pressed);
+    const auto told = events.Take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told[0].changed.pressed);
     mouse.Release();
-    EXPECT_EQ(heard.size(), 2U);
+    EXPECT_EQ(events.Take().size(), 1U);
 }
 
 TEST_F(AccessibleButtonTest, TheFocusArrivingIsTold) {
     button.setFocus();
-    ASSERT_FALSE(heard.empty());
-    EXPECT_EQ(heard.back().first, QAccessible::Focus);
+    const auto told = events.Take();
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told.back().type, QAccessible::Focus);
 }
 
 }  // namespace

@@ -169,7 +169,7 @@ TEST_F(ButtonCaptureTest, AModalDialogOpenedByTheClickGetsTheMouse) {
     int innerClicks = 0;
     QObject::connect(&button, &ctlButton::Click, [&] {
         QDialog dialog(&window);
-        dialog.setGeometry(window.geometry().translated(10, 10));
+        dialog.setGeometry(450, 300, 200, 100);
         ctlButton close({.Caption = QStringLiteral("Close")}, &dialog);
         close.setGeometry(20, 20, 105, 25);
         QObject::connect(&close, &ctlButton::Click, [&] {

@@ -19,12 +19,13 @@ QPoint Mouse::PlaceInWindow() const {
 
 void Mouse::MoveTo(const QWidget& widget, QPoint place) {
     place_ = widget.mapToGlobal(place);
-    if (held_ == Qt::NoButton) {
+    // With a button held the window goes on getting moves outside of it. And the cursor hasn't followed what
+    // was dragged: back where it was before, it would not move.
+    if (held_ != Qt::NoButton || QCursor::pos() == place_) {
+        QTest::mouseMove(window_.windowHandle(), PlaceInWindow());
+    } else {
         QCursor::setPos(place_);
         QCoreApplication::processEvents();
-    } else {
-        // With a button held the window goes on getting moves outside of it.
-        QTest::mouseMove(window_.windowHandle(), PlaceInWindow());
     }
 }
 
