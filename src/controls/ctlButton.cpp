@@ -211,6 +211,13 @@ void ctlButton::changeEvent(QEvent* event) {
     Control::changeEvent(event);
 }
 
+void ctlButton::enterEvent(QEnterEvent* event) {
+    // Where a form or a page opens under a pointer that rests, no move follows.
+    if (!IsMouseButtonDown()) {
+        PointerMoved(event->position());
+    }
+}
+
 void ctlButton::focusInEvent(QFocusEvent* /*event*/) {
     if (!enabled_) {
         SendTab();

@@ -26,6 +26,26 @@ TEST_F(ButtonStateTest, ThePointerOverItGivesHoverAndTakesTheCapture) {
     EXPECT_TRUE(button.CaptureHeld());
 }
 
+TEST_F(ButtonStateTest, AppearingUnderAPointerThatRestsGivesHover) {
+    button.hide();
+    mouse.MoveTo(button);
+    button.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(State(), ButtonStates::Hover);
+    EXPECT_TRUE(button.CaptureHeld());
+    MoveToGround();
+    EXPECT_EQ(State(), ButtonStates::Normal);
+}
+
+TEST_F(ButtonStateTest, LettingGoOverItWhatWasPressedElsewhereGivesHover) {
+    MoveToGround();
+    mouse.Press();
+    mouse.MoveTo(button);
+    EXPECT_EQ(State(), ButtonStates::Normal);
+    mouse.Release();
+    EXPECT_EQ(State(), ButtonStates::Hover);
+}
+
 TEST_F(ButtonStateTest, TheFocusArrivingGivesHover) {
     button.setFocus();
     EXPECT_EQ(State(), ButtonStates::Hover);

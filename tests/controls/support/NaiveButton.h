@@ -86,6 +86,9 @@ public:
             if (pressWentToButton && !OnButton()) {
                 GiveUp();
             }
+            if (!pressWentToButton && OnButton()) {
+                Moved();  // the pointer is found on it without a move
+            }
             pressWentToButton = false;
             pointerWasOnButton = OnButton();
         }
