@@ -1,5 +1,6 @@
 #include "controls/HandCursor.h"
 #include "platform/Files.h"
+#include "support/CursorFile.h"
 
 #include <QFile>
 #include <QPixmap>
@@ -8,28 +9,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-/// A cursor file of 16 by 16 black pixels with its hot spot at (5, 1).
-QByteArray CursorFile() {
-    QByteArray file;
-    const auto put16 = [&file](int value) {
-        file += static_cast<char>(value & 255), file += static_cast<char>(value >> 8);
-    };
-    const auto put32 = [&put16](int value) { put16(value & 65535), put16(value >> 16); };
-    constexpr int side = 16;
-    constexpr int pixels = side * side * 4;
-    constexpr int mask = side * 4;
-    put16(0), put16(2), put16(1);
-    file += static_cast<char>(side), file += static_cast<char>(side), put16(0);
-    put16(5), put16(1), put32(40 + pixels + mask), put32(22);
-    put32(40), put32(side), put32(side * 2), put16(1), put16(32), put32(0), put32(pixels), put32(0), put32(0);
-    put32(0), put32(0);
-    for (int pixel = 0; pixel < side * side; ++pixel) {
-        file += QByteArray("\0\0\0\xff", 4);
-    }
-    file += QByteArray(mask, '\0');
-    return file;
-}
 
 class HandCursorTest : public ::testing::Test {
 protected:

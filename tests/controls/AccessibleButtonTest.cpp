@@ -1,0 +1,125 @@
+#include "support/AccessibleEvents.h"
+#include "support/ButtonForm.h"
+#include "support/PrintQt.h"
+
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace controls;
+
+class AccessibleButtonTest : public ::testing::Test, protected ButtonForm {
+protected:
+    AccessibleButtonTest() : accessible(QAccessible::queryAccessibleInterface(&button)), events(button) {
+        MoveToGround();
+        events.Take();
+    }
+
+    void Press() { accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction()); }
+
+    QAccessibleInterface* accessible;
+    AccessibleEvents events;
+};
+
+TEST_F(AccessibleButtonTest, IsAPushButtonNamedByItsCaption) {
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Button);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Add"));
+    button.SetCaption(QStringLiteral("Save & close"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Save & close"));
+    EXPECT_EQ(accessible->rect(), QRect(button.mapToGlobal(QPoint(0, 0)), button.size()));
+}
+
+TEST_F(AccessibleButtonTest, TellsItsStates) {
+    EXPECT_TRUE(accessible->state().focusable);
+    EXPECT_FALSE(accessible->state().focused);
+    EXPECT_FALSE(accessible->state().disabled);
+    EXPECT_FALSE(accessible->state().pressed);
+    button.setFocus();
+    EXPECT_TRUE(accessible->state().focused);
+    button.SetEnabled(false);
+    EXPECT_TRUE(accessible->state().disabled);
+}
+
+TEST_F(AccessibleButtonTest, IsPressedWhileHeldDown) {
+    mouse.MoveTo(button);
+    EXPECT_FALSE(accessible->state().pressed);
+    mouse.Press();
+    EXPECT_TRUE(accessible->state().pressed);
+    mouse.Release();
+    EXPECT_FALSE(accessible->state().pressed);
+}
+
+TEST_F(AccessibleButtonTest, CanBePressedOnceTheEventIsDone) {
+    EXPECT_TRUE(
+        accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    Press();
+    EXPECT_EQ(clicks, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(AccessibleButtonTest, CanNotBePressedWhileDisabled) {
+    button.SetEnabled(false);
+    EXPECT_FALSE(
+        accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    Press();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(AccessibleButtonTest, CanNotBePressedWhileItsWindowIsDisabled) {
+    static_cast<QWidget&>(button).setEnabled(false);
+    Press();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(AccessibleButtonTest, CanBeGivenTheFocus) {
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(button.hasFocus());
+}
+
+TEST_F(AccessibleButtonTest, SaysSoWhenItIsDisabled) {
+    button.SetEnabled(false);
+    const auto told = events.Take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].type, QAccessible::StateChanged);
+    EXPECT_TRUE(told[0].changed.disabled);
+    button.SetEnabled(false);
+    EXPECT_TRUE(events.Take().empty());
+}
+
+TEST_F(AccessibleButtonTest, SaysSoWhenItsNameChanges) {
+    button.SetCaption(QStringLiteral("Change"));
+    const auto told = events.Take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].type, QAccessible::NameChanged);
+    button.SetCaption(QStringLiteral("Change"));
+    EXPECT_TRUE(events.Take().empty());
+}
+
+TEST_F(AccessibleButtonTest, SaysSoWhenItIsPressedAndLetGo) {
+    button.setFocus();
+    mouse.MoveTo(button);
+    events.Take();
+    mouse.Press();
+    const auto told = events.Take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told[0].changed.pressed);
+    mouse.Release();
+    EXPECT_EQ(events.Take().size(), 1U);
+}
+
+TEST_F(AccessibleButtonTest, TheFocusArrivingIsTold) {
+    button.setFocus();
+    const auto told = events.Take();
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told.back().type, QAccessible::Focus);
+}
+
+}  // namespace
