@@ -36,8 +36,8 @@ void ForEachBand(qint32 limit, qint16 step, const std::function<void(qint16)>& p
         throw platform::Failure(platform::FailureNumber::InvalidProcedureCall,
                                 QStringLiteral("Invalid procedure call or argument"));
     }
-    for (qint16 place = 1; place <= limit; place = platform::ToInteger(place + step)) {
-        paint(place);
+    for (qint32 place = 1; place <= limit; place = platform::ToInteger(place + step)) {
+        paint(static_cast<qint16>(place));
     }
 }
 

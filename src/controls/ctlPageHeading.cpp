@@ -66,8 +66,6 @@ ctlPageHeading::ctlPageHeading(QWidget* parent)
     QPalette colours = lblCaption_->palette();
     colours.setColor(QPalette::WindowText, Qt::white);
     lblCaption_->setPalette(colours);
-    // A tab that reaches under the title in a low heading can still be clicked.
-    lblCaption_->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     imgCloseButton_->setObjectName(QStringLiteral("imgCloseButton"));
     imgCloseButton_->hide();
