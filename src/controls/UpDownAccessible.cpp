@@ -2,97 +2,32 @@
 
 #include "controls/UpDownImage.h"
 
-#include <QPointer>
-
 namespace controls {
 
-namespace {
-
-/// One half as a push button.
-class HalfButton : public QAccessibleInterface, public QAccessibleActionInterface {
-public:
-    HalfButton(UpDownImage* image, UpDownHalf half) : image_(image), half_(half) {}
-
-    bool isValid() const override { return image_ != nullptr; }
-    QObject* object() const override { return nullptr; }
-    QWindow* window() const override { return parent()->window(); }
-    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(image_); }
-    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-    QAccessible::Role role() const override { return QAccessible::PushButton; }
-    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
-
-    QString text(QAccessible::Text kind) const override {
-        if (kind != QAccessible::Name) {
-            return {};
-        }
-        const bool isUp = half_ == UpDownHalf::Up;
-        if (image_->Label().isEmpty()) {
-            return isUp ? QStringLiteral("Up") : QStringLiteral("Down");
-        }
-        return image_->Label() + (isUp ? QStringLiteral(" up") : QStringLiteral(" down"));
-    }
-
-    QRect rect() const override {
-        const QRect area = image_->Area(half_);
-        return {image_->mapToGlobal(area.topLeft()), area.size()};
-    }
-
-    QAccessible::State state() const override {
-        QAccessible::State state;
-        state.disabled = !image_->isEnabled();
-        state.invisible = !image_->isVisible();
-        return state;
-    }
-
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
-                                                    : nullptr;
-    }
-
-    QStringList actionNames() const override { return {pressAction()}; }
-    QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
-    void doAction(const QString& name) override {
-        if (name == pressAction() && image_->isEnabled() && image_->isVisible()) {
-            image_->Press(half_);
-        }
-    }
-
-private:
-    QPointer<UpDownImage> image_;
-    UpDownHalf half_;
-};
-
-}  // namespace
-
-UpDownAccessible::UpDownAccessible(UpDownImage* image)
-    : QAccessibleWidget(image, QAccessible::Grouping),
-      halves_{QAccessible::registerAccessibleInterface(new HalfButton(image, UpDownHalf::Up)),
-              QAccessible::registerAccessibleInterface(new HalfButton(image, UpDownHalf::Down))} {
+UpDownAccessible::UpDownAccessible(UpDownImage* image) : QAccessibleWidget(image, QAccessible::Grouping) {
 }
 
-UpDownAccessible::~UpDownAccessible() {
-    for (const QAccessible::Id half : halves_) {
-        QAccessible::deleteAccessibleInterface(half);
-    }
+UpDownImage& UpDownAccessible::Image() const {
+    return *static_cast<UpDownImage*>(widget());
 }
 
 QString UpDownAccessible::text(QAccessible::Text kind) const {
-    const auto* image = static_cast<const UpDownImage*>(widget());
-    return kind == QAccessible::Name ? image->Label() : QAccessibleWidget::text(kind);
+    return kind == QAccessible::Name ? Image().Label() : QAccessibleWidget::text(kind);
 }
 
 int UpDownAccessible::childCount() const {
-    return static_cast<int>(halves_.size());
+    return 2;
 }
 
 QAccessibleInterface* UpDownAccessible::child(int index) const {
-    if (index < 0 || index >= childCount()) {
-        return nullptr;
+    switch (index) {
+        case 0:
+            return QAccessible::queryAccessibleInterface(&Image().Button(UpDownHalf::Up));
+        case 1:
+            return QAccessible::queryAccessibleInterface(&Image().Button(UpDownHalf::Down));
+        default:
+            return nullptr;
     }
-    return QAccessible::accessibleInterface(halves_.at(static_cast<size_t>(index)));
 }
 
 int UpDownAccessible::indexOfChild(const QAccessibleInterface* child) const {
@@ -111,6 +46,80 @@ QAccessibleInterface* UpDownAccessible::childAt(int x, int y) const {
         }
     }
     return nullptr;
+}
+
+UpDownButtonAccessible::UpDownButtonAccessible(UpDownButton* button) : QAccessibleObject(button) {
+}
+
+UpDownButton& UpDownButtonAccessible::Button() const {
+    return *static_cast<UpDownButton*>(object());
+}
+
+QWindow* UpDownButtonAccessible::window() const {
+    return parent()->window();
+}
+
+QAccessibleInterface* UpDownButtonAccessible::parent() const {
+    return QAccessible::queryAccessibleInterface(&Button().Image());
+}
+
+QAccessibleInterface* UpDownButtonAccessible::child(int /*index*/) const {
+    return nullptr;
+}
+
+int UpDownButtonAccessible::childCount() const {
+    return 0;
+}
+
+int UpDownButtonAccessible::indexOfChild(const QAccessibleInterface* /*child*/) const {
+    return -1;
+}
+
+QAccessible::Role UpDownButtonAccessible::role() const {
+    return QAccessible::PushButton;
+}
+
+QString UpDownButtonAccessible::text(QAccessible::Text kind) const {
+    if (kind != QAccessible::Name) {
+        return {};
+    }
+    const QString& label = Button().Image().Label();
+    const bool isUp = Button().Half() == UpDownHalf::Up;
+    if (label.isEmpty()) {
+        return isUp ? QStringLiteral("Up") : QStringLiteral("Down");
+    }
+    return label + (isUp ? QStringLiteral(" up") : QStringLiteral(" down"));
+}
+
+QRect UpDownButtonAccessible::rect() const {
+    const QRect area = Button().Image().Area(Button().Half());
+    return {Button().Image().mapToGlobal(area.topLeft()), area.size()};
+}
+
+QAccessible::State UpDownButtonAccessible::state() const {
+    QAccessible::State state;
+    state.disabled = !Button().Image().isEnabled();
+    state.invisible = !Button().Image().isVisible();
+    return state;
+}
+
+void* UpDownButtonAccessible::interface_cast(QAccessible::InterfaceType type) {
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+}
+
+QStringList UpDownButtonAccessible::actionNames() const {
+    return {pressAction()};
+}
+
+QStringList UpDownButtonAccessible::keyBindingsForAction(const QString& /*name*/) const {
+    return {};
+}
+
+void UpDownButtonAccessible::doAction(const QString& name) {
+    UpDownImage& image = Button().Image();
+    if (name == pressAction() && image.isEnabled() && image.isVisible()) {
+        image.Press(Button().Half());
+    }
 }
 
 }  // namespace controls

@@ -36,6 +36,10 @@ void DrawArrows(PaintedCanvas& canvas, Colour colour) {
 
 }  // namespace
 
+UpDownButton::UpDownButton(UpDownImage* image, UpDownHalf half) : QObject(image), image_(image), half_(half) {
+    RegisterAccessible<UpDownButton, UpDownButtonAccessible>();
+}
+
 UpDownImage::UpDownImage(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("imgUpDown"));
     resize(pixelWidth, pixelHeight);
@@ -48,6 +52,10 @@ void UpDownImage::SetLabel(const QString& label) {
 
 UpDownHalf UpDownImage::HalfAt(double y) const {
     return y > pixelHeight / 2.0 ? UpDownHalf::Down : UpDownHalf::Up;
+}
+
+UpDownButton& UpDownImage::Button(UpDownHalf half) {
+    return half == UpDownHalf::Up ? up_ : down_;
 }
 
 QRect UpDownImage::Area(UpDownHalf half) const {

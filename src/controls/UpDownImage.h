@@ -7,6 +7,23 @@ namespace controls {
 
 enum class UpDownHalf { Up, Down };
 
+class UpDownImage;
+
+/// One half of an up/down image, as an object that assistive programs can be told of.
+class UpDownButton : public QObject {
+    Q_OBJECT
+
+public:
+    UpDownButton(UpDownImage* image, UpDownHalf half);
+
+    UpDownImage& Image() const { return *image_; }
+    UpDownHalf Half() const { return half_; }
+
+private:
+    UpDownImage* image_;
+    UpDownHalf half_;
+};
+
 /// The picture with an upper and a lower half beside a text box, 16 by 19 pixels on every display. Each press
 /// of the left mouse button is one step, a quick second one too; holding it down repeats nothing. Assistive
 /// programs see a push button in each half.
@@ -25,6 +42,8 @@ public:
 
     /// The half that a height in pixels lies on; the exact middle is still the upper one.
     UpDownHalf HalfAt(double y) const;
+    UpDownButton& Button(UpDownHalf half);
+
     /// Where a half lies.
     QRect Area(UpDownHalf half) const;
     /// What a press on the half does.
@@ -38,6 +57,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    UpDownButton up_{this, UpDownHalf::Up};
+    UpDownButton down_{this, UpDownHalf::Down};
     QString label_;
 };
 

@@ -32,7 +32,6 @@ ctlTextBox::ctlTextBox(const Properties& saved, QWidget* parent)
     : Control(parent), box_(new InnerTextBox(this)), imgUpDown_(new UpDownImage(this)) {
     rules_.marks = NumberMarks::OfTheUser();
     imgUpDown_->hide();
-    setFocusPolicy(Qt::TabFocus);
     setFocusProxy(box_);
     connect(box_, &QLineEdit::textChanged, this, &ctlTextBox::ReactToChange);
     connect(box_, &InnerTextBox::KeyTyped, this, &ctlTextBox::FilterKey);

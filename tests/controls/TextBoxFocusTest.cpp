@@ -133,8 +133,10 @@ TEST_F(TextBoxFocusTest, AnotherWindowAndBackIsNoLeaving) {
     PlaceCaret(2);
     notes.clear();
     QWidget another;
+    QLineEdit within(&another);
     ShowAndActivate(another);
-    EXPECT_FALSE(TheBox().hasFocus());
+    within.setFocus();
+    EXPECT_TRUE(within.hasFocus());
     ShowAndActivate(window);
     EXPECT_TRUE(TheBox().hasFocus());
     EXPECT_EQ(Caret(), 2);

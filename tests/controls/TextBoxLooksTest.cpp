@@ -4,7 +4,8 @@
 #include "support/TextBoxOnScreen.h"
 
 #include <QApplication>
-#include <QStyle>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QStyleFactory>
 
 namespace {
@@ -128,6 +129,28 @@ TEST_F(TextBoxLooksTest, AFrameShowsTheFocusInEveryStyle) {
         EXPECT_EQ(PixelAt(TheControl(), 2, 2), QColor(Qt::white)) << style.toStdString();
         TheBox().setStyle(nullptr);
     }
+}
+
+/// A style that leaves the ground of an edit box to others.
+class BareStyle : public QProxyStyle {
+public:
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element != PE_PanelLineEdit) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+};
+
+TEST_F(TextBoxLooksTest, TheGroundIsWhiteInAStyleThatPaintsNone) {
+    BareStyle bare;
+    Load({.Text = u""_s});
+    TheBox().setStyle(&bare);
+    QImage picture(TheControl().size(), QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    TheControl().render(&picture);
+    EXPECT_EQ(picture.pixelColor(100, 10), QColor(Qt::white));
+    TheBox().setStyle(nullptr);
 }
 
 TEST_F(TextBoxLooksTest, TheGroundOfTheControlIsSeenBelowTheImage) {

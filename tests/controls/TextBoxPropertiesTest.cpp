@@ -131,6 +131,13 @@ TEST_F(TextBoxPropertiesTest, EnabledIsTheBoxAndTheControl) {
     EXPECT_TRUE(TheBox().isEnabled());
 }
 
+TEST_F(TextBoxPropertiesTest, ABoxThatWasDisabledStaysSoUntilTheControlIsToldOtherwise) {
+    Load({.Enabled = false});
+    TheControl().setEnabled(true);
+    EXPECT_FALSE(TheBox().isEnabled());
+    EXPECT_FALSE(TheControl().Enabled());
+}
+
 TEST_F(TextBoxPropertiesTest, EnabledIsTheControlsOwnAnswer) {
     Load({});
     window.setEnabled(false);
