@@ -1,0 +1,124 @@
+#pragma once
+
+#include "controls/akGrid.h"
+#include "controls/ctlButton.h"
+#include "platform/MessageBox.h"
+#include "screens/Paper.h"
+
+#include <QLabel>
+#include <QWidget>
+
+#include <memory>
+
+namespace screens {
+
+/// A page that shows one collection of records as a list, with the buttons Add, Edit and Remove. The page
+/// holds no data: its grid is made anew from the collection, which is the only truth, and all of it stays in
+/// memory until Finish.
+///
+/// Each page states what is its own:
+///   Dialog                       the dialog that adds or changes one record
+///   label, headings, widths      what the page says and the columns of its list
+///   Collection()                 the records
+///   RowOf(record)                the record's row, the values separated by tabs; the first is its name
+///   MayLeave(collection)         whether Next may leave the page; tells the user why not
+///   EditFieldOf(dialog)          where the dialog takes the record to be changed
+///   TakeFrom(dialog)             adds what the dialog has made; true if the list has to be shown anew
+template <typename Own>
+class ListPage : public QWidget {
+public:
+    explicit ListPage(QWidget* parent) : QWidget(parent) {
+        setPalette(PaperPalette());
+        AddLabel(this, QStringLiteral("Label1"), Own::label, {0, 0, 11000, 300});
+        const QString zeros = QStringLiteral("0|").repeated(Own::headings.count(QLatin1Char('|')));
+        akGrid1_ = new controls::akGrid({.ColumnHeadings = Own::headings,
+                                         .ColumnWidths = Own::widths,
+                                         .ColumnAlignments = zeros,
+                                         .Hyperlinks = zeros,
+                                         .RowCount = QStringLiteral("0"),
+                                         .SelectColour = 9895935},
+                                        this, QRect(0, 450, 9000, heightOfGrid));
+        akGrid1_->setObjectName(QStringLiteral("akGrid1"));
+        // An empty grid reckons with lower rows than it lays out later. Told the true height now, it shows
+        // all the rows that it counts as visible, also those that come while the page is on show.
+        akGrid1_->SetRowHeight(heightOfRows);
+        PutAt(*akGrid1_, {0, 450, 9000, heightOfGrid});
+        AddButton(QStringLiteral("ctlButton1"), QStringLiteral("Add"), 0, &ListPage::Add);
+        AddButton(QStringLiteral("ctlButton2"), QStringLiteral("Edit"), 1, &ListPage::Edit);
+        AddButton(QStringLiteral("ctlButton3"), QStringLiteral("Remove"), 2, &ListPage::Remove);
+    }
+
+    /// Shows the collection as it is now, in its own order.
+    void Initialise() {
+        akGrid1_->SetRows(0);
+        for (const auto& record : Own::Collection()) {
+            akGrid1_->AddItem(Own::RowOf(*record));
+        }
+    }
+
+    /// Whether the page may be left forward. Where it may not, the user has been told why.
+    bool IsValid() { return Own::MayLeave(Own::Collection()); }
+
+private:
+    static constexpr int heightOfRows = 240;
+    /// 22 rows, the heading and the grid's own margin.
+    static constexpr int heightOfGrid = 22 * 225 + 330;
+
+    void AddButton(const QString& name, const QString& caption, int place, void (ListPage::*action)()) {
+        auto* button = new controls::ctlButton({.Caption = caption}, this);
+        button->setObjectName(name);
+        constexpr int pitch = 1700;
+        PutAt(*button, {place * pitch, 450 + heightOfGrid + 150, 1575, 375});
+        connect(button, &controls::ctlButton::Click, this, action);
+    }
+
+    void Add() {
+        const auto dialog = std::make_unique<typename Own::Dialog>(window());
+        dialog->exec();
+        if (Own::TakeFrom(*dialog)) {
+            Initialise();
+        }
+    }
+
+    void Edit() {
+        const QString name = NameInCurrentRow();
+        if (name.isEmpty()) {
+            return;
+        }
+        const auto dialog = std::make_unique<typename Own::Dialog>(window());
+        if (const int place = PlaceOf(name); place > 0) {
+            Own::EditFieldOf(*dialog) = Own::Collection().Item(place);
+        }
+        dialog->exec();
+        Initialise();
+    }
+
+    void Remove() {
+        const QString name = NameInCurrentRow();
+        if (name.isEmpty() || !platform::AskQuestion(QStringLiteral("Delete ") + name + QLatin1Char('?'))) {
+            return;
+        }
+        if (const int place = PlaceOf(name); place > 0) {
+            Own::Collection().Remove(place);
+        }
+        Initialise();
+    }
+
+    QString NameInCurrentRow() const { return akGrid1_->TextMatrix(akGrid1_->AbsoluteRow(), 1); }
+
+    /// The place of the first record of this name, 0 if there is none.
+    static int PlaceOf(const QString& name) {
+        int place = 0;
+        for (const auto& record : Own::Collection()) {
+            ++place;
+            if (Own::Collection().NameOf(*record) == name) {
+                return place;
+            }
+        }
+        return 0;
+    }
+
+    controls::akGrid* akGrid1_;
+};
+
+}  // namespace screens

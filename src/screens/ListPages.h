@@ -1,0 +1,70 @@
+#pragma once
+
+#include "records/Collections.h"
+#include "screens/ListPage.h"
+#include "screens/frmBankAccount.h"
+#include "screens/frmOwner.h"
+#include "screens/frmProperty.h"
+#include "screens/frmTenant.h"
+
+/// What each of the four list pages states as its own.
+namespace screens {
+
+struct AccountsPage {
+    using Dialog = frmBankAccount;
+    static const QString label;
+    static const QString headings;
+    static const QString widths;
+    static records::bankAccounts& Collection() { return records::TheCollections().bankAccounts; }
+    static QString RowOf(const records::BankAccount& record) { return record.BankAccountName; }
+    static bool MayLeave(const records::bankAccounts& collection);
+    static auto& EditFieldOf(Dialog& dialog) { return dialog.EditAccount; }
+    static bool TakeFrom(Dialog& dialog);
+};
+
+struct OwnerPage {
+    using Dialog = frmOwner;
+    static const QString label;
+    static const QString headings;
+    static const QString widths;
+    static records::Owners& Collection() { return records::TheCollections().Owners; }
+    static QString RowOf(const records::Owner& record) { return record.OwnersName; }
+    static bool MayLeave(const records::Owners& collection);
+    static auto& EditFieldOf(Dialog& dialog) { return dialog.EditOwner; }
+    static bool TakeFrom(Dialog& dialog);
+};
+
+struct PropertyPage {
+    using Dialog = frmProperty;
+    static const QString label;
+    static const QString headings;
+    static const QString widths;
+    static records::Properties& Collection() { return records::TheCollections().Properties; }
+    static QString RowOf(const records::Property& record) {
+        return record.Address1 + QLatin1Char('\t') + record.Owner;
+    }
+    static bool MayLeave(const records::Properties& collection);
+    static auto& EditFieldOf(Dialog& dialog) { return dialog.EditProperty; }
+    static bool TakeFrom(Dialog& dialog);
+};
+
+struct TenantPage {
+    using Dialog = frmTenant;
+    static const QString label;
+    static const QString headings;
+    static const QString widths;
+    static records::Tenants& Collection() { return records::TheCollections().Tenants; }
+    static QString RowOf(const records::Tenant& record) {
+        return record.Name + QLatin1Char('\t') + record.PropertyName;
+    }
+    static bool MayLeave(const records::Tenants& collection);
+    static auto& EditFieldOf(Dialog& dialog) { return dialog.EditTenant; }
+    static bool TakeFrom(Dialog& dialog);
+};
+
+using ctlPageAccounts = ListPage<AccountsPage>;
+using ctlPageOwner = ListPage<OwnerPage>;
+using ctlPageProperty = ListPage<PropertyPage>;
+using ctlPageTenant = ListPage<TenantPage>;
+
+}  // namespace screens

@@ -1,0 +1,107 @@
+#include "screens/RecordDialog.h"
+
+#include "controls/Display.h"
+#include "controls/Font.h"
+#include "controls/NumberText.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+
+namespace screens {
+
+using controls::akDate;
+using controls::ctlButton;
+using controls::ctlTextBox;
+
+namespace {
+
+constexpr int margin = 240;
+constexpr int pitch = 435;
+constexpr int widthOfLabels = 2400;
+constexpr int heightOfLists = 330;
+
+}  // namespace
+
+DialogWindow::DialogWindow(const QString& caption, int width, int height, QWidget* parent)
+    : QDialog(parent,
+              Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint) {
+    setWindowTitle(caption);
+    setPalette(PaperPalette());
+    setFont(controls::ControlFont());
+    setFixedSize(controls::ToPixels(width), controls::ToPixels(height));
+}
+
+int DialogWindow::TopOfLine(int line) {
+    return margin + line * pitch;
+}
+
+ctlTextBox* DialogWindow::AddTextBox(const QString& name, const QString& label, int line, int width,
+                                     const ctlTextBox::Properties& properties) {
+    AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
+             {margin, TopOfLine(line) + 45, widthOfLabels, heightOfFields});
+    auto* box = new ctlTextBox(properties, this);
+    box->setObjectName(name);
+    box->SetLabel(label);
+    PutAt(*box, {leftOfFields, TopOfLine(line), width, heightOfFields});
+    return box;
+}
+
+akDate* DialogWindow::AddDate(const QString& name, const QString& label, int line,
+                              const akDate::Properties& properties) {
+    AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
+             {margin, TopOfLine(line) + 45, widthOfLabels, heightOfFields});
+    auto* date = new akDate(properties, this);
+    date->setObjectName(name);
+    date->SetLabel(label);
+    date->Move(leftOfFields, TopOfLine(line));
+    return date;
+}
+
+QComboBox* DialogWindow::AddList(const QString& name, const QString& label, int line, int width) {
+    AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
+             {margin, TopOfLine(line) + 45, widthOfLabels, heightOfFields});
+    return AddPlainList(name, label, {leftOfFields, TopOfLine(line) - 15, width, heightOfLists});
+}
+
+QComboBox* DialogWindow::AddPlainList(const QString& name, const QString& accessibleName,
+                                      const Place& place) {
+    auto* list = new QComboBox(this);
+    list->setObjectName(name);
+    list->setAccessibleName(accessibleName);
+    list->setFont(controls::ControlFont());
+    PutAt(*list, place);
+    return list;
+}
+
+void DialogWindow::AddSaveAndCancel() {
+    constexpr int buttonWidth = 1575;
+    constexpr int buttonHeight = 375;
+    const int top = controls::ToTwips(height()) - margin - buttonHeight;
+    const int right = controls::ToTwips(width()) - margin;
+    auto* save = new ctlButton({.Caption = QStringLiteral("Save"), .Default = true}, this);
+    save->setObjectName(QStringLiteral("cmdSave"));
+    PutAt(*save, {right - 2 * buttonWidth - 120, top, buttonWidth, buttonHeight});
+    connect(save, &ctlButton::Click, this, [this] { Save(); });
+    auto* cancel = new ctlButton({.Caption = QStringLiteral("Cancel"), .Cancel = true}, this);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    PutAt(*cancel, {right - buttonWidth, top, buttonWidth, buttonHeight});
+    connect(cancel, &ctlButton::Click, this, &QDialog::reject);
+}
+
+void DialogWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (activated_) {
+        return;
+    }
+    activated_ = true;
+    const QRect room = (parentWidget() != nullptr ? parentWidget()->screen() : screen())->availableGeometry();
+    move(room.center() - rect().center());
+    Activated();
+}
+
+QString TextOf(double number) {
+    return controls::GeneralText(number, controls::NumberMarks::OfTheUser());
+}
+
+}  // namespace screens

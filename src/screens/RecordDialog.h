@@ -1,0 +1,119 @@
+#pragma once
+
+#include "controls/akDate.h"
+#include "controls/ctlButton.h"
+#include "controls/ctlTextBox.h"
+#include "platform/MessageBox.h"
+#include "records/EntryRules.h"
+#include "screens/Paper.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QString>
+
+namespace screens {
+
+/// The window of a record dialog: of a fixed size, without minimise and maximise buttons, not in the task
+/// bar, in the middle of the screen, always shown with exec(). Controls are added in the order of the Tab
+/// key.
+class DialogWindow : public QDialog {
+    Q_OBJECT
+
+protected:
+    /// The size is that of its inside, in twips.
+    DialogWindow(const QString& caption, int width, int height, QWidget* parent);
+
+    /// Each with a label in front of it, which is also its name for assistive programs. The line is its place
+    /// from above, counted from 0.
+    controls::ctlTextBox* AddTextBox(const QString& name, const QString& label, int line, int width,
+                                     const controls::ctlTextBox::Properties& properties);
+    controls::akDate* AddDate(const QString& name, const QString& label, int line,
+                              const controls::akDate::Properties& properties);
+    QComboBox* AddList(const QString& name, const QString& label, int line, int width);
+
+    /// cmdSave and cmdCancel, side by side at the bottom.
+    void AddSaveAndCancel();
+
+    /// A list that offers its entries and nothing else, without a label.
+    QComboBox* AddPlainList(const QString& name, const QString& accessibleName, const Place& place);
+
+    /// Where a line begins, and where the fields of the lines stand, in twips.
+    static int TopOfLine(int line);
+    static constexpr int leftOfFields = 2700;
+    static constexpr int heightOfFields = 285;
+
+    /// The dialog is about to be seen for the first time.
+    virtual void Activated() = 0;
+    virtual void Save() = 0;
+
+    void showEvent(QShowEvent* event) override;
+
+private:
+    bool activated_ = false;
+};
+
+/// A dialog that makes one new record, or changes one in place. It serves one use: the caller creates it,
+/// sets the field of the record to be changed (or doesn't), runs it, looks at the field of the record made,
+/// and destroys it. Nothing is written before all checks have passed; the first that fails is told and leaves
+/// the dialog as it is.
+///
+/// Collection is one of the four collections, Entry what the rules of entry look at.
+template <typename Collection, typename Entry>
+class RecordDialog : public DialogWindow {
+protected:
+    using Record = typename Collection::Record;
+    using Reference = typename Collection::Reference;
+
+    /// The fields for the record to be changed and for the one made, which are members of the dialog itself.
+    RecordDialog(const QString& caption, int width, int height, QWidget* parent, Reference& edit,
+                 Reference& add)
+        : DialogWindow(caption, width, height, parent), edit_(edit), add_(add) {}
+
+    virtual Collection& Records() = 0;
+    /// Fills the lists that the user chooses from.
+    virtual void FillLists() {}
+    /// Puts the record to be changed on the screen.
+    virtual void ShowRecord(const Record& record) = 0;
+    /// What the user has entered, as far as the checks look at it.
+    virtual Entry Entered() const = 0;
+    virtual const QString& NameIn(const Entry& entry) const = 0;
+    /// Asks about an entry that is unusual but can be meant.
+    virtual bool IsConfirmed(const Entry& /*entry*/) { return true; }
+    /// Fills in what is only converted once all checks have passed.
+    virtual void Complete(Entry& /*entry*/) const {}
+    virtual Reference Make(const Entry& entry) = 0;
+
+    void Activated() override {
+        FillLists();
+        if (edit_) {
+            ShowRecord(*edit_);
+        }
+    }
+
+    void Save() override {
+        Entry entry = Entered();
+        if (const QString fault = records::FirstFault(entry); !fault.isEmpty()) {
+            platform::ShowMessageBox(fault);
+            return;
+        }
+        if (!IsConfirmed(entry) || Records().NameExists(NameIn(entry), edit_)) {
+            return;
+        }
+        Complete(entry);
+        if (edit_) {
+            records::ChangeRecord(*edit_, entry);
+        } else {
+            add_ = Make(entry);
+        }
+        accept();
+    }
+
+private:
+    Reference& edit_;
+    Reference& add_;
+};
+
+/// The number as the edit box of a record shows it: no padding, no thousands separators.
+QString TextOf(double number);
+
+}  // namespace screens

@@ -1,0 +1,36 @@
+#include "screens/ctlSingleOwner.h"
+
+#include "controls/ctlTextBox.h"
+#include "records/EntryRules.h"
+#include "screens/Paper.h"
+
+namespace screens {
+
+ctlSingleOwner::ctlSingleOwner(QWidget* parent) : QWidget(parent) {
+    setPalette(PaperPalette());
+    AddLabel(
+        this, QStringLiteral("Label1"),
+        QStringLiteral("As a landlord, enter your name or company name or trust name as the property owner."),
+        {0, 0, 11000, 300});
+    const QString caption = QStringLiteral("Owner Name");
+    AddLabel(this, QStringLiteral("Label2"), caption, {0, 645, 1500, 300});
+    txtName_ = new controls::ctlTextBox(
+        {.MaxLength = records::EntryLimit::SingleOwnersName, .Text = QString()}, this);
+    txtName_->setObjectName(QStringLiteral("txtName"));
+    txtName_->SetLabel(caption);
+    PutAt(*txtName_, {1600, 600, 3600, 285});
+}
+
+void ctlSingleOwner::Initialise() {
+    const records::Owners& owners = records::TheCollections().Owners;
+    if (owners.Count() > 0) {
+        txtName_->SetText(owners.Item(1)->OwnersName);
+    }
+}
+
+bool ctlSingleOwner::IsValid() {
+    records::ReplaceOwners(records::TheCollections().Owners, txtName_->Text());
+    return true;
+}
+
+}  // namespace screens

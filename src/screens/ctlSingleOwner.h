@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+namespace controls {
+class ctlTextBox;
+}
+
+namespace screens {
+
+/// The page of owners as a landlord sees it: one name, and no list. Leaving it forward makes the owner anew;
+/// whatever owners were entered before are gone then.
+class ctlSingleOwner : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ctlSingleOwner(QWidget* parent);
+
+    /// Shows the first owner, if there is one.
+    void Initialise();
+
+    /// Always true: an empty name is an owner too.
+    bool IsValid();
+
+private:
+    controls::ctlTextBox* txtName_;
+};
+
+}  // namespace screens

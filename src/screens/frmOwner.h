@@ -1,0 +1,28 @@
+#pragma once
+
+#include "screens/RecordDialog.h"
+
+#include <memory>
+
+namespace screens {
+
+/// Adds an owner or changes one.
+class frmOwner : public RecordDialog<records::Owners, records::OwnerEntry> {
+public:
+    explicit frmOwner(QWidget* parent);
+
+    std::shared_ptr<records::Owner> EditOwner;
+    std::shared_ptr<records::Owner> AddOwner;
+
+protected:
+    records::Owners& Records() override;
+    void ShowRecord(const records::Owner& record) override;
+    records::OwnerEntry Entered() const override;
+    const QString& NameIn(const records::OwnerEntry& entry) const override;
+    std::shared_ptr<records::Owner> Make(const records::OwnerEntry& entry) override;
+
+private:
+    controls::ctlTextBox* txtName_;
+};
+
+}  // namespace screens

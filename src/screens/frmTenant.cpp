@@ -1,0 +1,188 @@
+#include "screens/frmTenant.h"
+
+#include "controls/Font.h"
+#include "platform/NoDate.h"
+#include "platform/Rounding.h"
+
+#include <QLabel>
+#include <QRadioButton>
+
+namespace screens {
+
+using controls::ctlTextBox;
+
+namespace {
+
+constexpr int lineOfFrequency = 5;
+constexpr int topOfBalance = 3800;
+
+const ctlTextBox::Properties& MoneyBox() {
+    static const ctlTextBox::Properties properties{.Alignment = 1,
+                                                   .Text = QStringLiteral("0.00"),
+                                                   .IsNumeric = true,
+                                                   .DecimalPlaces = 2,
+                                                   .AllowNegative = true};
+    return properties;
+}
+
+const ctlTextBox::Properties& CountBox() {
+    static const ctlTextBox::Properties properties{
+        .Alignment = 1, .Text = QStringLiteral("1"), .IsNumeric = true, .DecimalPlaces = 0};
+    return properties;
+}
+
+}  // namespace
+
+frmTenant::frmTenant(QWidget* parent)
+    : RecordDialog(QStringLiteral("Tenant"), 9600, 6600, parent, EditTenant, AddTenant) {
+    AddTenancyFields();
+    AddRentFields();
+    AddBalanceFields();
+    AddMonthDayFields();
+    Load();
+}
+
+void frmTenant::AddTenancyFields() {
+    txtName_ = AddTextBox(QStringLiteral("txtName"), QStringLiteral("Tenants Name"), 0, 3600,
+                          {.MaxLength = records::EntryLimit::TenantsName, .Text = QString()});
+    datStart_ =
+        AddDate(QStringLiteral("datStart"), QStringLiteral("Tenancy Start Date"), 1, {.IncludeNone = true});
+    AddLabel(this, QStringLiteral("lblStartNote"),
+             QStringLiteral("NOTE - This date can NOT be changed later."),
+             {leftOfFields + 1800, TopOfLine(1) + 45, 4600, heightOfFields});
+    datEnd_ = AddDate(QStringLiteral("datEnd"), QStringLiteral("Tenancy End Date"), 2, {.IncludeNone = true});
+    cboProperty_ = AddList(QStringLiteral("cboProperty"), QStringLiteral("Property"), 3, 3600);
+}
+
+void frmTenant::AddRentFields() {
+    ctlTextBox::Properties rent = MoneyBox();
+    rent.AllowNegative = false;
+    txtRent_ = AddTextBox(QStringLiteral("txtRent"), QStringLiteral("Current Rent"), 4, 1575, rent);
+    txtFreqNumber_ = AddTextBox(QStringLiteral("txtFreqNumber"), QStringLiteral("Rent Frequency"),
+                                lineOfFrequency, 600, CountBox());
+    cboFrequency_ = AddPlainList(QStringLiteral("cboFrequency"), QStringLiteral("Rent Frequency Unit"),
+                                 {leftOfFields + 720, TopOfLine(lineOfFrequency) - 15, 1200, 330});
+    txtBond_ =
+        AddTextBox(QStringLiteral("txtBond"), QStringLiteral("Bond/Deposit Held"), 6, 1575, MoneyBox());
+}
+
+void frmTenant::AddBalanceFields() {
+    AddLabel(this, QStringLiteral("Label11"),
+             QStringLiteral(
+                 "You can enter below a tenants rent balance.  If you choose to do this Hearthbook will "
+                 "generate balancing transactions.  This will save data entry time but is less accurate "
+                 "than entering the transactions manually.  A negative balance means overpaid rent."),
+             {240, 3350, 9120, 750});
+    const QString setCaption = QStringLiteral("Set this tenants rent balance as ");
+    txtBalance_ = new ctlTextBox(MoneyBox(), this);
+    txtBalance_->setObjectName(QStringLiteral("txtBalance"));
+    txtBalance_->SetLabel(setCaption.trimmed());
+    PutAt(*txtBalance_, {3700, topOfBalance + 735, 1575, heightOfFields});
+    AddSaveAndCancel();
+    const auto addOption = [this](const QString& name, const QString& caption, const Place& place) {
+        auto* option = new QRadioButton(caption, this);
+        option->setObjectName(name);
+        option->setFont(controls::ControlFont());
+        PutAt(*option, place);
+        return option;
+    };
+    optDont_ =
+        addOption(QStringLiteral("optDont"),
+                  QStringLiteral("Dont set the balance.  I will manually enter all transactions since the "
+                                 "tenancy start date"),
+                  {240, topOfBalance + 330, 9120, heightOfFields});
+    optSet_ =
+        addOption(QStringLiteral("optSet"), setCaption, {240, topOfBalance + 735, 3400, heightOfFields});
+}
+
+void frmTenant::AddMonthDayFields() {
+    const int top = TopOfLine(lineOfFrequency);
+    lblMonthDay1_ = AddLabel(this, QStringLiteral("lblMonthDay1"), QStringLiteral("from day"),
+                             {leftOfFields + 2050, top + 45, 800, heightOfFields});
+    txtMonthDay_ = new ctlTextBox(CountBox(), this);
+    txtMonthDay_->setObjectName(QStringLiteral("txtMonthDay"));
+    txtMonthDay_->SetLabel(QStringLiteral("from day of each month"));
+    PutAt(*txtMonthDay_, {leftOfFields + 2850, top, 600, heightOfFields});
+    lblMonthDay2_ = AddLabel(this, QStringLiteral("lblMonthDay2"), QStringLiteral("of each month"),
+                             {leftOfFields + 3550, top + 45, 1500, heightOfFields});
+}
+
+void frmTenant::Load() {
+    connect(cboFrequency_, &QComboBox::currentTextChanged, this, &frmTenant::ShowMonthDay);
+    for (const QString& unit :
+         {QStringLiteral("Day"), QStringLiteral("Week"), QStringLiteral("Month"), QStringLiteral("Year")}) {
+        cboFrequency_->addItem(unit);
+    }
+    cboFrequency_->setCurrentText(QStringLiteral("Week"));
+    ShowMonthDay();
+    for (const auto& property : records::TheCollections().Properties) {
+        if (records::CanBeLet(*property)) {
+            cboProperty_->addItem(property->Address1);
+        }
+    }
+    cboProperty_->setCurrentIndex(-1);
+    datEnd_->SetValue(platform::NoDate());
+    datStart_->SetValue(platform::NoDate());
+}
+
+void frmTenant::ShowMonthDay() {
+    const bool isMonthly = cboFrequency_->currentText() == QStringLiteral("Month");
+    lblMonthDay1_->setVisible(isMonthly);
+    lblMonthDay2_->setVisible(isMonthly);
+    txtMonthDay_->setVisible(isMonthly);
+}
+
+records::Tenants& frmTenant::Records() {
+    return records::TheCollections().Tenants;
+}
+
+void frmTenant::ShowRecord(const records::Tenant& record) {
+    txtName_->SetText(record.Name);
+    txtBalance_->SetText(TextOf(record.BalanceAmount));
+    txtBond_->SetText(TextOf(record.BondHeld));
+    txtRent_->SetText(TextOf(record.CurrentRent));
+    datEnd_->SetValue(record.EndDate);
+    // A property that was removed since is not among the entries, and none is selected then.
+    cboProperty_->setCurrentIndex(cboProperty_->findText(record.PropertyName));
+    cboFrequency_->setCurrentIndex(cboFrequency_->findText(record.RentFrequency));
+    datStart_->SetValue(record.StartDate);
+    txtFreqNumber_->SetText(QString::number(record.FrequencyNumber));
+    txtMonthDay_->SetText(QString::number(record.MonthDay));
+    optDont_->setChecked(!record.Setbalance);
+    optSet_->setChecked(record.Setbalance);
+}
+
+records::TenantEntry frmTenant::Entered() const {
+    records::TenantEntry entry;
+    entry.Name = txtName_->Text();
+    entry.PropertyName = cboProperty_->currentText();
+    entry.StartDate = datStart_->Value();
+    entry.EndDate = datEnd_->Value();
+    entry.CurrentRent = txtRent_->Value();
+    entry.RentFrequency = cboFrequency_->currentText();
+    entry.BondHeld = txtBond_->Value();
+    entry.BalanceAmount = txtBalance_->Value();
+    if (optSet_->isChecked() || optDont_->isChecked()) {
+        entry.Setbalance = optSet_->isChecked();
+    }
+    return entry;
+}
+
+const QString& frmTenant::NameIn(const records::TenantEntry& entry) const {
+    return entry.Name;
+}
+
+bool frmTenant::IsConfirmed(const records::TenantEntry& entry) {
+    return !records::NeedsZeroRentAnswer(entry) || platform::AskQuestion(records::EntryQuestion::ZeroRent);
+}
+
+void frmTenant::Complete(records::TenantEntry& entry) const {
+    entry.FrequencyNumber = records::ToInteger(txtFreqNumber_->Text());
+    entry.MonthDay = platform::ToInteger(txtMonthDay_->Value());
+}
+
+std::shared_ptr<records::Tenant> frmTenant::Make(const records::TenantEntry& entry) {
+    return records::MakeRecord(entry);
+}
+
+}  // namespace screens

@@ -1,0 +1,19 @@
+#include "shell/MainModule.h"
+
+#include "platform/MessageBox.h"
+#include "records/ImportRun.h"
+
+#include <QApplication>
+
+namespace shell {
+
+void RunImport(bool restartRequested) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    // The window is held up from here on; what it still has to draw, the hourglass too, is drawn before.
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    records::ImportData();
+    QApplication::restoreOverrideCursor();
+    platform::ShowMessageBox(records::ImportCompleteMessage(restartRequested));
+}
+
+}  // namespace shell

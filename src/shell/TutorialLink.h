@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace shell {
+
+/// The link to the tutorial on the product's web site. It opens in the user's browser; a browser that can't
+/// be started is passed over in silence.
+class TutorialLink : public QPushButton {
+    Q_OBJECT
+
+public:
+    explicit TutorialLink(QWidget* parent);
+
+private:
+    static void OpenTutorial();
+};
+
+}  // namespace shell

@@ -1,0 +1,56 @@
+#include "shell/UI.h"
+
+#include "controls/Canvas.h"
+#include "controls/Palette.h"
+#include "database/Database.h"
+#include "platform/Locale.h"
+#include "platform/Process.h"
+#include "shell/ScreenMessageBoxes.h"
+#include "shell/frmMain.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+
+namespace shell {
+
+namespace {
+
+/// Nothing can go on from a failure that an event's handler lets out, so the process ends there, in order.
+class WizardApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (...) {
+            platform::EndByFailure();
+        }
+    }
+};
+
+}  // namespace
+
+int Main(int argc, char** argv) {
+    WizardApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("wrenfield-wizard"));
+    QApplication::setDesktopFileName(QStringLiteral("wrenfield-wizard"));
+    platform::LoadSystemLocale();
+    ScreenMessageBoxes boxes;
+    platform::SetMessageBoxPort(&boxes);
+    // What was written reaches the disk before the wizard waits for the user.
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                     &application, [] { database::FlushWrites(); });
+    controls::InitialiseColours();
+    frmMain form(QApplication::arguments().sliced(1).join(QLatin1Char(' ')));
+    form.show();
+    return QApplication::exec();
+}
+
+void PaintMainForm(controls::Canvas& form) {
+    form.Line(0, 0, form.Width(), form.Height(), controls::White, controls::LineForm::FilledBox);
+    form.Line(0, 0, form.Width() - 15, form.Height() - 15, controls::ThePalette().Frame,
+              controls::LineForm::Outline);
+}
+
+}  // namespace shell

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace shell {
+
+/// The closing page: what Finish will create, and what it deletes.
+class ctlFinish : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ctlFinish(QWidget* parent);
+
+    /// Counts the records anew.
+    void Initialise();
+
+private:
+    QLabel* lblResult_;
+};
+
+}  // namespace shell

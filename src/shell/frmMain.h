@@ -1,0 +1,85 @@
+#pragma once
+
+#include "screens/ListPages.h"
+#include "screens/ctlSingleOwner.h"
+
+#include <QWidget>
+
+namespace controls {
+class ctlButton;
+class ctlPageHeading;
+}  // namespace controls
+
+namespace shell {
+
+class ctlFinish;
+class ctlPageIntro;
+class ctlPageType;
+
+/// The wizard: the heading with its seven tabs, the pages stacked at one place below it, and five buttons. It
+/// has no border and no title bar of its own; its frame is drawn, and its close button is the one of the
+/// heading.
+///
+/// Which page shows is kept nowhere but in the heading. Each end of the wizard is an immediate end of the
+/// process, without a question.
+class frmMain : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Opens the database and makes the collections; the process ends here if the database can't be opened.
+    /// The command line is what follows the program's name.
+    explicit frmMain(const QString& commandLine);
+
+    /// Starts Hearthbook, if the command line asked for that and it lies beside the program. It is not waited
+    /// for.
+    void RestartApplication() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void AddHeading();
+    void AddPages();
+    void AddButtons();
+    void AddTutorialLink();
+    controls::ctlButton* AddButton(const QString& name, const QString& caption, const screens::Place& place,
+                                   void (frmMain::*action)());
+
+    /// What has to be done once, when the form first shows.
+    void ActivateOnce();
+
+    /// Shows the page of the current tab, filled anew.
+    void ShowPage();
+    /// Whether the page may be left forward.
+    bool IsPageValid(int tabIndex);
+    /// The buttons that the position allows.
+    void EnableButtons();
+
+    void GoNext();
+    void GoBack();
+    void SelectTab();
+    void ShowHelp();
+    void Cancel();
+    void Finish();
+    void Close();
+
+    bool ActivatedOnce_ = false;
+    bool RestartRequested_ = false;
+    controls::ctlPageHeading* HeadingControl_ = nullptr;
+    ctlPageIntro* ctlPageIntro1_ = nullptr;
+    screens::ctlPageAccounts* ctlPageAccounts1_ = nullptr;
+    ctlPageType* ctlPageType1_ = nullptr;
+    screens::ctlPageOwner* ctlPageOwner1_ = nullptr;
+    screens::ctlSingleOwner* ctlSingleOwner1_ = nullptr;
+    screens::ctlPageProperty* ctlPageProperty1_ = nullptr;
+    screens::ctlPageTenant* ctlPageTenant1_ = nullptr;
+    ctlFinish* ctlFinish1_ = nullptr;
+    controls::ctlButton* cmdBack_ = nullptr;
+    controls::ctlButton* cmdNext_ = nullptr;
+    controls::ctlButton* cmdFinish_ = nullptr;
+};
+
+}  // namespace shell

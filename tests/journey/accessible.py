@@ -1,0 +1,96 @@
+"""The controls of a running program as a screen reader sees them."""
+
+from desktop import wait_for
+
+
+def library():
+    # Only now: the library connects to the desktop of the environment that it is first loaded in.
+    import gi
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi
+    return Atspi
+
+
+class Accessible:
+    """One control. Found by its role and name, as a user of a screen reader tells it."""
+
+    def __init__(self, node):
+        self.node = node
+
+    @property
+    def name(self):
+        return self.node.get_name()
+
+    @property
+    def role(self):
+        return self.node.get_role_name()
+
+    def states(self):
+        states = library().StateType
+        node_states = self.node.get_state_set()
+        return {name for name in ("ENABLED", "SENSITIVE", "FOCUSED", "SELECTED", "CHECKED", "SHOWING", "VISIBLE",
+                                  "FOCUSABLE", "PRESSED") if node_states.contains(getattr(states, name))}
+
+    def children(self):
+        found = []
+        for place in range(self.node.get_child_count()):
+            child = self.node.get_child_at_index(place)
+            if child is not None:
+                found.append(Accessible(child))
+        return found
+
+    def walk(self):
+        yield self
+        for child in self.children():
+            yield from child.walk()
+
+    def is_showing(self):
+        return "SHOWING" in self.states()
+
+    def all(self, role=None, name=None):
+        found = []
+        for node in self.walk():
+            try:
+                if (role is None or node.role == role) and (name is None or node.name == name) and node.is_showing():
+                    found.append(node)
+            except Exception:  # A control that is gone by the time it is asked is none.
+                continue
+        return found
+
+    def find(self, role, name, patience=10.0):
+        return wait_for(f"a {role} named {name!r}", lambda: self.all(role, name), patience)[0]
+
+    def middle(self):
+        box = self.node.get_extents(library().CoordType.SCREEN)
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def box(self):
+        box = self.node.get_extents(library().CoordType.SCREEN)
+        return box.x, box.y, box.width, box.height
+
+    def text(self):
+        interface = self.node.get_text_iface()
+        return interface.get_text(0, -1) if interface else ""
+
+    def act(self, action="Press"):
+        interface = self.node.get_action_iface()
+        for place in range(interface.get_n_actions()):
+            if interface.get_action_name(place) == action:
+                interface.do_action(place)
+                return
+        raise AssertionError(f"{self.role} {self.name!r} has no action {action}")
+
+
+def application(process_id, patience=30.0):
+    """The program with this process number, once it is on the accessibility bus."""
+    def look():
+        desktop = library().get_desktop(0)
+        for place in range(desktop.get_child_count()):
+            node = desktop.get_child_at_index(place)
+            try:
+                if node is not None and node.get_process_id() == process_id:
+                    return Accessible(node)
+            except Exception:
+                continue
+        return None
+    return wait_for("the program on the accessibility bus", look, patience)
