@@ -37,12 +37,12 @@ public:
                                          .Hyperlinks = zeros,
                                          .RowCount = QStringLiteral("0"),
                                          .SelectColour = 9895935},
-                                        this, QRect(0, 450, 9000, heightOfGrid));
+                                        this, QRect(0, 450, 8625, heightOfGrid));
         akGrid1_->setObjectName(QStringLiteral("akGrid1"));
         // An empty grid reckons with lower rows than it lays out later. Told the true height now, it shows
         // all the rows that it counts as visible, also those that come while the page is on show.
         akGrid1_->SetRowHeight(heightOfRows);
-        PutAt(*akGrid1_, {0, 450, 9000, heightOfGrid});
+        PutAt(*akGrid1_, {0, 450, 8625, heightOfGrid});
         AddButton(QStringLiteral("ctlButton1"), QStringLiteral("Add"), 0, &ListPage::Add);
         AddButton(QStringLiteral("ctlButton2"), QStringLiteral("Edit"), 1, &ListPage::Edit);
         AddButton(QStringLiteral("ctlButton3"), QStringLiteral("Remove"), 2, &ListPage::Remove);

@@ -3,6 +3,7 @@
 #include "controls/Display.h"
 #include "controls/Font.h"
 #include "controls/NumberText.h"
+#include "screens/DropDownList.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -66,7 +67,7 @@ QComboBox* DialogWindow::AddList(const QString& name, const QString& label, int 
 
 QComboBox* DialogWindow::AddPlainList(const QString& name, const QString& accessibleName,
                                       const Place& place) {
-    auto* list = new QComboBox(this);
+    auto* list = new DropDownList(this);
     list->setObjectName(name);
     list->setAccessibleName(accessibleName);
     list->setFont(controls::ControlFont());
