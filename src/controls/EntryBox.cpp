@@ -56,8 +56,7 @@ void EntryBox::Leave() {
 }
 
 bool EntryBox::event(QEvent* event) {
-    if (event->type() == QEvent::FocusAboutToChange &&
-        IsLeaving(*this, static_cast<QFocusEvent&>(*event))) {
+    if (event->type() == QEvent::FocusAboutToChange && IsLeaving(*this, static_cast<QFocusEvent&>(*event))) {
         Leave();
     }
     return QLineEdit::event(event);
