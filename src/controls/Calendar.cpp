@@ -70,13 +70,13 @@ QString MonthName(int month) {
     static const QString names = QStringLiteral(
         "January  February March    April    May      June     July     August   SeptemberOctober  November "
         "December ");
-    constexpr int width = 9;
+    constexpr qsizetype width = 9;
     return month >= 1 ? names.mid((month - 1) * width, width).trimmed() : QString();
 }
 
 QString DayName(int weekday) {
     static const QString names = QStringLiteral("SunMonTueWedThuFriSat");
-    constexpr int width = 3;
+    constexpr qsizetype width = 3;
     return weekday >= 1 ? names.mid((weekday - 1) * width, width) : QString();
 }
 

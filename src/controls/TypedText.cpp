@@ -7,7 +7,7 @@ namespace controls {
 QString TypedText(const QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Backspace:
-            return QString(QChar(BackspaceCharacter));
+            return {QChar(BackspaceCharacter)};
         case Qt::Key_Tab:
         case Qt::Key_Backtab:
         case Qt::Key_Delete:

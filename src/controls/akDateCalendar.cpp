@@ -12,8 +12,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace controls {
 
 namespace {

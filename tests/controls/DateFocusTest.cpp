@@ -266,6 +266,17 @@ TEST(DateFocusTest, DisablingTheControlWithTheFocusStoresTheDateAndMovesOn) {
     EXPECT_EQ(form.date.Value(), QDate(2009, 4, 20));
 }
 
+TEST(DateFocusTest, DisablingTheControlDoesntLeadTheFocusThroughItsOtherBoxes) {
+    DateForm form({}, DateForm::MonthFirst);
+    form.EnterBox(1);
+    form.date.DropDown();
+    form.ClickTwips(0, 1000);
+    ASSERT_EQ(form.Texts(), u"03/00/2009"_s);
+    form.date.SetEnabled(false);
+    // Leaving the day box would have made its 0 a 1.
+    EXPECT_EQ(form.date.Value(), QDate(2009, 2, 28));
+}
+
 TEST(DateFocusTest, EnabledClosesTheCalendarEitherWay) {
     DateForm form;
     form.date.DropDown();
