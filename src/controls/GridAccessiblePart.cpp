@@ -2,13 +2,16 @@
 
 #include "controls/akGrid.h"
 
+#include <limits>
+
 namespace controls {
 
 GridPart::GridPart(akGrid* grid, int row, int column) : grid_(grid), row_(row), column_(column) {
 }
 
 int GridPart::IndexInTable() const {
-    return isValid() ? row_ * grid_->Cols() + column_ - 1 : -1;
+    const qint64 index = isValid() ? qint64{row_} * grid_->Cols() + column_ - 1 : -1;
+    return index <= std::numeric_limits<int>::max() ? static_cast<int>(index) : -1;
 }
 
 void* GridPart::interface_cast(QAccessible::InterfaceType type) {

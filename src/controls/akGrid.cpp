@@ -96,14 +96,15 @@ bool akGrid::FindCell(int& row, int& column) const {
 }
 
 QString akGrid::TextMatrix(int Row, int Col) const {
-    return FindCell(Row, Col) ? store_.Text(Row - 1, Col - 1) : QString();
+    // All rows below 0 fail alike.
+    return FindCell(Row, Col) ? store_.Text(std::max(Row, 0) - 1, Col - 1) : QString();
 }
 
 void akGrid::SetTextMatrix(int Row, int Col, const QString& sValue) {
     if (!FindCell(Row, Col)) {
         return;
     }
-    store_.SetText(Row - 1, Col - 1, sValue);
+    store_.SetText(std::max(Row, 0) - 1, Col - 1, sValue);
     const int index = CellIndex(qint64{Row} - topOffset_, Col - 1);
     if (index == -1) {
         return;
@@ -117,7 +118,8 @@ void akGrid::SetTextMatrix(int Row, int Col, const QString& sValue) {
 }
 
 QString akGrid::CellText(int row, int column) const {
-    return store_.Holds(row - 1, column - 1) ? store_.Text(row - 1, column - 1) : QString();
+    return row > 0 && column > 0 && store_.Holds(row - 1, column - 1) ? store_.Text(row - 1, column - 1)
+                                                                      : QString();
 }
 
 void akGrid::SetRows(int value) {

@@ -200,6 +200,8 @@ private:
     bool ValidColumn(int Col) const { return Col >= 1 && Col <= Cols(); }
     const GridColumn& ColumnAt(int Col) const { return columns_[static_cast<size_t>(Col - 1)]; }
     GridColumn& ColumnAt(int Col) { return columns_[static_cast<size_t>(Col - 1)]; }
+    /// Stays within the numbers there are: a handler can send the selection to any of them.
+    static int Moved(int position, int step);
     int RowInList(int windowRow) const;
     bool FindCell(int& row, int& column) const;
 

@@ -27,16 +27,16 @@ QString AsPlainToolTip(const QString& text) {
 void akGrid::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Right:
-            SetCol(currentColumn_ + 1);
+            SetCol(Moved(currentColumn_, 1));
             return;
         case Qt::Key_Left:
-            SetCol(currentColumn_ - 1);
+            SetCol(Moved(currentColumn_, -1));
             return;
         case Qt::Key_Up:
-            SetAbsoluteRow(AbsoluteRow() - 1);
+            SetAbsoluteRow(Moved(AbsoluteRow(), -1));
             return;
         case Qt::Key_Down:
-            SetAbsoluteRow(AbsoluteRow() + 1);
+            SetAbsoluteRow(Moved(AbsoluteRow(), 1));
             return;
         default:
             break;

@@ -26,12 +26,6 @@ constexpr int frameAllowance = 60;
 
 constexpr Colour linkColour = RGB(0, 0, 255);
 
-/// A handler can send the selection to any number at all.
-int Moved(int row, int step) {
-    return static_cast<int>(std::clamp<qint64>(qint64{row} + step, std::numeric_limits<int>::min(),
-                                               std::numeric_limits<int>::max()));
-}
-
 /// The bar comes up to date as far as it can: a step that fails is left out.
 template <class Step>
 void Attempt(Step step) {
@@ -68,6 +62,11 @@ void akGrid::CreateParts() {
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     RegisterGridAccessible();
+}
+
+int akGrid::Moved(int position, int step) {
+    return static_cast<int>(std::clamp<qint64>(qint64{position} + step, std::numeric_limits<int>::min(),
+                                               std::numeric_limits<int>::max()));
 }
 
 int akGrid::RowInList(int windowRow) const {

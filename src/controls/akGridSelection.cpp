@@ -1,6 +1,5 @@
 #include "controls/GridAccessible.h"
 #include "controls/akGrid.h"
-#include "platform/Rounding.h"
 
 #include <QScrollBar>
 
@@ -88,11 +87,11 @@ void akGrid::SetAbsoluteRow(int value) {
         if (wanted <= topOffset_) {
             SetTopRow(wanted);
         }
-        int row = platform::ToLong(double{1} * wanted - topOffset_);
+        int row = Moved(wanted, -topOffset_);
         int column = currentColumn_;
         SetCurrentCell(row, column, true);
     } else {
-        SetTopRow(platform::ToLong(double{1} * wanted - visibleRows_ + 1));
+        SetTopRow(Moved(wanted, 1 - visibleRows_));
         int row = visibleRows_;
         int column = currentColumn_;
         SetCurrentCell(row, column, false);

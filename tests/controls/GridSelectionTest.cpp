@@ -174,6 +174,9 @@ TEST_F(GridSelectionTest, WildNumbersFromTheHandlerCrashNothing) {
         FailureOf([&] { grid->Text(); });
         FailureOf([&] { grid->RemoveItem(0); });
         FailureOf([&] { grid->SetTopRow(2); });
+        for (const int key : {Qt::Key_Right, Qt::Key_Left, Qt::Key_Up, Qt::Key_Down}) {
+            QTest::keyClick(grid.get(), static_cast<Qt::Key>(key));
+        }
         Fill(1);
         QCoreApplication::processEvents();
     }
