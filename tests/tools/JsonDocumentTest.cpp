@@ -112,6 +112,15 @@ TEST(JsonDocument, SyntaxFaultsNameLineColumnAndPlace) {
     EXPECT_EQ(faults, (Faults{MakeFault("/bü/1", "line 2, column 12: this isn't valid JSON", "\"é\"")}));
 }
 
+TEST(JsonDocument, AByteOrderMarkWithinTheFileIsAStrayCharacter) {
+    Faults faults;
+    EXPECT_FALSE(ParseJson("{\uFEFF", faults).has_value());
+    EXPECT_EQ(faults, (Faults{MakeFault("", "line 1, column 2: this isn't valid JSON", "\"\\ufeff\"")}));
+    faults.clear();
+    EXPECT_FALSE(ParseJson("{\n\uFEFF}", faults).has_value());
+    EXPECT_EQ(faults, (Faults{MakeFault("", "line 2, column 1: this isn't valid JSON", "\"\\ufeff\"")}));
+}
+
 TEST(JsonDocument, OtherEncodingsAreRefused) {
     Faults faults;
     EXPECT_FALSE(ParseJson("{\"a\": \"\xE4\"}", faults).has_value());

@@ -16,7 +16,7 @@ constexpr int numberOverflow = 406;
 QString WhereInText(const QByteArray& bytes, qsizetype place) {
     const QByteArrayView before = QByteArrayView(bytes).first(std::clamp<qsizetype>(place, 0, bytes.size()));
     const qsizetype lineStart = before.lastIndexOf('\n') + 1;
-    const qsizetype column = QString::fromUtf8(before.sliced(lineStart)).size() + 1;
+    const qsizetype column = platform::TextFromUtf8(before.sliced(lineStart)).size() + 1;
     return QStringLiteral("line %1, column %2").arg(before.count('\n') + 1).arg(column);
 }
 
@@ -25,7 +25,7 @@ QString CharacterAt(const QByteArray& bytes, qsizetype place) {
     if (place < 0 || place >= bytes.size()) {
         return QStringLiteral("the end of the file");
     }
-    const QString rest = QString::fromUtf8(bytes.mid(place, longestSequence));
+    const QString rest = platform::TextFromUtf8(bytes.mid(place, longestSequence));
     return ShownQuoted(rest.left(rest.front().isHighSurrogate() ? 2 : 1));
 }
 
