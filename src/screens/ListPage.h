@@ -19,6 +19,7 @@ namespace screens {
 /// Each page states what is its own:
 ///   Dialog                       the dialog that adds or changes one record
 ///   label, headings, widths      what the page says and the columns of its list
+///   list                         what assistive programs call the list
 ///   Collection()                 the records
 ///   RowOf(record)                the record's row, the values separated by tabs; the first is its name
 ///   MayLeave(collection)         whether Next may leave the page; tells the user why not
@@ -39,6 +40,7 @@ public:
                                          .SelectColour = 9895935},
                                         this, QRect(0, 450, 8625, heightOfGrid));
         akGrid1_->setObjectName(QStringLiteral("akGrid1"));
+        akGrid1_->setAccessibleName(Own::list);
         // An empty grid reckons with lower rows than it lays out later. Told the true height now, it shows
         // all the rows that it counts as visible, also those that come while the page is on show.
         akGrid1_->SetRowHeight(heightOfRows);

@@ -13,6 +13,7 @@ namespace screens {
 struct AccountsPage {
     using Dialog = frmBankAccount;
     static const QString label;
+    static const QString list;
     static const QString headings;
     static const QString widths;
     static records::bankAccounts& Collection() { return records::TheCollections().bankAccounts; }
@@ -25,6 +26,7 @@ struct AccountsPage {
 struct OwnerPage {
     using Dialog = frmOwner;
     static const QString label;
+    static const QString list;
     static const QString headings;
     static const QString widths;
     static records::Owners& Collection() { return records::TheCollections().Owners; }
@@ -37,6 +39,7 @@ struct OwnerPage {
 struct PropertyPage {
     using Dialog = frmProperty;
     static const QString label;
+    static const QString list;
     static const QString headings;
     static const QString widths;
     static records::Properties& Collection() { return records::TheCollections().Properties; }
@@ -51,6 +54,7 @@ struct PropertyPage {
 struct TenantPage {
     using Dialog = frmTenant;
     static const QString label;
+    static const QString list;
     static const QString headings;
     static const QString widths;
     static records::Tenants& Collection() { return records::TheCollections().Tenants; }

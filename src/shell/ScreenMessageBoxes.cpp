@@ -1,12 +1,27 @@
 #include "shell/ScreenMessageBoxes.h"
 
+#include "controls/Display.h"
+
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 
 namespace shell {
 
 using platform::Answer;
 using platform::Buttons;
+
+namespace {
+
+/// Wide enough for the title, which the toolkit doesn't reckon with: it makes the box as wide as its text.
+void MakeRoomForTitle(QMessageBox& box) {
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        grid->addItem(new QSpacerItem(controls::ToPixels(4200), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+    }
+}
+
+}  // namespace
 
 Answer ScreenMessageBoxes::Show(const platform::MessageBoxRequest& request) {
     QMessageBox box(QApplication::activeWindow());
@@ -17,6 +32,7 @@ Answer ScreenMessageBoxes::Show(const platform::MessageBoxRequest& request) {
     if (request.icon == platform::Icon::Question) {
         box.setIcon(QMessageBox::Question);
     }
+    MakeRoomForTitle(box);
     if (request.buttons == Buttons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
         box.exec();

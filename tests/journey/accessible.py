@@ -28,8 +28,8 @@ class Accessible:
     def states(self):
         states = library().StateType
         node_states = self.node.get_state_set()
-        return {name for name in ("ENABLED", "SENSITIVE", "FOCUSED", "SELECTED", "CHECKED", "SHOWING", "VISIBLE",
-                                  "FOCUSABLE", "PRESSED") if node_states.contains(getattr(states, name))}
+        return {name for name in ("ENABLED", "SENSITIVE", "SELECTED", "CHECKED", "SHOWING", "VISIBLE",
+                                  "FOCUSABLE", "PRESSED", "ACTIVE", "FOCUSED") if node_states.contains(getattr(states, name))}
 
     def children(self):
         found = []

@@ -8,7 +8,10 @@ import subprocess
 import tempfile
 import time
 
+import cursor
+
 PATIENCE = 30.0
+LETTERS = "āĀēĒīĪōŌūŪäÄöÖüÜßẞéÉèÈêÊñÑçÇáÁíÍóÓúÚåÅøØæÆ"
 
 
 def wait_for(what, condition, patience=PATIENCE):
@@ -21,6 +24,13 @@ def wait_for(what, condition, patience=PATIENCE):
         if time.monotonic() > deadline:
             raise AssertionError(f"waited in vain for {what}")
         time.sleep(0.01)
+
+
+class Key:
+    """A key by its name, as in "Tab" or "shift+Tab"."""
+
+    def __init__(self, name):
+        self.name = name
 
 
 class Desktop:
@@ -42,6 +52,7 @@ class Desktop:
         os.makedirs(self.environment["XDG_RUNTIME_DIR"], mode=0o700)
         try:
             self._start_screen(width, height)
+            self._add_letters()
             self._start_bus()
             self._start_window_manager()
         except BaseException:
@@ -62,18 +73,30 @@ class Desktop:
         with os.fdopen(read) as number:
             self.environment["DISPLAY"] = ":" + number.readline().strip()
 
+    def _add_letters(self):
+        """Puts letters beyond ASCII on keys that nobody needs, so that they can be typed like all others."""
+        free = [line.split()[1] for line in self.run(["xmodmap", "-pke"]).splitlines()
+                if line.endswith("=") or "= XF86" in line]
+        codes = [f"U{ord(letter):04X}" for letter in LETTERS]
+        pairs = [" ".join(codes[place:place + 2]) for place in range(0, len(codes), 2)]
+        command = ["xmodmap"]
+        for key, pair in zip(free[:len(pairs)], pairs, strict=True):
+            command += ["-e", f"keycode {key} = {pair}"]
+        self.run(command)
+
     def _start_bus(self):
         process = self._start(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = process.stdout.readline().decode().strip()
 
     def _start_window_manager(self):
-        self._start(["openbox", "--sm-disable"])
+        # With the keys that it has everywhere, such as alt+F4.
+        self._start(["openbox", "--sm-disable"], env={**self.environment, "XDG_CONFIG_DIRS": "/etc/xdg"})
         wait_for("the window manager", lambda: "window id" in self.run(
             ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], check=False))
 
     def _start(self, command, **options):
-        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
-                                   **{"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, **options})
+        process = subprocess.Popen(command, **{"env": self.environment, "stdin": subprocess.DEVNULL,
+                                               "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, **options})
         self.processes.append(process)
         return process
 
@@ -91,10 +114,28 @@ class Desktop:
         os.environ.update(self.environment)
 
     def type(self, text):
-        self.run(["xdotool", "type", "--delay", "2", "--", text])
+        self.keys(text)
 
-    def press(self, *keys):
-        self.run(["xdotool", "key", "--delay", "2", "--", *keys])
+    def press(self, *names):
+        self.keys(*[Key(name) for name in names])
+
+    def keys(self, *strokes):
+        """Texts to be typed, and keys by their names, one after the other without a pause."""
+        command = ["xdotool"]
+        for stroke in strokes:
+            if isinstance(stroke, Key):
+                command += ["key", "--delay", "2", stroke.name]
+            elif stroke:
+                command += ["type", "--delay", "2", "--args", "1", "--", stroke]
+        if len(command) > 1:
+            self.run(command)
+
+    def move(self, x, y):
+        self.run(["xdotool", "mousemove", str(x), str(y)])
+
+    def cursor(self):
+        """The mouse pointer as it is now."""
+        return cursor.on_screen(self.environment["DISPLAY"])
 
     def click(self, x, y, button=1):
         self.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)])

@@ -16,25 +16,63 @@ TABS = ["Introduction", "Bank Accounts", "User Type", "Owners", "Properties", "T
 class Wizard:
     """A running wizard. `programs` is the folder that the programs were built into."""
 
+    LANDLORD = "I am a landlord.  I only manage my own properties."
+    MANAGER = "I am a property manager.  I manage properties on behalf of other owners"
+    SET_BALANCE = "Set this tenants rent balance as"
+    DONT_SET_BALANCE = "Dont set the balance.  I will manually enter all transactions since the tenancy start date"
+
     def __init__(self, desktop, programs, arguments=(), today=None, prepare=None):
         self.desktop = desktop
+        self.settings_file = None
         self.folder = tempfile.mkdtemp(prefix="wrenfield-wizard-", dir=desktop.folder)
         self.program = os.path.join(self.folder, "wrenfield-wizard")
         shutil.copy(os.path.join(programs, "wrenfield-wizard"), self.program)
         self.database = os.path.join(self.folder, "property.mdb")
         subprocess.run([os.path.join(programs, "hearthbook-create-database"), self.database], check=True)
+        self.contents_at_start = self.contents()
+        self.stand_ins = os.path.join(self.folder, "stand-ins")
+        os.mkdir(self.stand_ins)
+        self.path = self.stand_ins + ":" + os.environ["PATH"]
         if prepare is not None:
             prepare(self)
-        command = [self.program, *arguments]
+        command = ["/usr/bin/env", f"PATH={self.path}", self.program, *arguments]
         if today is not None:
             # The day stands for the whole journey; the clocks that the toolkit waits by run on.
             library = glob.glob("/usr/lib/*/faketime/libfaketime.so.1")[0]
-            command = ["env", f"LD_PRELOAD={library}", f"FAKETIME=@{today} 12:00:00",
+            command = ["/usr/bin/env", f"LD_PRELOAD={library}", f"FAKETIME=@{today} 12:00:00",
                        "FAKETIME_DONT_FAKE_MONOTONIC=1", *command]
         self.output = os.path.join(self.folder, "output.txt")
         with open(self.output, "wb") as output:
             self.process = desktop.start(command, stdout=output, stderr=subprocess.STDOUT)
         self._root = None
+
+    # What a journey prepares before the wizard starts.
+
+    def stand_in(self, name, folder=None):
+        """Puts a program that only writes down how it was called where the wizard looks for the real one. Gives a
+        function that tells the arguments of all calls so far."""
+        calls = os.path.join(self.folder, f"calls-of-{name}")
+        file = os.path.join(folder or self.stand_ins, name)
+        with open(file, "w") as script:
+            script.write(f'#!/bin/sh\nprintf "%s\\n" "$*" >> "{calls}"\n')
+        os.chmod(file, 0o755)
+
+        def told():
+            if not os.path.exists(calls):
+                return []
+            with open(calls) as lines:
+                return lines.read().splitlines()
+        return told
+
+    def settings(self, **values):
+        """Hearthbook's settings, as it keeps them in its part of the settings store."""
+        folder = os.path.join(self.desktop.environment["XDG_CONFIG_HOME"], "hearthbook")
+        os.makedirs(folder, exist_ok=True)
+        self.settings_file = os.path.join(folder, "registry.reg")
+        with open(self.settings_file, "w") as file:
+            file.write("Windows Registry Editor Version 5.00\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Hearthbook\\Settings]\n")
+            for name, value in values.items():
+                file.write(f'"{name}"="{value}"\n')
 
     @property
     def root(self):
@@ -42,10 +80,30 @@ class Wizard:
             self._root = accessible.application(self.process.pid)
         return self._root
 
+    def change(self, statement):
+        subprocess.run(["sqlite3", self.database, statement], check=True)
+
     # What a user does.
 
+    def front(self):
+        """The window that the user can work in: the box or dialog that was opened last, or the wizard itself."""
+        windows = [window for window in self.root.children() if window.is_showing()]
+        opened = [window for window in windows if window.role in ("alert", "dialog")]
+        return (opened or windows)[-1]
+
     def find(self, role, name):
-        return self.root.find(role, name)
+        return wait_for(f"a {role} named {name!r}", lambda: self.all(role, name))[0]
+
+    def all(self, role=None, name=None):
+        try:
+            return self.front().all(role, name)
+        except Exception:  # A window that is gone by the time it is asked holds nothing.
+            return []
+
+    def focused(self):
+        """Role and name of what has the focus, or None."""
+        focused = [node for node in self.all() if "FOCUSED" in node.states()]
+        return (focused[-1].role, focused[-1].name) if focused else None
 
     def click(self, role, name):
         self.desktop.click(*self.find(role, name).middle())
@@ -58,11 +116,55 @@ class Wizard:
     def wait_for_tab(self, tab):
         wait_for(f"tab {tab}", lambda: self.current_tab() == tab)
 
+    @staticmethod
+    def tabs():
+        return TABS
+
     def current_tab(self):
         for tab in self.root.all("page tab"):
             if "SELECTED" in tab.states():
                 return tab.name
         return None
+
+    def add(self, dialog, enter):
+        """Opens the dialog of a list page by Add, fills it in by `enter` and saves it."""
+        self.fill("Add", dialog, enter)
+
+    def fill(self, opener, dialog, enter):
+        self.click("push button", opener)
+        self.wait_for_window(dialog)
+        enter()
+        self.click("push button", "Save")
+        self.wait_for_window("Wrenfield Wizard")
+
+    def wait_for_window(self, title):
+        """The window of this title is the one that the user works in, and keys go there."""
+        wait_for(f"the window {title}", lambda: self.is_active(title))
+
+    def is_active(self, title):
+        front = self.front()
+        return front.name == title and "ACTIVE" in front.states()
+
+    def fill_in_landlord(self):
+        """The shortest way from the first page to the last: one owner, one property, one tenant."""
+        self.wait_for_tab("Introduction")
+        self.next("Bank Accounts")
+        self.next("User Type")
+        self.click("radio button", self.LANDLORD)
+        self.next("Owners")
+        self.enter("Owner Name", "A. Landlord")
+        self.next("Properties")
+        self.add("Property", lambda: self.enter("Address 1", "1 Short Street"))
+        self.next("Tenants")
+        self.add("Tenant", self.enter_short_tenant)
+        self.next("Finished")
+
+    def enter_short_tenant(self):
+        self.enter("Tenants Name", "T. Enant")
+        self.enter_date("Tenancy Start Date", "2024-03-01")
+        self.choose("Property", "1 Short Street")
+        self.enter("Current Rent", "100")
+        self.click("radio button", self.DONT_SET_BALANCE)
 
     def enter(self, label, text):
         """Clicks into a text box and types over what is in it."""
@@ -72,41 +174,90 @@ class Wizard:
         self.desktop.type(text)
 
     def enter_date(self, label, date):
-        """Types a date, day first, into the three boxes; "" means no date."""
-        day, month, year = date.split("-")[::-1]
-        self.click("text", f"{label} {'none' if self.root.all('text', f'{label} none') else 'day'}")
-        self.desktop.type(day + month + year)
+        """Types a date, month first as in the plain locale, from the first box on."""
+        year, month, day = date.split("-")
+        self.click("text", f"{label} none" if self.all("text", f"{label} none") else f"{label} month")
+        self.desktop.type(month + day + year)
+        for part, text in ("month", month), ("day", day), ("year", year):
+            wait_for(f"{text} in {label} {part}", lambda part=part, text=text:
+                     [box for box in self.all("text", f"{label} {part}") if box.text() == text])
 
     def wait_for_focus(self, name):
-        wait_for(f"the focus on {name}", lambda: any(
-            "FOCUSED" in node.states() for node in self.root.all(name=name)))
+        wait_for(f"the focus on {name}", lambda: (self.focused() or ("", ""))[1] == name)
 
     def choose(self, label, entry):
-        """Picks an entry of a drop-down list by the keyboard."""
+        """Picks an entry of a drop-down list with the mouse."""
         box = self.find("combo box", label)
         self.desktop.click(*box.middle())
-        item = wait_for(f"the entry {entry}", lambda: [node for node in self.root.all("list item", entry)])[0]
+        item = wait_for(f"the entry {entry}", lambda: self.root.all("list item", entry))[0]
         self.desktop.click(*item.middle())
-        wait_for("the list to close", lambda: "SHOWING" not in item.states() or not box.all("list"))
+        wait_for(f"{entry} to be chosen", lambda: "SELECTED" in item.states() and not box.all("list"))
 
-    def answer(self, text, button):
-        """Waits for a message box with this text and presses one of its buttons."""
-        box = wait_for(f"the box {text!r}", lambda: [
-            dialog for role in ("alert", "dialog") for dialog in self.root.all(role)
-            if dialog.all(name=text)])[0]
+    def answer(self, text, button, title="Wrenfield Wizard"):
+        """Waits for a message box with this very text and clicks one of its buttons."""
+        box = self.wait_for_box(text, title)
         self.desktop.click(*box.find("push button", button).middle())
-        wait_for("the box to close", lambda: self.process.poll() is not None or not self._shows("label", text))
+        wait_for("the box to close", lambda: self.process.poll() is not None or not self._is_showing(box))
 
-    def _shows(self, role, name):
+    def answer_all_until(self, text):
+        """Says OK to one box after the other, up to the one with this text. Gives title and text of those before."""
+        answered = []
+        while True:
+            box = wait_for("a box", self._box)
+            told = box.name, box.all("label")[0].name
+            self.desktop.click(*box.find("push button", "OK").middle())
+            wait_for("the box to close", lambda box=box: self.process.poll() is not None or not self._is_showing(box))
+            if told[1] == text:
+                return answered
+            answered.append(told)
+
+    def wait_for_box(self, text, title="Wrenfield Wizard"):
+        """A message box with this very text. Another one is a failure at once."""
+        box = wait_for(f"a box {text!r}", self._box)
+        told = (box.name, [label.name for label in box.all("label")])
+        if told != (title, [text]):
+            raise AssertionError(f"the box says {told}, not {text!r}")
+        return box
+
+    def _box(self):
         try:
-            return bool(self.root.all(role, name))
-        except Exception:  # The program may end by the button that was just pressed.
+            box = self.front()
+            return box if box.role == "alert" and box.all("label") else None
+        except Exception:  # No window yet, or none any more.
+            return None
+
+    @staticmethod
+    def _is_showing(box):
+        try:
+            return box.is_showing()
+        except Exception:  # Gone with its process.
             return False
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+        if self.settings_file:
+            os.remove(self.settings_file)
 
     # What is there afterwards.
 
     def wait_for_end(self):
+        """The status that the process ends with."""
         return self.process.wait(60)
+
+    def log(self):
+        """The lines of the error log beside the program, without the time in front of the first."""
+        logs = glob.glob(os.path.join(self.folder, "err*.log"))
+        if not logs:
+            return []
+        with open(logs[0]) as log:
+            return log.read()[len("01/02/34 12:34:56 "):].splitlines()
+
+    def contents(self):
+        """Every row of every table."""
+        return subprocess.run(["sqlite3", "-readonly", self.database, ".dump"], check=True,
+                              stdout=subprocess.PIPE).stdout
 
     def rows(self, statement):
         result = subprocess.run(["sqlite3", "-readonly", self.database, statement], check=True,

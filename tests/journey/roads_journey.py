@@ -1,0 +1,44 @@
+"""The two roads into the database: what is typed into the wizard's screens, and the same entries as a portfolio file
+for the import. Row by row they have to end in the same database."""
+
+import json
+import os
+import subprocess
+
+from journey import Journey, main
+from typist import Typist
+
+EXAMPLE = os.path.join(os.path.dirname(__file__), "..", "..", "examples", "portfolio.json")
+
+
+class Roads(Journey):
+    TODAY = "2026-11-21"
+
+    def assert_roads_agree(self, portfolio):
+        wizard = self.start()
+        typist = Typist(wizard)
+        typist.enter(portfolio)
+        typist.finish()
+        self.assertEqual(wizard.contents().decode(), self.imported(wizard, portfolio))
+
+    def imported(self, wizard, portfolio):
+        file = os.path.join(wizard.folder, "portfolio.json")
+        with open(file, "w") as text:
+            json.dump(portfolio, text)
+        database = os.path.join(wizard.folder, "imported.mdb")
+        subprocess.run([self.program("hearthbook-create-database"), database], check=True)
+        subprocess.run([self.program("wrenfield-import"), file, "--database", database, "--today", self.TODAY, "--yes"],
+                       check=True, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        return subprocess.run(["sqlite3", "-readonly", database, ".dump"], check=True,
+                              stdout=subprocess.PIPE).stdout.decode()
+
+    def program(self, name):
+        return os.path.join(self.programs, name)
+
+    def test_the_example(self):
+        with open(EXAMPLE) as text:
+            self.assert_roads_agree(json.load(text))
+
+
+if __name__ == "__main__":
+    main()
