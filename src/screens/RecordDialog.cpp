@@ -6,6 +6,7 @@
 #include "screens/DropDownList.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
 
@@ -99,6 +100,20 @@ void DialogWindow::showEvent(QShowEvent* event) {
     const QRect room = (parentWidget() != nullptr ? parentWidget()->screen() : screen())->availableGeometry();
     move(room.center() - rect().center());
     Activated();
+}
+
+void DialogWindow::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    // Where a box was closed a moment before, the window manager may give the keyboard to that box.
+    if (parentWidget() != nullptr) {
+        parentWidget()->window()->activateWindow();
+    }
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+    // The toolkit closes a dialog by Escape and presses a button by Enter, wherever the focus is. Here no key
+    // throws entries away or saves them that isn't pressed on the very button.
+    event->accept();
 }
 
 QString TextOf(double number) {

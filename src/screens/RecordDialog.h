@@ -15,7 +15,7 @@ namespace screens {
 
 /// The window of a record dialog: of a fixed size, without minimise and maximise buttons, not in the task
 /// bar, in the middle of the screen, always shown with exec(). Controls are added in the order of the Tab
-/// key.
+/// key. Neither Enter nor Escape does anything beyond the control that has the focus.
 class DialogWindow : public QDialog {
     Q_OBJECT
 
@@ -47,6 +47,8 @@ protected:
     virtual void Save() = 0;
 
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     bool activated_ = false;

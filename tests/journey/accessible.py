@@ -89,6 +89,8 @@ def application(process_id, patience=30.0):
             node = desktop.get_child_at_index(place)
             try:
                 if node is not None and node.get_process_id() == process_id:
+                    # Always asked anew: what the library remembers is only brought up to date by a main loop.
+                    node.set_cache_mask(library().Cache.NONE)
                     return Accessible(node)
             except Exception:
                 continue

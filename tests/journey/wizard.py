@@ -102,7 +102,8 @@ class Wizard:
 
     def focused(self):
         """Role and name of what has the focus, or None."""
-        focused = [node for node in self.all() if "FOCUSED" in node.states()]
+        # The toolkit calls an entry of a list focused that isn't even open.
+        focused = [node for node in self.all() if "FOCUSED" in node.states() and node.role != "list item"]
         return (focused[-1].role, focused[-1].name) if focused else None
 
     def click(self, role, name):
@@ -129,6 +130,20 @@ class Wizard:
     def add(self, dialog, enter):
         """Opens the dialog of a list page by Add, fills it in by `enter` and saves it."""
         self.fill("Add", dialog, enter)
+
+    def select(self, name):
+        """Makes the row of this name the current one of the page's list."""
+        self.click("table cell", name)
+
+    def remove(self, name):
+        self.select(name)
+        self.click("push button", "Remove")
+        self.answer(f"Delete {name}?", "Yes")
+        self.wait_for_window("Wrenfield Wizard")
+
+    def cells(self):
+        """What the page's list shows, row by row."""
+        return [cell.name for cell in self.all("table cell")]
 
     def fill(self, opener, dialog, enter):
         self.click("push button", opener)
