@@ -76,7 +76,8 @@ void frmTenant::AddBalanceFields() {
     const QString setCaption = QStringLiteral("Set this tenants rent balance as ");
     txtBalance_ = new ctlTextBox(MoneyBox(), this);
     txtBalance_->setObjectName(QStringLiteral("txtBalance"));
-    txtBalance_->SetLabel(setCaption.trimmed());
+    // The option beside it bears the caption already, and no two fields are called alike.
+    txtBalance_->SetLabel(QStringLiteral("Rent Balance"));
     PutAt(*txtBalance_, {3700, topOfBalance + 735, 1575, heightOfFields});
     AddSaveAndCancel();
     const auto addOption = [this](const QString& name, const QString& caption, const Place& place) {

@@ -18,7 +18,7 @@ class Wizard:
 
     LANDLORD = "I am a landlord.  I only manage my own properties."
     MANAGER = "I am a property manager.  I manage properties on behalf of other owners"
-    SET_BALANCE = "Set this tenants rent balance as"
+    SET_BALANCE = "Set this tenants rent balance as "
     DONT_SET_BALANCE = "Dont set the balance.  I will manually enter all transactions since the tenancy start date"
 
     def __init__(self, desktop, programs, arguments=(), today=None, prepare=None):
