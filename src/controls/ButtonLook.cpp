@@ -55,7 +55,7 @@ void DrawCaption(PaintedCanvas& canvas, const ButtonLook& look, QFont font) {
 
 }  // namespace
 
-void DrawLook(PaintedCanvas& canvas, const ButtonLook& look, QFont font) {
+void DrawLook(PaintedCanvas& canvas, const ButtonLook& look, const QFont& font) {
     canvas.Line(0, 0, canvas.Width(), canvas.Height(), Ground(look), LineForm::FilledBox);
     if (look.Blank) {
         return;
@@ -67,7 +67,7 @@ void DrawLook(PaintedCanvas& canvas, const ButtonLook& look, QFont font) {
         canvas.Line(0, 0, canvas.Width() - lastPixel, canvas.Height() - lastPixel, OutlineOf(look),
                     LineForm::Outline);
     }
-    DrawCaption(canvas, look, std::move(font));
+    DrawCaption(canvas, look, font);
 }
 
 }  // namespace controls

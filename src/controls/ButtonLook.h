@@ -34,6 +34,6 @@ struct ButtonLook {
 /// an outline at the edge; and the caption, plain (an "&" shows as it is) and in the middle, but for a link
 /// at the left. A caption that is too long is cut off. Every text can be read on its ground, whatever the
 /// desktop's theme.
-void DrawLook(PaintedCanvas& canvas, const ButtonLook& look, QFont font);
+void DrawLook(PaintedCanvas& canvas, const ButtonLook& look, const QFont& font);
 
 }  // namespace controls

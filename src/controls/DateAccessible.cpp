@@ -2,9 +2,12 @@
 
 #include "controls/Accessible.h"
 #include "controls/CalendarAccessible.h"
+#include "controls/DateSegmentBox.h"
 #include "controls/akDate.h"
 
 #include <QAccessibleWidget>
+
+#include <algorithm>
 
 namespace controls {
 
@@ -23,16 +26,14 @@ public:
 
     CalendarAccessible* Table() const { return table_; }
 
-    int childCount() const override { return QAccessibleWidget::childCount() + (IsOpen() ? 1 : 0); }
+    int childCount() const override { return static_cast<int>(Parts().size()); }
 
-    QAccessibleInterface* child(int index) const override {
-        return IsOpen() && index == QAccessibleWidget::childCount() ? table_
-                                                                    : QAccessibleWidget::child(index);
-    }
+    QAccessibleInterface* child(int index) const override { return Parts().value(index); }
 
     int indexOfChild(const QAccessibleInterface* child) const override {
-        return child == table_ ? (IsOpen() ? QAccessibleWidget::childCount() : -1)
-                               : QAccessibleWidget::indexOfChild(child);
+        const QList<QAccessibleInterface*> parts = Parts();
+        const auto found = std::find(parts.begin(), parts.end(), child);
+        return found == parts.end() ? -1 : static_cast<int>(found - parts.begin());
     }
 
     QAccessibleInterface* childAt(int x, int y) const override {
@@ -44,6 +45,23 @@ public:
     }
 
 private:
+    /// While "<None>" lies over the boxes there is no date in them to be read.
+    QList<QAccessibleInterface*> Parts() const {
+        QList<QAccessibleInterface*> parts;
+        for (int index = 0; index < QAccessibleWidget::childCount(); ++index) {
+            QAccessibleInterface* part = QAccessibleWidget::child(index);
+            const bool isCovered = qobject_cast<akDate*>(object())->NoneShown() &&
+                                   qobject_cast<DateSegmentBox*>(part->object()) != nullptr;
+            if (!isCovered) {
+                parts += part;
+            }
+        }
+        if (IsOpen()) {
+            parts += table_;
+        }
+        return parts;
+    }
+
     bool IsOpen() const { return table_->isValid(); }
 
     /// Owned by the toolkit's register of interfaces.

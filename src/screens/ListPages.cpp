@@ -30,7 +30,7 @@ bool AddIfMade(Collection& collection, const typename Collection::Reference& rec
 
 const QString AccountsPage::label =
     QStringLiteral("Enter your list of bank accounts used for properties or your business.");
-const QString AccountsPage::list = QStringLiteral("Bank Accounts");
+const QString AccountsPage::list = QStringLiteral("List of bank accounts");
 const QString AccountsPage::headings = QStringLiteral("Bank Account Name|");
 const QString AccountsPage::widths = QStringLiteral("8000|");
 
@@ -44,7 +44,7 @@ bool AccountsPage::TakeFrom(Dialog& dialog) {
 
 const QString OwnerPage::label =
     QStringLiteral("Enter your list of people/companies who own the properties you are managing.");
-const QString OwnerPage::list = QStringLiteral("Owners");
+const QString OwnerPage::list = QStringLiteral("List of owners");
 const QString OwnerPage::headings = QStringLiteral("Owner|");
 const QString OwnerPage::widths = QStringLiteral("8000|");
 
@@ -58,7 +58,7 @@ bool OwnerPage::TakeFrom(Dialog& dialog) {
 }
 
 const QString PropertyPage::label = QStringLiteral("Enter the list of properties you manage.");
-const QString PropertyPage::list = QStringLiteral("Properties");
+const QString PropertyPage::list = QStringLiteral("List of properties");
 const QString PropertyPage::headings = QStringLiteral("Property|Owner|");
 const QString PropertyPage::widths = QStringLiteral("4000|4000|");
 
@@ -72,7 +72,7 @@ bool PropertyPage::TakeFrom(Dialog& /*dialog*/) {
 }
 
 const QString TenantPage::label = QStringLiteral("Enter the list of tenants you manage.");
-const QString TenantPage::list = QStringLiteral("Tenants");
+const QString TenantPage::list = QStringLiteral("List of tenants");
 const QString TenantPage::headings = QStringLiteral("Tenant|Property|");
 const QString TenantPage::widths = QStringLiteral("4000|4000|");
 

@@ -56,6 +56,7 @@ akDate* DialogWindow::AddDate(const QString& name, const QString& label, int lin
     auto* date = new akDate(properties, this);
     date->setObjectName(name);
     date->SetLabel(label);
+    date->SetBackColor(controls::White);
     date->Move(leftOfFields, TopOfLine(line));
     return date;
 }

@@ -39,23 +39,28 @@ class Accessible:
                 found.append(Accessible(child))
         return found
 
-    def walk(self):
-        yield self
-        for child in self.children():
-            yield from child.walk()
+    def showing(self, but_not_in=()):
+        """Itself and all below it that is on show, without what lies within controls of these roles. A control that
+        is gone by the time it is asked is none."""
+        try:
+            if not self.is_showing():
+                return
+            yield self
+            children = [] if but_not_in and self.role in but_not_in else self.children()
+        except Exception:
+            return
+        for child in children:
+            yield from child.showing(but_not_in)
 
     def is_showing(self):
-        return "SHOWING" in self.states()
+        return self.node.get_state_set().contains(library().StateType.SHOWING)
+
+    def is_focused(self):
+        return self.node.get_state_set().contains(library().StateType.FOCUSED)
 
     def all(self, role=None, name=None):
-        found = []
-        for node in self.walk():
-            try:
-                if (role is None or node.role == role) and (name is None or node.name == name) and node.is_showing():
-                    found.append(node)
-            except Exception:  # A control that is gone by the time it is asked is none.
-                continue
-        return found
+        return [node for node in self.showing()
+                if (role is None or node.role == role) and (name is None or node.name == name)]
 
     def find(self, role, name, patience=10.0):
         return wait_for(f"a {role} named {name!r}", lambda: self.all(role, name), patience)[0]

@@ -206,7 +206,7 @@ class Refusals(Journey):
         wizard.wait_for_window("Tenant")
         wizard.enter("Tenants Name", "Tom Tenant")
         self.refuse(wizard, "A property selection is required", title="Tenant")
-        self.assertEqual(wizard.find("combo box", "Property").all("list item"), [])
+        self.assertEqual(wizard.entries("Property"), [])
 
     @staticmethod
     def enter_building_without_units(wizard):

@@ -6,6 +6,7 @@ import os
 import subprocess
 
 from journey import Journey, main
+from random_portfolio import random_portfolio
 from typist import Typist
 
 EXAMPLE = os.path.join(os.path.dirname(__file__), "..", "..", "examples", "portfolio.json")
@@ -13,6 +14,7 @@ EXAMPLE = os.path.join(os.path.dirname(__file__), "..", "..", "examples", "portf
 
 class Roads(Journey):
     TODAY = "2026-11-21"
+    FIRST_SEED = 1
 
     def assert_roads_agree(self, portfolio):
         wizard = self.start()
@@ -34,6 +36,11 @@ class Roads(Journey):
 
     def program(self, name):
         return os.path.join(self.programs, name)
+
+    def test_random_portfolios(self):
+        for seed in range(self.FIRST_SEED, self.FIRST_SEED + int(os.environ.get("WRENFIELD_PORTFOLIOS", "20"))):
+            with self.subTest(seed=seed):
+                self.assert_roads_agree(random_portfolio(seed, self.TODAY))
 
     def test_the_example(self):
         with open(EXAMPLE) as text:

@@ -85,7 +85,7 @@ class Typist:
         self._wait_for_tab("User Type")
 
     def _change_main_account(self, account):
-        self._until_focus("Bank Accounts")
+        self._until_focus("List of bank accounts")
         self.keys(DOWN)
         if account is None:
             self._until_focus("Remove")

@@ -102,9 +102,12 @@ class Wizard:
 
     def focused(self):
         """Role and name of what has the focus, or None."""
-        # The toolkit calls an entry of a list focused that isn't even open.
-        focused = [node for node in self.all() if "FOCUSED" in node.states() and node.role != "list item"]
-        return (focused[-1].role, focused[-1].name) if focused else None
+        try:
+            # The toolkit calls an entry of a list focused that isn't even open.
+            focused = [node for node in self.front().showing(but_not_in=("combo box",)) if node.is_focused()]
+            return (focused[-1].role, focused[-1].name) if focused else None
+        except Exception:  # A window that is gone by the time it is asked has no focus.
+            return None
 
     def click(self, role, name):
         self.desktop.click(*self.find(role, name).middle())
@@ -207,6 +210,11 @@ class Wizard:
         item = wait_for(f"the entry {entry}", lambda: self.root.all("list item", entry))[0]
         self.desktop.click(*item.middle())
         wait_for(f"{entry} to be chosen", lambda: "SELECTED" in item.states() and not box.all("list"))
+
+    def entries(self, label):
+        """What a drop-down list offers."""
+        opened = self.find("combo box", label).children()[0]
+        return [entry.name for entry in opened.children()]
 
     def answer(self, text, button, title="Wrenfield Wizard"):
         """Waits for a message box with this very text and clicks one of its buttons."""

@@ -24,7 +24,7 @@ QString ReadFrequency(ObjectReader& tenant) {
     if (!tenant.Value("RentFrequency")) {
         return QStringLiteral("Week");
     }
-    const QString frequency = tenant.Text("RentFrequency").value_or(QStringLiteral("Week"));
+    QString frequency = tenant.Text("RentFrequency").value_or(QStringLiteral("Week"));
     static const QStringList offered{QStringLiteral("Day"), QStringLiteral("Week"), QStringLiteral("Month"),
                                      QStringLiteral("Year")};
     if (!offered.contains(frequency)) {

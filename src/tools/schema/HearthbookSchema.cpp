@@ -2,6 +2,7 @@
 
 #include "tools_core/schema/Columns.h"
 
+#include <array>
 #include <iterator>
 
 namespace tools {
@@ -16,22 +17,22 @@ struct LedgerAccount {
     bool isTaxable;
 };
 
-constexpr LedgerAccount chartOfAccounts[] = {
-    {"Rent", "Rent Received", 1, false},
-    {"WaterInc", "Water Recovered", 1, false},
-    {"Interest", "Interest Received", 1, false},
-    {"LateFees", "Late Payment Fees", 1, true},
-    {"MgmtFee", "Management Fees", 2, true},
-    {"Repairs", "Repairs and Maintenance", 2, true},
-    {"Insurance", "Insurance", 2, true},
-    {"Rates", "Council Rates", 2, true},
-    {"Garden", "Gardening", 2, true},
-    {"Advert", "Advertising for Tenants", 2, true},
-    {"Mortgage", "Mortgage Interest", 2, false},
-    {"Buildings", "Land and Buildings", 5, false},
-    {"Bonds", "Bonds Held for Tenants", 6, false},
+constexpr std::array chartOfAccounts{
+    LedgerAccount{"Rent", "Rent Received", 1, false},
+    LedgerAccount{"WaterInc", "Water Recovered", 1, false},
+    LedgerAccount{"Interest", "Interest Received", 1, false},
+    LedgerAccount{"LateFees", "Late Payment Fees", 1, true},
+    LedgerAccount{"MgmtFee", "Management Fees", 2, true},
+    LedgerAccount{"Repairs", "Repairs and Maintenance", 2, true},
+    LedgerAccount{"Insurance", "Insurance", 2, true},
+    LedgerAccount{"Rates", "Council Rates", 2, true},
+    LedgerAccount{"Garden", "Gardening", 2, true},
+    LedgerAccount{"Advert", "Advertising for Tenants", 2, true},
+    LedgerAccount{"Mortgage", "Mortgage Interest", 2, false},
+    LedgerAccount{"Buildings", "Land and Buildings", 5, false},
+    LedgerAccount{"Bonds", "Bonds Held for Tenants", 6, false},
     // The sample payee that Hearthbook's tutorial pays.
-    {"Payee1", "Fence Repairs Ltd", 4, true},
+    LedgerAccount{"Payee1", "Fence Repairs Ltd", 4, true},
 };
 
 void AddLedgerAccount(engine::Database& database, const LedgerAccount& account) {
