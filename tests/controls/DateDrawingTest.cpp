@@ -172,6 +172,22 @@ TEST(DateDrawingTest, TheTitleIsCentredOnItsLineInTheBand) {
     EXPECT_EQ(look.Count(QRect(33, 20, 100, 3), Band()), 300);
 }
 
+/// The width of "Mon" in the largest face that leaves two pixels between day names. They are the widest.
+int DayNameWidth(Weight weight) {
+    const auto width = [](QFont font, int pixels, bool bold) {
+        font.setPixelSize(pixels);
+        font.setBold(bold);
+        const QFontMetrics metrics(font);
+        return std::max(metrics.horizontalAdvance(QStringLiteral("Mon")),
+                        metrics.horizontalAdvance(QStringLiteral("Wed")));
+    };
+    int pixels = ControlFont().pixelSize();
+    while (width(ControlFont(), pixels, false) + 2 > 350 / 15.0) {
+        --pixels;
+    }
+    return width(ControlFont(), pixels, weight == Weight::Bold);
+}
+
 TEST(DateDrawingTest, TheTitleIsBoldAndTheDayNamesArent) {
     DateForm form;
     form.date.SetValue(QDate(2009, 5, 1));
@@ -185,7 +201,8 @@ TEST(DateDrawingTest, TheTitleIsBoldAndTheDayNamesArent) {
     ASSERT_GT(width(Weight::Bold, "May 2009"), width(Weight::Normal, "May 2009") + 4);
     EXPECT_NEAR(last - first + 1, width(Weight::Bold, "May 2009"), 3);
     const auto [left, right] = look.Columns(QRect(26, 40, 22, 12), Band());
-    EXPECT_NEAR(right - left + 1, width(Weight::Normal, "Mon"), 3);
+    EXPECT_NEAR(right - left + 1, DayNameWidth(Weight::Normal), 2);
+    EXPECT_LT(right - left + 1, DayNameWidth(Weight::Bold) - 2);
 }
 
 TEST(DateDrawingTest, EachDayNameIsCentredInItsColumn) {
@@ -198,6 +215,21 @@ TEST(DateDrawingTest, EachDayNameIsCentredInItsColumn) {
         const QRect area(left + margin, 41, 23 - margin, 11);
         const auto [first, last] = look.Columns(area, Band());
         EXPECT_NEAR((first + last) / 2.0, left + 11.5, 2) << column;
+    }
+}
+
+TEST(DateDrawingTest, DayNamesStandApart) {
+    DateForm form;
+    form.date.DropDown();
+    const Look look(form.date);
+    const auto isBare = [&look](int x) { return look.Count(QRect(x, 41, 1, 11), Band()) == 11; };
+    for (int column = 2; column <= 7; ++column) {
+        const int left = ToPixels((column - 1) * 350 + 25);
+        int bare = 0;
+        for (int x = left - 4; x <= left + 4; ++x) {
+            bare += isBare(x) ? 1 : 0;
+        }
+        EXPECT_GE(bare, 2) << column;
     }
 }
 
@@ -266,6 +298,19 @@ TEST(DateDrawingTest, DisabledTextIsGreyAndReadable) {
     EXPECT_EQ(look.Count(boxes, black), 0);
     EXPECT_GT(look.Count(boxes, [](const QColor& pixel) { return pixel.lightness() < 170; }), 20);
     EXPECT_EQ(look.At(2, 2), white);
+}
+
+TEST(DateDrawingTest, OnADisabledFormAllOfItIsGrey) {
+    DateForm form;
+    const auto dark = [&form] {
+        return Look(form.date).Count(QRect(3, 3, 80, 13),
+                                     [](const QColor& pixel) { return pixel.lightness() < 90; });
+    };
+    form.window.setEnabled(false);
+    EXPECT_TRUE(form.date.Enabled());
+    EXPECT_EQ(dark(), 0);
+    form.window.setEnabled(true);
+    EXPECT_GT(dark(), 20);
 }
 
 /// Lets a test stand on a desktop with another palette while it lives.
