@@ -27,6 +27,10 @@ QPixmap PlusSign() {
     return icon;
 }
 
+QString NameOf(const ctlButton& button) {
+    return button.Caption().isEmpty() ? button.accessibleName() : button.Caption();
+}
+
 /// Puts buttons on the sheet.
 class Buttons {
 public:
@@ -34,11 +38,12 @@ public:
 
     ctlButton* Add(const QString& caption, const ctlButton::Properties& properties, Size size = usual) const {
         auto* button = new ctlButton(properties, sheet_);
-        button->setObjectName(properties.Caption);
+        button->setObjectName(caption);
+        // For the one that has an icon in place of its caption.
+        button->setAccessibleName(caption);
         sheet_->Add(button, caption, size);
-        QObject::connect(button, &ctlButton::Click, log_, [log = log_, name = properties.Caption] {
-            log->Write(name, QStringLiteral("Click"));
-        });
+        QObject::connect(button, &ctlButton::Click, log_,
+                         [log = log_, button] { log->Write(NameOf(*button), QStringLiteral("Click")); });
         return button;
     }
 
@@ -72,8 +77,8 @@ void AddSizes(const Buttons& buttons, Sheet* sheet) {
     buttons.Add(QStringLiteral("BackColour"),
                 {.Caption = QStringLiteral("Own ground"), .BackColour = controls::RGB(221, 234, 243)},
                 {2700, 495});
-    // The caption is the name that a screen reader reads, so these keep one behind their icon.
-    buttons.Add(QStringLiteral("Pic"), {.Caption = QStringLiteral("Plus")}, {495, 495})->SetPic(PlusSign());
+    buttons.Add(QStringLiteral("Pic"), {}, {495, 375})->SetPic(PlusSign());
+    buttons.Add(QStringLiteral("Pic, not Enabled"), {.Enabled = false}, {495, 375})->SetPic(PlusSign());
 }
 
 void AddLinks(const Buttons& buttons, Sheet* sheet) {

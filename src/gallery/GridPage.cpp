@@ -46,7 +46,8 @@ akGrid* AddGrid(EventLog& log, Sheet* sheet, const QString& caption, const akGri
     auto* grid = new akGrid(properties, sheet, QRect(0, 0, width, height));
     grid->setObjectName(caption);
     grid->setAccessibleName(caption);
-    sheet->Add(grid, caption, {width, height});
+    // A grid has its own mind of its height.
+    sheet->Add(grid, caption, {});
     LogEvents(grid, &log);
     return grid;
 }
@@ -110,7 +111,8 @@ void AddHeights(EventLog& log, Sheet* sheet) {
     auto* fresh = new akGrid(sheet);
     fresh->setObjectName(QStringLiteral("A new one"));
     fresh->setAccessibleName(fresh->objectName());
-    sheet->Add(fresh, fresh->objectName(), {width, height});
+    // Its rows come on view when it finds itself higher than a whole number of them.
+    sheet->Add(fresh, fresh->objectName(), {width, height - 120});
     LogEvents(fresh, &log);
 }
 

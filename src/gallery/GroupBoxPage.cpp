@@ -63,6 +63,7 @@ ctlGroupBox* AddBox(EventLog& log, Sheet* sheet, ctlGroupBox* box, const QString
 
 void AddSwitch(Sheet* sheet, ctlGroupBox* box) {
     auto* button = new controls::ctlButton({.Caption = QStringLiteral("Disable owner")}, sheet);
+    button->setObjectName(QStringLiteral("Switch"));
     sheet->Add(button, QStringLiteral("Switches the first box"), {1875, 375});
     QObject::connect(button, &controls::ctlButton::Click, box, [box, button] {
         box->SetEnabled(!box->Enabled());

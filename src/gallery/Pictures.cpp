@@ -34,7 +34,7 @@ void SavePictures(GalleryWindow& window, const QString& folder, const QString& s
         window.ShowSheet(sheet);
         QApplication::processEvents();
         const QString name = sheet->Title().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-        Save(sheet->grab(), QDir(folder).filePath(name + suffix + QStringLiteral(".png")));
+        Save(sheet->grab(sheet->Used()), QDir(folder).filePath(name + suffix + QStringLiteral(".png")));
     }
 }
 

@@ -13,16 +13,8 @@ namespace gallery {
 
 using controls::ToPixels;
 
-namespace {
-
-constexpr int margin = 225;
-constexpr int gap = 150;
-constexpr int captionHeight = 240;
-
-}  // namespace
-
 Sheet::Sheet(const QString& title, int columns, QWidget* parent)
-    : QWidget(parent), title_(title), columns_(columns), top_(margin) {
+    : QWidget(parent), title_(title), columns_(columns) {
     setObjectName(title);
     setAutoFillBackground(true);
     resize(ToPixels(Extent.width), ToPixels(Extent.height));
@@ -48,6 +40,13 @@ void Sheet::EndRow() {
     top_ += captionHeight + rowHeight_ + gap;
     column_ = 0;
     rowHeight_ = 0;
+}
+
+QRect Sheet::Used() const {
+    // A multiple of four is a whole number of device pixels at every scale factor in steps of a quarter.
+    constexpr int step = 4;
+    const int bottom = childrenRect().bottom() + ToPixels(margin);
+    return {0, 0, width(), (bottom + step - 1) / step * step};
 }
 
 void Sheet::AddCaption(const QString& text, int left, int width) {

@@ -37,19 +37,26 @@ public:
     /// them back.
     void WhenShown(std::function<void()> stage) { stages_.push_back(std::move(stage)); }
 
+    /// The part of the sheet that the samples take as they are now, in pixels.
+    QRect Used() const;
+
     /// Twips that all sheets have.
-    static constexpr Size Extent{12150, 8250};
+    static constexpr Size Extent{12180, 6600};
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    static constexpr int margin = 225;
+    static constexpr int gap = 150;
+    static constexpr int captionHeight = 240;
+
     void AddCaption(const QString& text, int left, int width);
 
     QString title_;
     int columns_;
     int column_ = 0;
-    int top_;
+    int top_ = margin;
     int rowHeight_ = 0;
     QWidget* focused_ = nullptr;
     std::vector<std::function<void()>> stages_;

@@ -7,8 +7,8 @@ namespace gallery {
 
 namespace {
 
-constexpr int columns = 3;
-constexpr Size area{3600, 2100};
+constexpr int columns = 4;
+constexpr Size area{2700, 2100};
 
 void AddSkin(Sheet* sheet, const QString& caption, const controls::clsSkin& skin) {
     auto* sample = new SkinSample(skin, sheet);
@@ -31,8 +31,8 @@ Sheet* SkinPage(QWidget* parent) {
     auto* sheet = new Sheet(QStringLiteral("Skin"), columns, parent);
     AddSkin(sheet, QStringLiteral("Style 0: top to bottom"), WizardSkin(0));
     AddSkin(sheet, QStringLiteral("Style 1: left to right"), WizardSkin(1));
-    AddSkin(sheet, QStringLiteral("Style 2: from the middle to top and bottom"), WizardSkin(2));
-    AddSkin(sheet, QStringLiteral("Style 3: from the middle to left and right"), WizardSkin(3));
+    AddSkin(sheet, QStringLiteral("Style 2: middle to top, bottom"), WizardSkin(2));
+    AddSkin(sheet, QStringLiteral("Style 3: middle to left, right"), WizardSkin(3));
     AddSkin(sheet, QStringLiteral("Style 4: diagonal"), WizardSkin(4));
     controls::clsSkin fewBands = WizardSkin(0);
     fewBands.ColourBandCount = 10;
