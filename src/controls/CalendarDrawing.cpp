@@ -17,7 +17,7 @@ void PrintCentred(PaintedCanvas& canvas, double left, double width, double top, 
 }
 
 bool DayNamesFit(const PaintedCanvas& canvas) {
-    const int gap = 2 * TwipsPerPixel();
+    const int gap = TwipsPerPixel();
     for (int weekday = 1; weekday <= DayColumns; ++weekday) {
         if (canvas.TextWidth(DayName(weekday)) + gap > ColumnWidth) {
             return false;

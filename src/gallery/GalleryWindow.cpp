@@ -30,6 +30,8 @@ GalleryWindow::GalleryWindow() : tabs_(new QTabWidget(this)), log_(new EventLog(
         sheet->setFixedSize(sheet->size());
         tabs_->addTab(sheet, sheet->Title());
     }
+    // What the samples have raised on their way into their states is no event of the user's.
+    log_->clear();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs_);
     layout->addWidget(new QLabel(log_->accessibleName(), this));

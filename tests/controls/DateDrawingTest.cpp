@@ -172,7 +172,7 @@ TEST(DateDrawingTest, TheTitleIsCentredOnItsLineInTheBand) {
     EXPECT_EQ(look.Count(QRect(33, 20, 100, 3), Band()), 300);
 }
 
-/// The width of "Mon" in the largest face that leaves two pixels between day names. They are the widest.
+/// The width of "Mon" in the largest face that leaves a pixel between day names. They are the widest.
 int DayNameWidth(Weight weight) {
     const auto width = [](QFont font, int pixels, bool bold) {
         font.setPixelSize(pixels);
@@ -182,7 +182,7 @@ int DayNameWidth(Weight weight) {
                         metrics.horizontalAdvance(QStringLiteral("Wed")));
     };
     int pixels = ControlFont().pixelSize();
-    while (width(ControlFont(), pixels, false) + 2 > 350 / 15.0) {
+    while (width(ControlFont(), pixels, false) + 1 > 350 / 15.0) {
         --pixels;
     }
     return width(ControlFont(), pixels, weight == Weight::Bold);
@@ -393,6 +393,30 @@ TEST(DateDrawingTest, ButtonsHaveArrowsThatPointTheirWay) {
         widest = count > 0 ? count : widest;
     }
     EXPECT_EQ(widest, 1);
+}
+
+TEST(DateDrawingTest, OnADenseDisplayTheEdgesOfArrowsAreSmooth) {
+    DateForm form;
+    form.date.DropDown();
+    for (const char* name : {"cmdOpen", "cmdLeftMonth", "cmdLeftYear", "cmdRightMonth", "cmdRightYear"}) {
+        const QImage coarse = Picture(form.Button(name));
+        const QImage dense = DensePicture(form.Button(name));
+        // Face, frame and arrow; smooth edges have shades between.
+        EXPECT_EQ(Colours(coarse).size(), 3U) << name;
+        EXPECT_GT(Colours(dense).size(), 5U) << name;
+        // The arrow is as large and stands where it stood: all that is black on either is black or an edge on
+        // the other.
+        for (int y = 0; y < coarse.height(); ++y) {
+            for (int x = 0; x < coarse.width(); ++x) {
+                const auto darkness = [&](int right, int down) {
+                    return 255 - dense.pixelColor(2 * x + right, 2 * y + down).lightness();
+                };
+                const int sum = darkness(0, 0) + darkness(1, 0) + darkness(0, 1) + darkness(1, 1);
+                const int wanted = 4 * (255 - coarse.pixelColor(x, y).lightness());
+                EXPECT_NEAR(sum, wanted, 2 * 255 + 64) << name << " " << x << "," << y;
+            }
+        }
+    }
 }
 
 TEST(DateDrawingTest, AButtonShowsItsFocusAndThatItIsPressed) {

@@ -24,6 +24,10 @@ protected:
     }
 };
 
+TEST_F(GalleryEventsTest, AreNoneBeforeTheUserDoesAnything) {
+    EXPECT_EQ(window.Log().count(), 0);
+}
+
 TEST_F(GalleryEventsTest, OfAButton) {
     Sample<ctlButton>("Button", u"At rest"_s)->DoClick();
     EXPECT_EQ(Logged(1), QStringList{u"Add: Click"_s});
