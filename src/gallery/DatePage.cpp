@@ -1,6 +1,7 @@
 #include "controls/akDate.h"
 #include "controls/ctlButton.h"
 #include "gallery/EventLog.h"
+#include "gallery/ExampleDay.h"
 #include "gallery/Pages.h"
 #include "gallery/Sheet.h"
 #include "platform/NoDate.h"
@@ -14,9 +15,6 @@ namespace {
 
 constexpr int columns = 4;
 constexpr Size asItIs{};
-
-/// No day of this month is today's for long, so pictures of it stay the same.
-const QDate exampleDay(2026, 3, 14);
 
 akDate* AddDate(Sheet* sheet, const QString& caption, const akDate::Properties& properties, QDate value,
                 Size size = asItIs) {

@@ -18,7 +18,7 @@ public:
 
     const std::vector<Sheet*>& Sheets() const { return sheets_; }
     void ShowSheet(Sheet* sheet);
-    const EventLog& Log() const { return *log_; }
+    EventLog& Log() const { return *log_; }
 
 private:
     QTabWidget* tabs_;

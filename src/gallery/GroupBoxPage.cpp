@@ -5,6 +5,7 @@
 #include "controls/ctlGroupBox.h"
 #include "controls/ctlTextBox.h"
 #include "gallery/EventLog.h"
+#include "gallery/ExampleDay.h"
 #include "gallery/Pages.h"
 #include "gallery/Sheet.h"
 
@@ -23,8 +24,6 @@ constexpr int labelLeft = 225;
 constexpr int fieldLeft = 2250;
 constexpr int firstLine = 450;
 constexpr int pitch = 435;
-
-const QDate exampleDay(2026, 3, 14);
 
 void AddLabel(ctlGroupBox* box, const QString& text, int top) {
     auto* label = new QLabel(text, box);

@@ -94,10 +94,10 @@ TEST_F(GalleryEventsTest, AScreenReaderFindsTheNewestLineAtTheEndAndCurrent) {
         add->DoClick();
     }
     Sample<ctlButton>("Button", u"Cancel"_s)->DoClick();
-    const gallery::EventLog& log = window.Log();
+    gallery::EventLog& log = window.Log();
     EXPECT_EQ(log.count(), 500);
     EXPECT_EQ(log.currentRow(), log.count() - 1);
-    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(const_cast<gallery::EventLog*>(&log));
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&log);
     ASSERT_EQ(list->role(), QAccessible::List);
     EXPECT_EQ(list->text(QAccessible::Name), u"Events"_s);
     QAccessibleInterface* newest = list->child(log.count() - 1);

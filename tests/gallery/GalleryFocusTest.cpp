@@ -22,9 +22,8 @@ bool TakesTheFocus(const QWidget* widget) {
 
 TEST_F(GalleryFocusTest, IsSeenOnEveryControlThatTakesIt) {
     OnEachSheet([this](Sheet* sheet) {
-        auto& elsewhere = const_cast<gallery::EventLog&>(window.Log());
         for (QWidget* widget : sheet->findChildren<QWidget*>()) {
-            elsewhere.setFocus();
+            window.Log().setFocus();
             QApplication::processEvents();
             if (!TakesTheFocus(widget)) {
                 continue;
