@@ -23,7 +23,9 @@ const ctlButton& AccessibleButton::Button() const {
 }
 
 QString AccessibleButton::text(QAccessible::Text text) const {
-    return text == QAccessible::Name ? Button().Caption() : QAccessibleWidget::text(text);
+    // A button that shows nothing but an icon goes by the name that its form gives it.
+    return text == QAccessible::Name && !Button().Caption().isEmpty() ? Button().Caption()
+                                                                      : QAccessibleWidget::text(text);
 }
 
 QAccessible::State AccessibleButton::state() const {

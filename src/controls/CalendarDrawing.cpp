@@ -1,5 +1,6 @@
 #include "controls/CalendarDrawing.h"
 
+#include "controls/Display.h"
 #include "controls/Font.h"
 
 namespace controls {
@@ -13,6 +14,27 @@ constexpr Colour discColour = RGB(255, 255, 0);
 void PrintCentred(PaintedCanvas& canvas, double left, double width, double top, const QString& text,
                   const QColor& colour) {
     canvas.Print(left + (width - canvas.TextWidth(text)) / 2, top, text, colour);
+}
+
+bool DayNamesFit(const PaintedCanvas& canvas) {
+    const int gap = TwipsPerPixel();
+    for (int weekday = 1; weekday <= DayColumns; ++weekday) {
+        if (canvas.TextWidth(DayName(weekday)) + gap > ColumnWidth) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// In a wide face the names would run into one another.
+void SetFontOfDayNames(PaintedCanvas& canvas) {
+    constexpr int leastReadable = 8;
+    QFont font = ControlFont();
+    canvas.SetFont(font);
+    while (!DayNamesFit(canvas) && font.pixelSize() > leastReadable) {
+        font.setPixelSize(font.pixelSize() - 1);
+        canvas.SetFont(font);
+    }
 }
 
 void DrawDay(PaintedCanvas& canvas, CalendarCell cell, int day, bool isMarked) {
@@ -54,7 +76,7 @@ void DrawFrame(PaintedCanvas& canvas, const CalendarPicture& picture) {
     const QColor lettering = ReadableOn(ToQColor(SystemColours::Highlight), ToQColor(White));
     canvas.SetFont(ControlFont(UsualFontPoints, Weight::Bold));
     PrintCentred(canvas, 0, Width, TitleLine, MonthTitle(picture.shown), lettering);
-    canvas.SetFont(ControlFont());
+    SetFontOfDayNames(canvas);
     for (int weekday = 1; weekday <= DayColumns; ++weekday) {
         PrintCentred(canvas, CellPlace({weekday, 1}).left, ColumnWidth, DayNameLine, DayName(weekday),
                      lettering);

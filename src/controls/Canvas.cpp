@@ -88,6 +88,10 @@ int PaintedCanvas::TextHeight(const QString& /*text*/) const {
     return ToTwips(painter_->fontMetrics().height());
 }
 
+QString PaintedCanvas::Elided(const QString& text, int width) const {
+    return painter_->fontMetrics().elidedText(text, Qt::ElideRight, ToPixels(width));
+}
+
 void PaintedCanvas::Print(double x, double y, const QString& text, const QColor& colour) {
     painter_->setPen(colour);
     painter_->drawText(ToPixels(x), ToPixels(y) + painter_->fontMetrics().ascent(), text);

@@ -54,6 +54,8 @@ public:
     /// Extent of a text in the present font.
     int TextWidth(const QString& text) const;
     int TextHeight(const QString& text) const;
+    /// The text, or as much of its beginning as fits into the width, with dots behind.
+    QString Elided(const QString& text, int width) const;
     /// Prints one line of text with its top left at (x, y).
     void Print(double x, double y, const QString& text, const QColor& colour);
 

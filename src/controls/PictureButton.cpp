@@ -2,6 +2,7 @@
 
 #include "controls/Colour.h"
 #include "controls/Display.h"
+#include "controls/Triangle.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -15,9 +16,28 @@ namespace {
 /// Where a triangle's tip points.
 enum class Tip { Left, Right, Down };
 
+/// The triangle of FillArrow between the outer edges of its pixels.
+void FillSmoothArrow(QPainter& painter, QPoint baseMiddle, int size, Tip tip, const QColor& colour) {
+    const QPointF middle = QPointF(baseMiddle) + QPointF(0.5, 0.5);
+    const double half = size - 0.5;
+    if (tip == Tip::Down) {
+        const QPointF base(middle.x(), baseMiddle.y());
+        FillTriangle(painter, base - QPointF(half, 0), base + QPointF(half, 0), base + QPointF(0, size),
+                     colour);
+        return;
+    }
+    const QPointF base(tip == Tip::Right ? baseMiddle.x() : baseMiddle.x() + 1, middle.y());
+    FillTriangle(painter, base - QPointF(0, half), base + QPointF(0, half),
+                 base + QPointF(tip == Tip::Right ? size : -size, 0), colour);
+}
+
 /// A triangle of rows or columns of whole pixels, so that its edges are sharp. Size is its height from base
 /// to tip; the base is twice that less one.
-void FillTriangle(QPainter& painter, QPoint baseMiddle, int size, Tip tip, const QColor& colour) {
+void FillArrow(QPainter& painter, QPoint baseMiddle, int size, Tip tip, const QColor& colour) {
+    if (IsDense(painter)) {
+        FillSmoothArrow(painter, baseMiddle, size, tip, colour);
+        return;
+    }
     for (int step = 0; step < size; ++step) {
         const int half = size - 1 - step;
         const int length = 2 * half + 1;
@@ -41,7 +61,7 @@ void FillArrows(QPainter& painter, const QRect& button, int count, Tip tip, cons
     const int size = std::max(2, button.height() / 4 + (count == 1 ? 1 : 0));
     const QPoint middle = button.center();
     if (tip == Tip::Down) {
-        FillTriangle(painter, {middle.x(), middle.y() - (size - 1) / 2}, size, tip, colour);
+        FillArrow(painter, {middle.x(), middle.y() - (size - 1) / 2}, size, tip, colour);
         return;
     }
     const int gap = count - 1;
@@ -49,7 +69,7 @@ void FillArrows(QPainter& painter, const QRect& button, int count, Tip tip, cons
     for (int place = 0; place < count; ++place) {
         const int start = left + place * (size + 1);
         const int base = tip == Tip::Right ? start : start + size - 1;
-        FillTriangle(painter, {base, middle.y()}, size, tip, colour);
+        FillArrow(painter, {base, middle.y()}, size, tip, colour);
     }
 }
 

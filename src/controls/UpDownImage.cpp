@@ -4,6 +4,7 @@
 #include "controls/Canvas.h"
 #include "controls/Display.h"
 #include "controls/Palette.h"
+#include "controls/Triangle.h"
 #include "controls/UpDownAccessible.h"
 
 #include <QMouseEvent>
@@ -21,6 +22,17 @@ constexpr Colour disabledArrow = RGB(150, 150, 150);
 
 void FillRow(PaintedCanvas& canvas, int left, int right, int row, Colour colour) {
     canvas.Line(ToTwips(left), ToTwips(row), ToTwips(right), ToTwips(row), colour, LineForm::FilledBox);
+}
+
+/// The arrows of DrawArrows between the outer edges of their pixels.
+void DrawSmoothArrows(QPainter& painter, const QColor& colour) {
+    const auto draw = [&](double tip, double base) {
+        constexpr double middle = UpDownImage::pixelWidth / 2.0;
+        FillTriangle(painter, {middle - arrowRows, base}, {middle + arrowRows, base}, {middle, tip}, colour);
+    };
+    constexpr int bottom = UpDownImage::pixelHeight;
+    draw(tipDistance, tipDistance + arrowRows);
+    draw(bottom - tipDistance, bottom - tipDistance - arrowRows);
 }
 
 /// Row by row, each a pixel wider at both ends than the one nearer to the tip.
@@ -81,7 +93,12 @@ void UpDownImage::paintEvent(QPaintEvent* /*event*/) {
                 LineForm::FilledBox);
     canvas.Line(0, 0, ToTwips(pixelWidth - 1), ToTwips(pixelHeight - 1), colours.Frame, LineForm::Outline);
     FillRow(canvas, 0, pixelWidth - 1, dividingRow, colours.Frame);
-    DrawArrows(canvas, isEnabled() ? colours.ButtonOutline : disabledArrow);
+    const Colour arrows = isEnabled() ? colours.ButtonOutline : disabledArrow;
+    if (IsDense(painter)) {
+        DrawSmoothArrows(painter, ToQColor(arrows));
+    } else {
+        DrawArrows(canvas, arrows);
+    }
 }
 
 }  // namespace controls

@@ -137,8 +137,9 @@ void akDate::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(BackColor_));
     PaintedCanvas canvas(&painter, width(), height());
-    const QColor lettering =
-        Enabled_ ? ToQColor(Black) : ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText));
+    const QColor lettering = Enabled_ && isEnabled()
+                                 ? ToQColor(Black)
+                                 : ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText));
     DrawClosedControl(canvas, borderWidth_, order_.IsYearFirst() ? YearFirstLayout : YearLastLayout,
                       lettering);
     if (DroppedDown_) {

@@ -140,10 +140,12 @@ void ctlButton::SetButtonState(ButtonStates state) {
 }
 
 void ctlButton::DrawButton() {
-    Show({.Blank = !isEnabled(),
+    // Only a window that is disabled itself shows nothing. On a form that is disabled as a whole, a button
+    // looks as one that can't be clicked.
+    Show({.Blank = !isEnabledTo(parentWidget()),
           .Caption = caption_,
           .BackColor = backColor_,
-          .Enabled = enabled_,
+          .Enabled = enabled_ && isEnabled(),
           .LinkButton = linkButton_,
           .State = buttonState_});
 }

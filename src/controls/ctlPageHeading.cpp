@@ -184,7 +184,8 @@ void ctlPageHeading::PaintTab(PaintedCanvas& canvas, int tab) const {
     const int top = HeadingTabs::Top(bottom);
     const bool current = tabs_.IsCurrent(tab);
     const TabLook look = LookOf(current, tabs_.TabEnabled[tab]);
-    const QString& text = tabs_.TabNames[tab];
+    // A text that is too long would run over the neighbours.
+    const QString text = canvas.Elided(tabs_.TabNames[tab], right - left - 2 * line);
 
     canvas.Line(left, top, right, bottom, look.fill, LineForm::FilledBox);
     canvas.Line(left, top, right, current ? bottom : bottom - line, look.outline, LineForm::Outline);

@@ -34,6 +34,13 @@ TEST_F(AccessibleButtonTest, IsAPushButtonNamedByItsCaption) {
     EXPECT_EQ(accessible->rect(), QRect(button.mapToGlobal(QPoint(0, 0)), button.size()));
 }
 
+TEST_F(AccessibleButtonTest, WithoutACaptionItGoesByTheNameThatItsFormGivesIt) {
+    button.setAccessibleName(QStringLiteral("Plus"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Add"));
+    button.SetCaption(QString());
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Plus"));
+}
+
 TEST_F(AccessibleButtonTest, TellsItsStates) {
     EXPECT_TRUE(accessible->state().focusable);
     EXPECT_FALSE(accessible->state().focused);

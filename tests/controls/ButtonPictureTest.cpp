@@ -176,6 +176,19 @@ TEST_F(ButtonLookTest, WithItsWindowDisabledNothingButTheGroundShows) {
     EXPECT_EQ(PixelAt(button, 50, 1), QColor(212, 230, 251));
 }
 
+TEST_F(ButtonLookTest, OnADisabledFormItLooksLikeOneThatIsNotEnabled) {
+    button.SetCaption(QStringLiteral("HHHH"));
+    button.SetEnabled(false);
+    const QImage notEnabled = Picture(button);
+    button.SetEnabled(true);
+    ASSERT_NE(Picture(button), notEnabled);
+    window.setEnabled(false);
+    EXPECT_TRUE(button.Enabled());
+    EXPECT_EQ(Picture(button), notEnabled);
+    window.setEnabled(true);
+    EXPECT_EQ(PixelAt(button, 50, 1), QColor(212, 230, 251));
+}
+
 /// Sizes of pictures and outlines are pixels, whatever a pixel is in twips.
 class ButtonDensityTest : public ::testing::TestWithParam<int> {};
 

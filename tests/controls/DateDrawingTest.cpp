@@ -172,6 +172,22 @@ TEST(DateDrawingTest, TheTitleIsCentredOnItsLineInTheBand) {
     EXPECT_EQ(look.Count(QRect(33, 20, 100, 3), Band()), 300);
 }
 
+/// The width of "Mon" in the largest face that leaves a pixel between day names. They are the widest.
+int DayNameWidth(Weight weight) {
+    const auto width = [](QFont font, int pixels, bool bold) {
+        font.setPixelSize(pixels);
+        font.setBold(bold);
+        const QFontMetrics metrics(font);
+        return std::max(metrics.horizontalAdvance(QStringLiteral("Mon")),
+                        metrics.horizontalAdvance(QStringLiteral("Wed")));
+    };
+    int pixels = ControlFont().pixelSize();
+    while (width(ControlFont(), pixels, false) + 1 > 350 / 15.0) {
+        --pixels;
+    }
+    return width(ControlFont(), pixels, weight == Weight::Bold);
+}
+
 TEST(DateDrawingTest, TheTitleIsBoldAndTheDayNamesArent) {
     DateForm form;
     form.date.SetValue(QDate(2009, 5, 1));
@@ -185,7 +201,8 @@ TEST(DateDrawingTest, TheTitleIsBoldAndTheDayNamesArent) {
     ASSERT_GT(width(Weight::Bold, "May 2009"), width(Weight::Normal, "May 2009") + 4);
     EXPECT_NEAR(last - first + 1, width(Weight::Bold, "May 2009"), 3);
     const auto [left, right] = look.Columns(QRect(26, 40, 22, 12), Band());
-    EXPECT_NEAR(right - left + 1, width(Weight::Normal, "Mon"), 3);
+    EXPECT_NEAR(right - left + 1, DayNameWidth(Weight::Normal), 2);
+    EXPECT_LT(right - left + 1, DayNameWidth(Weight::Bold) - 2);
 }
 
 TEST(DateDrawingTest, EachDayNameIsCentredInItsColumn) {
@@ -198,6 +215,21 @@ TEST(DateDrawingTest, EachDayNameIsCentredInItsColumn) {
         const QRect area(left + margin, 41, 23 - margin, 11);
         const auto [first, last] = look.Columns(area, Band());
         EXPECT_NEAR((first + last) / 2.0, left + 11.5, 2) << column;
+    }
+}
+
+TEST(DateDrawingTest, DayNamesStandApart) {
+    DateForm form;
+    form.date.DropDown();
+    const Look look(form.date);
+    const auto isBare = [&look](int x) { return look.Count(QRect(x, 41, 1, 11), Band()) == 11; };
+    for (int column = 2; column <= 7; ++column) {
+        const int left = ToPixels((column - 1) * 350 + 25);
+        int bare = 0;
+        for (int x = left - 4; x <= left + 4; ++x) {
+            bare += isBare(x) ? 1 : 0;
+        }
+        EXPECT_GE(bare, 2) << column;
     }
 }
 
@@ -266,6 +298,19 @@ TEST(DateDrawingTest, DisabledTextIsGreyAndReadable) {
     EXPECT_EQ(look.Count(boxes, black), 0);
     EXPECT_GT(look.Count(boxes, [](const QColor& pixel) { return pixel.lightness() < 170; }), 20);
     EXPECT_EQ(look.At(2, 2), white);
+}
+
+TEST(DateDrawingTest, OnADisabledFormAllOfItIsGrey) {
+    DateForm form;
+    const auto dark = [&form] {
+        return Look(form.date).Count(QRect(3, 3, 80, 13),
+                                     [](const QColor& pixel) { return pixel.lightness() < 90; });
+    };
+    form.window.setEnabled(false);
+    EXPECT_TRUE(form.date.Enabled());
+    EXPECT_EQ(dark(), 0);
+    form.window.setEnabled(true);
+    EXPECT_GT(dark(), 20);
 }
 
 /// Lets a test stand on a desktop with another palette while it lives.
@@ -348,6 +393,30 @@ TEST(DateDrawingTest, ButtonsHaveArrowsThatPointTheirWay) {
         widest = count > 0 ? count : widest;
     }
     EXPECT_EQ(widest, 1);
+}
+
+TEST(DateDrawingTest, OnADenseDisplayTheEdgesOfArrowsAreSmooth) {
+    DateForm form;
+    form.date.DropDown();
+    for (const char* name : {"cmdOpen", "cmdLeftMonth", "cmdLeftYear", "cmdRightMonth", "cmdRightYear"}) {
+        const QImage coarse = Picture(form.Button(name));
+        const QImage dense = DensePicture(form.Button(name));
+        // Face, frame and arrow; smooth edges have shades between.
+        EXPECT_EQ(Colours(coarse).size(), 3U) << name;
+        EXPECT_GT(Colours(dense).size(), 5U) << name;
+        // The arrow is as large and stands where it stood: all that is black on either is black or an edge on
+        // the other.
+        for (int y = 0; y < coarse.height(); ++y) {
+            for (int x = 0; x < coarse.width(); ++x) {
+                const auto darkness = [&](int right, int down) {
+                    return 255 - dense.pixelColor(2 * x + right, 2 * y + down).lightness();
+                };
+                const int sum = darkness(0, 0) + darkness(1, 0) + darkness(0, 1) + darkness(1, 1);
+                const int wanted = 4 * (255 - coarse.pixelColor(x, y).lightness());
+                EXPECT_NEAR(sum, wanted, 2 * 255 + 64) << name << " " << x << "," << y;
+            }
+        }
+    }
 }
 
 TEST(DateDrawingTest, AButtonShowsItsFocusAndThatItIsPressed) {

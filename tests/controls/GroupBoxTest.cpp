@@ -1,8 +1,12 @@
 #include "controls/Display.h"
 #include "controls/Font.h"
 #include "controls/Palette.h"
+#include "controls/akDate.h"
+#include "controls/akGrid.h"
 #include "controls/clsSkin.h"
+#include "controls/ctlButton.h"
 #include "controls/ctlGroupBox.h"
+#include "controls/ctlTextBox.h"
 #include "support/NaiveGradient.h"
 #include "support/OnScreen.h"
 #include "support/PrintQt.h"
@@ -122,6 +126,24 @@ TEST_F(GroupBoxTest, TheValueThatItHasAlreadyDoesNothing) {
     box.SetEnabled(true);
     EXPECT_EQ(own.writes, 0);
     EXPECT_FALSE(plain.isEnabled());
+}
+
+TEST_F(GroupBoxTest, TheKitsOwnControlsGetItAsTheirOwnValue) {
+    ctlGroupBox box;
+    const ctlButton button(&box);
+    const ctlTextBox text(&box);
+    const akDate date(&box);
+    const akGrid grid(&box);
+    const auto values = [&] {
+        return std::vector<bool>{button.Enabled(), text.Enabled(), date.Enabled(), grid.Enabled()};
+    };
+    EXPECT_EQ(values(), std::vector<bool>(4, true));
+    box.SetEnabled(false);
+    EXPECT_EQ(values(), std::vector<bool>(4, false));
+    // A button whose own window is disabled would vanish.
+    EXPECT_TRUE(button.isEnabledTo(&box));
+    box.SetEnabled(true);
+    EXPECT_EQ(values(), std::vector<bool>(4, true));
 }
 
 TEST_F(GroupBoxTest, AChildThatFailsIsSkipped) {

@@ -235,6 +235,20 @@ TEST_F(HeadingPaintTest, TextIsCentredInTheTabAndSharesOneBaseLine) {
     EXPECT_NEAR(high.bottom() + 1, top + metrics.ascent(), 1.0);
 }
 
+TEST_F(HeadingPaintTest, TextThatIsTooLongForItsTabEndsInIt) {
+    Show({.Caption = QString(), .Tabs = u"A||"_s});
+    const QImage usual = Picture(*heading);
+    heading->SetTabs(u"A||HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH|"_s);
+    const QImage picture = Picture(*heading);
+    // Neither the tab before it nor the banner behind it has any of its ink.
+    EXPECT_TRUE(Ink(picture, 1).isEmpty());
+    const QRect after(heading->TabRectangle(2).right() + 1, 49, 100, 24);
+    EXPECT_EQ(picture.copy(after), usual.copy(after));
+    const QRect ink = Ink(picture, 2);
+    EXPECT_GT(ink.width(), 80);
+    EXPECT_EQ(heading->TabStrip().TabNames[2].size(), 32);
+}
+
 TEST_F(HeadingPaintTest, TextIsBlackOnTabsThatCanBeUsedAndShadowOnOthers) {
     const AnotherDesktop desktop(QColor(240, 240, 240), QColor(120, 20, 20));
     Show({.Caption = QString(), .Tabs = u"HHHH|HHHH |HHHH  |"_s});

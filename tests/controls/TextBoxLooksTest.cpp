@@ -186,6 +186,18 @@ TEST_F(TextBoxLooksTest, TheImageHasAnArrowInEachHalf) {
     EXPECT_NE(Picture(TheImage()).pixelColor(7, 3), face);
 }
 
+TEST_F(TextBoxLooksTest, OnADenseDisplayTheEdgesOfTheArrowsAreSmooth) {
+    Load({.ShowUpDown = true});
+    const QImage coarse = Picture(TheImage());
+    const QImage dense = DensePicture(TheImage());
+    EXPECT_EQ(Colours(coarse).size(), 3U);
+    EXPECT_GT(Colours(dense).size(), 3U);
+    for (const QPoint place : {QPoint(7, 5), QPoint(8, 5), QPoint(5, 6), QPoint(10, 6), QPoint(7, 13),
+                               QPoint(8, 13), QPoint(5, 12), QPoint(10, 12), QPoint(0, 9), QPoint(2, 6)}) {
+        EXPECT_EQ(dense.pixelColor(2 * place), coarse.pixelColor(place)) << place.x() << "," << place.y();
+    }
+}
+
 TEST_F(TextBoxLooksTest, ATypedKeyPaintsTheBoxAndNothingAroundIt) {
     Enter({.Text = u""_s, .IsNumeric = true, .DecimalPlaces = 2, .ShowUpDown = true});
     PaintCounter box(TheBox());

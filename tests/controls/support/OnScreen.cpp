@@ -22,6 +22,27 @@ QImage Picture(QWidget& widget) {
     return image;
 }
 
+QImage DensePicture(QWidget& widget) {
+    QImage image(2 * widget.size(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(2);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    widget.render(&painter);
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
+std::set<QRgb> Colours(const QImage& picture) {
+    std::set<QRgb> colours;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    return colours;
+}
+
 QColor PixelAt(QWidget& widget, int x, int y) {
     return Picture(widget).pixelColor(x, y);
 }

@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <set>
+
 /// Lets a test stand on a display of another density while it lives.
 class AnotherDensity {
 public:
@@ -19,6 +21,12 @@ void ShowAndActivate(QWidget& widget);
 
 /// What the widget looks like now, one image pixel to a device-independent pixel.
 QImage Picture(QWidget& widget);
+
+/// What it looks like on a display of double density.
+QImage DensePicture(QWidget& widget);
+
+/// The colours of a picture.
+std::set<QRgb> Colours(const QImage& picture);
 
 /// One pixel of it.
 QColor PixelAt(QWidget& widget, int x, int y);

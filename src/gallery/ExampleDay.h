@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QDate>
+
+namespace gallery {
+
+/// The day in all dates on show. Not today's, so that pictures stay the same.
+inline const QDate exampleDay(2026, 3, 14);
+
+}  // namespace gallery

@@ -1,0 +1,70 @@
+#include "gallery/Sheet.h"
+
+#include "controls/Control.h"
+#include "controls/Display.h"
+#include "controls/Font.h"
+
+#include <QLabel>
+
+#include <algorithm>
+#include <utility>
+
+namespace gallery {
+
+using controls::ToPixels;
+
+Sheet::Sheet(const QString& title, int columns, QWidget* parent)
+    : QWidget(parent), title_(title), columns_(columns) {
+    setObjectName(title);
+    setAutoFillBackground(true);
+    resize(ToPixels(Extent.width), ToPixels(Extent.height));
+}
+
+void Sheet::Add(QWidget* sample, const QString& caption, Size size, int span) {
+    if (column_ + span > columns_) {
+        EndRow();
+    }
+    const int pitch = (Extent.width - 2 * margin + gap) / columns_;
+    const int left = margin + column_ * pitch;
+    AddCaption(caption, left, span * pitch - gap);
+    sample->setParent(this);
+    sample->move(ToPixels(left), ToPixels(top_ + captionHeight));
+    if (size.width > 0) {
+        sample->resize(ToPixels(size.width), ToPixels(size.height));
+    }
+    rowHeight_ = std::max({rowHeight_, size.height, controls::ToTwips(sample->height())});
+    column_ += span;
+}
+
+void Sheet::EndRow() {
+    top_ += captionHeight + rowHeight_ + gap;
+    column_ = 0;
+    rowHeight_ = 0;
+}
+
+QRect Sheet::Used() const {
+    // A multiple of four is a whole number of device pixels at every scale factor in steps of a quarter.
+    constexpr int step = 4;
+    const int bottom = childrenRect().bottom() + ToPixels(margin);
+    return {0, 0, width(), (bottom + step - 1) / step * step};
+}
+
+void Sheet::AddCaption(const QString& text, int left, int width) {
+    auto* caption = new QLabel(this);
+    caption->setTextFormat(Qt::PlainText);
+    caption->setFont(controls::ControlFont());
+    caption->setText(text);
+    caption->setGeometry(ToPixels(left), ToPixels(top_), ToPixels(width), ToPixels(captionHeight));
+}
+
+void Sheet::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    for (const std::function<void()>& stage : stages_) {
+        stage();
+    }
+    if (focused_ != nullptr) {
+        focused_->setFocus();
+    }
+}
+
+}  // namespace gallery
