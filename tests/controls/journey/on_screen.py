@@ -184,10 +184,13 @@ class Screen:
     def release(self, button=1):
         self._xdotool("mouseup", button)
 
-    def click(self, window, x, y, button=1):
-        self.move(window, x, y)
+    def click(self, button=1):
+        """Presses and lets go of a button where the mouse is."""
         self._xdotool("click", button)
 
-    def key(self, name):
-        """Types a key, named as in "Return" or "shift+Tab", into what has the focus."""
-        self._xdotool("key", name)
+    def double_click(self):
+        self._xdotool("click", "--repeat", 2, "--delay", 10, 1)
+
+    def key(self, *names):
+        """Types keys, named as in "Return" or "shift+Tab", one by one into what has the focus."""
+        self._xdotool("key", *names)
