@@ -2,6 +2,8 @@
 
 #include "controls/Palette.h"
 
+#include <QStyleFactory>
+
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -78,6 +80,8 @@ void TellFocus() {
 }
 
 StoryApplication::StoryApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    // Scroll bars and their thumbs stand where this style puts them.
+    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     controls::InitialiseColours();
 }
 
