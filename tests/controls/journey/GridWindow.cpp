@@ -6,6 +6,7 @@
 #include "journey/Story.h"
 
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QToolTip>
 
 namespace {
@@ -37,6 +38,8 @@ public:
         QObject::connect(this, &akGrid::HyperLinkClick, [this, name](qint16& column) {
             Tell(name + QStringLiteral(" link %1 ").arg(column) + Text());
         });
+        QObject::connect(findChild<QScrollBar*>(), &QScrollBar::sliderMoved,
+                         [name](int value) { Tell(name + QStringLiteral(" thumb at %1").arg(value)); });
     }
 
 private:

@@ -21,6 +21,14 @@ public:
         });
         QObject::connect(this, &ctlTextBox::GotFocus,
                          [this, name] { Tell(name + QStringLiteral(" got focus ") + Shown()); });
+        const QLineEdit* box = findChild<QLineEdit*>();
+        QObject::connect(box, &QLineEdit::selectionChanged, [box, name] {
+            const bool byMouse =
+                QApplication::mouseButtons() == Qt::LeftButton && box->underMouse() && box->hasFocus();
+            if (byMouse && !box->hasSelectedText()) {
+                Tell(name + QStringLiteral(" caret placed"));
+            }
+        });
         QObject::connect(this, &ctlTextBox::LostFocus,
                          [name] { Tell(name + QStringLiteral(" lost focus")); });
     }
@@ -62,5 +70,9 @@ int main(int argc, char** argv) {
                                   .ShowUpDown = true,
                                   .UpDownIncrement = 2},
                                  &form);
+    const Watched menu(QStringLiteral("menu"), [] {
+        return QApplication::activePopupWidget() != nullptr ? QStringLiteral("open")
+                                                            : QStringLiteral("closed");
+    });
     return RunForm(form, {370, 170});
 }

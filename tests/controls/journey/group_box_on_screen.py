@@ -9,7 +9,6 @@ from form import work
 
 ENABLED = (20, 22)
 CONTENTS = (150, 22)
-TITLE = (200, 48)
 TEXT = (100, 82)
 BUTTON = (72, 122)
 OPEN_DATE = (115, 159)
@@ -19,37 +18,40 @@ DEEP_TEXT = (280, 192)
 
 def all_that_it_contains_can_be_worked(form):
     form.click(TEXT)
+    form.expect("focus box.text.TextBox |")
     form.key("a")
     form.expect("text a")
     form.click(BUTTON)
-    form.expect("button")
+    form.expect("focus box.button", "button")
     form.click(OPEN_DATE)
-    form.expect("calendar open")
+    form.expect("focus box.date.cmdOpen", "calendar open")
     form.click(OPEN_DATE)
     form.expect("calendar closed")
     form.click(GRID_CELL)
-    form.expect("grid")
+    form.expect("focus box.grid", "grid")
     form.click(DEEP_TEXT)
+    form.expect("focus box.inner.deep.TextBox |")
     form.key("b")
     form.expect("deep b")
     form.key("ctrl+a", "Delete")
     form.expect("deep ")
     form.click(TEXT)
+    form.expect("focus box.text.TextBox |[a]")
     form.key("Delete")
     form.expect("text ")
-    form.click(TITLE)
 
 
-def nothing_in_it_can_be_worked(form):
-    for place in (TEXT, BUTTON, OPEN_DATE, GRID_CELL, DEEP_TEXT):
+def nothing_else_in_it_can_be_worked(form):
+    for place in (TEXT, OPEN_DATE, GRID_CELL, DEEP_TEXT):
         form.click(place)
         form.key("x", "Return")
 
 
 def a_disabled_box_disables_all_that_it_contains(form):
     form.click(ENABLED)
-    form.expect("box off")
-    nothing_in_it_can_be_worked(form)
+    form.expect("focus enabled", "box off")
+    form.click(BUTTON)
+    nothing_else_in_it_can_be_worked(form)
     form.click(ENABLED)
     form.expect("box on")
     all_that_it_contains_can_be_worked(form)
@@ -57,10 +59,13 @@ def a_disabled_box_disables_all_that_it_contains(form):
 
 def the_contents_can_be_disabled_alone(form):
     form.click(CONTENTS)
-    form.expect("contents off")
-    nothing_in_it_can_be_worked(form)
+    form.expect("focus contents", "contents off")
+    # A button that isn't enabled hands the focus on.
+    form.click(BUTTON)
+    form.expect("focus box.button", "focus enabled")
+    nothing_else_in_it_can_be_worked(form)
     form.click(CONTENTS)
-    form.expect("contents on")
+    form.expect("focus contents", "contents on")
     all_that_it_contains_can_be_worked(form)
 
 

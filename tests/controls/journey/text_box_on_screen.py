@@ -20,12 +20,6 @@ BALANCE_UP = (341, 133)
 BALANCE_DOWN = (341, 146)
 
 
-def copy_from_the_field(form, *keys):
-    """Types into the toolkit's own edit box and copies it. The text box that had the focus has been left."""
-    form.click(FIELD)
-    form.key("ctrl+a", *keys, "ctrl+a", "ctrl+c")
-
-
 def an_apostrophe_is_no_text(form):
     form.click(NAME)
     form.expect("name got focus |")
@@ -49,6 +43,7 @@ def the_focus_selects_all_and_the_second_click_places_the_caret(form):
     # Left without a digit, a numeric box gets one.
     form.expect("amount text 0", "amount by text 0 = 0", "amount lost focus", "name got focus |[ONe1]")
     form.click(NAME)
+    form.expect("name caret placed")
     form.key("Home", "A")
     form.expect("name text AONe1", "name by text A|ONe1 = 0")
     form.key("shift+Tab")
@@ -136,8 +131,9 @@ def without_decimals_and_signs_there_are_digits_alone(form):
 
 
 def of_a_pasted_text_the_number_stays(form):
-    copy_from_the_field(form, "8", "period", "7", "5", "5", "k", "g")
+    form.click(FIELD)
     form.expect("whole lost focus")
+    form.key("ctrl+a", "8", "period", "7", "5", "5", "k", "g", "ctrl+a", "ctrl+c")
     form.click(WHOLE)
     form.expect("whole got focus |[42]")
     form.key("ctrl+v")
@@ -152,7 +148,10 @@ def a_menu_is_no_leaving(form):
     form.key("ctrl+a", "minus")
     form.expect("amount text -", "amount by key -| = 0")
     form.click(AMOUNT, button=3)
-    form.key("Escape", "3")
+    form.expect("menu open")
+    form.key("Escape")
+    form.expect("menu closed")
+    form.key("3")
     form.expect("amount text -3", "amount by key -3| = -3")
 
 
