@@ -32,6 +32,7 @@ class NoneBox;
 /// All lengths are twips. The control has one height, 285; a form chooses its width.
 class akDate : public Control {
     Q_OBJECT
+    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
 
 public:
     struct Properties {

@@ -25,6 +25,7 @@ namespace controls {
 /// beneath headings and cells.
 class akGrid : public Control {
     Q_OBJECT
+    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
 
 public:
     /// What a form stores of its list.

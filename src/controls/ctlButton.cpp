@@ -140,7 +140,8 @@ void ctlButton::SetButtonState(ButtonStates state) {
 }
 
 void ctlButton::DrawButton() {
-    Show({.Blank = !isEnabled(),
+    // A button in a disabled group box keeps its look, which tells by Enabled that it can't be clicked.
+    Show({.Blank = !isEnabledTo(parentWidget()),
           .Caption = caption_,
           .BackColor = backColor_,
           .Enabled = enabled_,

@@ -19,6 +19,7 @@ namespace controls {
 /// focus; only its look doesn't tell.
 class ctlButton : public Control {
     Q_OBJECT
+    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
 
 public:
     /// What a form saves of a button, in the order in which it is taken over.
@@ -37,7 +38,7 @@ public:
     explicit ctlButton(const Properties& saved, QWidget* parent = nullptr);
 
     /// Whether the user can click it, and the look that says so. This is a field of the button's own and not
-    /// isEnabled(), the flag of its window: a button whose window is disabled shows nothing but its ground.
+    /// the flag of its window: a button whose own window is disabled shows nothing but its ground.
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
 

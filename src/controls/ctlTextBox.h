@@ -20,6 +20,7 @@ class InnerTextBox;
 /// "imgUpDown" that steps the number.
 class ctlTextBox : public Control {
     Q_OBJECT
+    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
 
 public:
     /// What a form saves of the control, in the order in which it is loaded.

@@ -1,8 +1,12 @@
 #include "controls/Display.h"
 #include "controls/Font.h"
 #include "controls/Palette.h"
+#include "controls/akDate.h"
+#include "controls/akGrid.h"
 #include "controls/clsSkin.h"
+#include "controls/ctlButton.h"
 #include "controls/ctlGroupBox.h"
+#include "controls/ctlTextBox.h"
 #include "support/NaiveGradient.h"
 #include "support/OnScreen.h"
 #include "support/PrintQt.h"
@@ -163,6 +167,40 @@ TEST_F(GroupBoxTest, OnlyDirectChildrenAreWalkedAndANestedBoxCarriesItOn) {
     EXPECT_FALSE(inner.Enabled());
     EXPECT_FALSE(deepInBox.isEnabledTo(&inner));
     EXPECT_TRUE(deepInPlain.isEnabledTo(&plain));
+}
+
+TEST_F(GroupBoxTest, ControlsOfTheKitGetItInTheirOwnEnabled) {
+    ctlGroupBox box;
+    const ctlButton button(&box);
+    const ctlTextBox text(&box);
+    const akDate date(&box);
+    const akGrid grid(&box);
+    for (const bool enabled : {false, true}) {
+        box.DisableControls(enabled);
+        EXPECT_EQ(button.Enabled(), enabled);
+        EXPECT_EQ(text.Enabled(), enabled);
+        EXPECT_EQ(date.Enabled(), enabled);
+        EXPECT_EQ(grid.Enabled(), enabled);
+    }
+}
+
+TEST_F(GroupBoxTest, AButtonInADisabledBoxLooksAsADisabledOneDoes) {
+    ctlGroupBox box;
+    Fill(box);
+    ctlButton button({.Caption = QStringLiteral("Add")}, &box);
+    button.setGeometry(10, 30, 105, 25);
+    const QImage enabled = Picture(button);
+    button.SetEnabled(false);
+    const QImage disabled = Picture(button);
+    button.SetEnabled(true);
+    ASSERT_NE(disabled, enabled);
+
+    box.SetEnabled(false);
+    EXPECT_EQ(Picture(button), disabled);
+    box.SetEnabled(true);
+    EXPECT_EQ(Picture(button), enabled);
+    box.DisableControls(false);
+    EXPECT_EQ(Picture(button), disabled);
 }
 
 TEST_F(GroupBoxTest, TheTitleAndWindowsOfItsOwnAreNotContained) {
