@@ -40,8 +40,9 @@ void PaintCaption(QPainter* painter, PaintedCanvas& canvas, const GridLabel& lab
     canvas.SetFont(font);
     painter->setClipRect(inside);
     const int slack = ToTwips(inside.height()) - canvas.TextHeight(label.Caption);
-    canvas.Print(LeftOfText(label, inside, canvas.TextWidth(label.Caption)),
-                 ToTwips(inside.top()) + slack / 2, label.Caption, ColourOfText(label, look));
+    const int top = ToTwips(inside.top()) + slack / 2;
+    canvas.Print(LeftOfText(label, inside, canvas.TextWidth(label.Caption)), top, label.Caption,
+                 ColourOfText(label, look));
     painter->setClipping(false);
 }
 
