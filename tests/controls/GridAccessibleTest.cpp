@@ -174,6 +174,61 @@ TEST_F(GridAccessibleTest, ARowCanBeSelected) {
     EXPECT_EQ(grid->AbsoluteRow(), 10);
 }
 
+TEST_F(GridAccessibleTest, ColumnsCanNotBeSelected) {
+    LoadShown(20);
+    grid->SetAbsoluteRow(12);
+    QAccessibleTableInterface* table = Table().tableInterface();
+    EXPECT_FALSE(table->selectColumn(0));
+    EXPECT_FALSE(table->unselectColumn(0));
+    EXPECT_FALSE(table->isColumnSelected(0));
+    EXPECT_EQ(table->selectedColumns(), QList<int>());
+    EXPECT_EQ(table->selectedColumnCount(), 0);
+    EXPECT_EQ(table->selectedRowCount(), 1);
+    EXPECT_EQ(grid->AbsoluteRow(), 12);
+    EXPECT_EQ(grid->Col(), 1);
+}
+
+TEST_F(GridAccessibleTest, RowsHaveNoHeadersAndTheTableNoCaption) {
+    LoadShown(3);
+    QAccessibleTableInterface* table = Table().tableInterface();
+    EXPECT_EQ(table->rowDescription(0), QString());
+    EXPECT_EQ(table->caption(), nullptr);
+    EXPECT_EQ(table->summary(), nullptr);
+    EXPECT_TRUE(CellOf(0, 0).tableCellInterface()->rowHeaderCells().isEmpty());
+    EXPECT_EQ(Table().textInterface(), nullptr);
+}
+
+TEST_F(GridAccessibleTest, ACellIsOneOfARowAndAColumnAndHasNoPartsOfItsOwn) {
+    LoadShown(3);
+    QAccessibleInterface& cell = CellOf(1, 1);
+    EXPECT_EQ(cell.tableCellInterface()->rowExtent(), 1);
+    EXPECT_EQ(cell.tableCellInterface()->columnExtent(), 1);
+    EXPECT_EQ(cell.childCount(), 0);
+    EXPECT_EQ(cell.child(0), nullptr);
+    EXPECT_EQ(cell.indexOfChild(&Table()), -1);
+    const QPoint middle = cell.rect().center();
+    EXPECT_EQ(cell.childAt(middle.x(), middle.y()), nullptr);
+    EXPECT_EQ(cell.textInterface(), nullptr);
+    EXPECT_EQ(cell.actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
+              QStringList());
+}
+
+TEST_F(GridAccessibleTest, ACellCanNotBeWritten) {
+    LoadShown(3);
+    CellOf(1, 0).setText(QAccessible::Name, u"other"_s);
+    CellOf(1, 0).setText(QAccessible::Value, u"other"_s);
+    EXPECT_EQ(CellOf(1, 0).text(QAccessible::Name), u"r2"_s);
+    EXPECT_EQ(grid->TextMatrix(2, 1), u"r2"_s);
+}
+
+TEST_F(GridAccessibleTest, TheScrollBarHasTheFocusWhenTheListDoesNot) {
+    LoadShown(20);
+    grid->SetRow(3);
+    ScrollBar().setFocus();
+    ASSERT_NE(Table().focusChild(), nullptr);
+    EXPECT_EQ(Table().focusChild()->object(), &ScrollBar());
+}
+
 TEST_F(GridAccessibleTest, EachMoveOfTheSelectionIsAnnounced) {
     LoadShown(20);
     grid->setFocus();
