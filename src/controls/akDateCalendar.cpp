@@ -38,12 +38,13 @@ void akDate::DropDown() {
         return;
     }
     DroppedDown_ = true;
+    // Growing is news to the form, which must find the month there that it will see.
+    Redraw();
     RaiseOverNeighbours();
     SetOwnSize(CalendarPlaces::Width, OpenHeight(IncludeNone_));
     for (PictureButton* button : CalendarButtons()) {
         button->show();
     }
-    Redraw();
     NotifyCalendarOpened(*this);
 }
 

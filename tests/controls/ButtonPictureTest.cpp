@@ -214,10 +214,7 @@ TEST_P(ButtonScaleTest, EachRowHasSharpEdgesAndJoinsTheNext) {
     const double ratio = GetParam();
     ctlButton button({.BackColour = RGB(1, 200, 3)});
     button.resize(120, 33);
-    QImage image((QSizeF(button.size()) * ratio).toSize(), QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::magenta);
-    button.render(&image);
+    const QImage image = Picture(button, ratio);
 
     QList<QColor> seen;
     for (int y = 0; y < image.height(); ++y) {

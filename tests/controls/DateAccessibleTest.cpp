@@ -1,6 +1,6 @@
-#include "support/CalendarListener.h"
 #include "support/DateForm.h"
 #include "support/PrintQt.h"
+#include "support/ScreenReader.h"
 
 #include <QAccessible>
 
@@ -124,6 +124,67 @@ TEST_F(DateAccessibleTest, EachCellBearsItsDateAndKnowsItsPlace) {
     EXPECT_EQ(Table()->tableInterface()->selectedCells(), QList<QAccessibleInterface*>{CellAt(2, 6)});
 }
 
+TEST_F(DateAccessibleTest, DaysAreSelectedOneByOneAndNeverByRowsOrColumns) {
+    form.date.DropDown();
+    QAccessibleTableInterface* table = Table()->tableInterface();
+    EXPECT_EQ(table->selectedCellCount(), 1);
+    EXPECT_EQ(table->selectedRowCount(), 0);
+    EXPECT_EQ(table->selectedColumnCount(), 0);
+    EXPECT_EQ(table->selectedRows(), QList<int>());
+    EXPECT_EQ(table->selectedColumns(), QList<int>());
+    // The row and the column of the day in the boxes.
+    EXPECT_FALSE(table->isRowSelected(2));
+    EXPECT_FALSE(table->isColumnSelected(6));
+    EXPECT_FALSE(table->selectRow(3));
+    EXPECT_FALSE(table->selectColumn(3));
+    EXPECT_FALSE(table->unselectRow(2));
+    EXPECT_FALSE(table->unselectColumn(6));
+    EXPECT_EQ(table->selectedCells(), QList<QAccessibleInterface*>{CellAt(2, 6)});
+    EXPECT_EQ(form.Texts(), u"14/03/2009"_s);
+}
+
+TEST_F(DateAccessibleTest, ACellIsOneOfARowAndAColumnAndHasNoPartsOfItsOwn) {
+    form.date.DropDown();
+    QAccessibleInterface* day = CellAt(2, 6);
+    EXPECT_EQ(day->tableCellInterface()->rowExtent(), 1);
+    EXPECT_EQ(day->tableCellInterface()->columnExtent(), 1);
+    EXPECT_EQ(day->tableCellInterface()->table(), Table());
+    EXPECT_TRUE(day->tableCellInterface()->rowHeaderCells().isEmpty());
+    EXPECT_TRUE(day->tableCellInterface()->columnHeaderCells().isEmpty());
+    EXPECT_EQ(day->childCount(), 0);
+    EXPECT_EQ(day->child(0), nullptr);
+    EXPECT_EQ(day->indexOfChild(Table()), -1);
+    const QPoint middle = day->rect().center();
+    EXPECT_EQ(day->childAt(middle.x(), middle.y()), nullptr);
+    EXPECT_EQ(day->textInterface(), nullptr);
+    EXPECT_EQ(day->actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
+              QStringList());
+}
+
+TEST_F(DateAccessibleTest, ADayCanNotBeWritten) {
+    form.date.DropDown();
+    CellAt(2, 6)->setText(QAccessible::Name, u"15"_s);
+    Table()->setText(QAccessible::Name, u"April 2009"_s);
+    EXPECT_EQ(Name(CellAt(2, 6)), u"14 March 2009"_s);
+    EXPECT_EQ(Name(Table()), u"March 2009"_s);
+    EXPECT_EQ(form.Texts(), u"14/03/2009"_s);
+}
+
+TEST_F(DateAccessibleTest, WeeksHaveNoHeadersAndTheTableNoCaption) {
+    form.date.DropDown();
+    QAccessibleTableInterface* table = Table()->tableInterface();
+    EXPECT_EQ(table->rowDescription(2), QString());
+    EXPECT_EQ(table->caption(), nullptr);
+    EXPECT_EQ(table->summary(), nullptr);
+}
+
+TEST_F(DateAccessibleTest, APlaceWithoutAnythingBelongsToNoPart) {
+    form.date.DropDown();
+    const QPoint beside = form.date.mapToGlobal(QPoint(form.date.width() - 5, 5));
+    EXPECT_EQ(Date()->childAt(beside.x(), beside.y()), nullptr);
+    EXPECT_EQ(Table()->childAt(beside.x(), beside.y()), nullptr);
+}
+
 TEST_F(DateAccessibleTest, CellsAreFoundWhereTheyAreDrawn) {
     form.date.DropDown();
     const QPoint middle = form.date.mapToGlobal(QPoint(2300 / 15, 1275 / 15));
@@ -187,13 +248,13 @@ TEST_F(DateAccessibleTest, AClosedCalendarsCellsAreDead) {
 }
 
 TEST_F(DateAccessibleTest, OpeningSteppingAndClosingAreTold) {
-    const CalendarListener listener;
+    ScreenReader reader([](const QAccessibleInterface& about) { return about.role() == QAccessible::Table; });
     form.date.DropDown();
-    EXPECT_TRUE(CalendarListener::Take().contains(u"shown March 2009"_s));
+    EXPECT_TRUE(reader.Heard().contains(u"shown March 2009"_s));
     form.Button("cmdRightMonth").click();
-    EXPECT_EQ(CalendarListener::Take(), (QStringList{u"cells April 2009"_s, u"name April 2009"_s}));
+    EXPECT_EQ(reader.Heard(), (QStringList{u"rows reset April 2009"_s, u"name April 2009"_s}));
     form.date.CloseUp();
-    EXPECT_EQ(CalendarListener::Take(), QStringList{u"hidden April 2009"_s});
+    EXPECT_EQ(reader.Heard(), QStringList{u"hidden April 2009"_s});
 }
 
 TEST_F(DateAccessibleTest, TheButtonsSayWhichMonthTheyHaveLedTo) {

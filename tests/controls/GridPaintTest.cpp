@@ -5,6 +5,7 @@
 #include <QPaintEvent>
 #include <QPalette>
 
+#include <cmath>
 #include <functional>
 
 namespace {
@@ -228,6 +229,44 @@ TEST_F(GridPaintTest, TheFocusShowsAroundTheOuterEdgeOnly) {
     EXPECT_EQ(Pixel(100, 0), strongBlue);
     EXPECT_EQ(Pixel(140, 19), line);
 }
+
+/// Scale factors of the display.
+class GridScaleTest : public GridPaintTest, public ::testing::WithParamInterface<double> {};
+
+TEST_P(GridScaleTest, TheFocusLineIsWholeAndOfOneThicknessAndChangesNothingElse) {
+    const double factor = GetParam();
+    LoadShown(3);
+    grid->clearFocus();
+    const QImage without = Picture(*grid, factor);
+    grid->setFocus();
+    const QImage with = Picture(*grid, factor);
+
+    const int right = with.width() - 1;
+    const int bottom = with.height() - 1;
+    const QColor line = with.pixelColor(0, bottom);
+    ASSERT_NE(line, Ground());
+    // As thick as a pixel comes out at the factor, rounded to one side or the other.
+    const int leastThickness = static_cast<int>(std::floor(factor));
+    const int mostThickness = static_cast<int>(std::ceil(factor));
+    const QRect untouched =
+        with.rect().adjusted(mostThickness, mostThickness, -mostThickness, -mostThickness);
+    EXPECT_EQ(with.copy(untouched), without.copy(untouched));
+    for (int depth = 0; depth < leastThickness; ++depth) {
+        for (int y = 0; y <= bottom; ++y) {
+            EXPECT_EQ(with.pixelColor(depth, y), line) << depth << ", " << y;
+            EXPECT_EQ(with.pixelColor(right - depth, y), line) << right - depth << ", " << y;
+        }
+        for (int x = 0; x <= right; ++x) {
+            EXPECT_EQ(with.pixelColor(x, bottom - depth), line) << x << ", " << bottom - depth;
+            // The headings lie above it, at the upper edge.
+            const bool isHeading = without.pixelColor(x, depth) != Ground();
+            EXPECT_EQ(with.pixelColor(x, depth), isHeading ? without.pixelColor(x, depth) : line)
+                << x << ", " << depth;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Factors, GridScaleTest, ::testing::Values(1.0, 1.25, 1.5, 2.0));
 
 TEST_F(GridPaintTest, AChangeOfManyStepsPaintsOnce) {
     LoadShown(20);

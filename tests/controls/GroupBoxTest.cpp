@@ -187,6 +187,40 @@ TEST_F(GroupBoxTest, OnlyDirectChildrenAreWalkedAndANestedBoxCarriesItOn) {
     EXPECT_TRUE(deepInPlain.isEnabledTo(&plain));
 }
 
+TEST_F(GroupBoxTest, ControlsOfTheKitGetItInTheirOwnEnabled) {
+    ctlGroupBox box;
+    const ctlButton button(&box);
+    const ctlTextBox text(&box);
+    const akDate date(&box);
+    const akGrid grid(&box);
+    for (const bool enabled : {false, true}) {
+        box.DisableControls(enabled);
+        EXPECT_EQ(button.Enabled(), enabled);
+        EXPECT_EQ(text.Enabled(), enabled);
+        EXPECT_EQ(date.Enabled(), enabled);
+        EXPECT_EQ(grid.Enabled(), enabled);
+    }
+}
+
+TEST_F(GroupBoxTest, AButtonInADisabledBoxLooksAsADisabledOneDoes) {
+    ctlGroupBox box;
+    Fill(box);
+    ctlButton button({.Caption = QStringLiteral("Add")}, &box);
+    button.setGeometry(10, 30, 105, 25);
+    const QImage enabled = Picture(button);
+    button.SetEnabled(false);
+    const QImage disabled = Picture(button);
+    button.SetEnabled(true);
+    ASSERT_NE(disabled, enabled);
+
+    box.SetEnabled(false);
+    EXPECT_EQ(Picture(button), disabled);
+    box.SetEnabled(true);
+    EXPECT_EQ(Picture(button), enabled);
+    box.DisableControls(false);
+    EXPECT_EQ(Picture(button), disabled);
+}
+
 TEST_F(GroupBoxTest, TheTitleAndWindowsOfItsOwnAreNotContained) {
     ctlGroupBox box;
     const QDialog dialog(&box);

@@ -228,6 +228,15 @@ TEST_F(TextBoxUpDownTest, TheEditBoxIsReadOutByItsLabel) {
     EXPECT_EQ(box->text(QAccessible::Value), u"12"_s);
 }
 
+TEST_F(TextBoxUpDownTest, TheHalvesHaveNoPartsAndNoKeysOfTheirOwn) {
+    Load({.Text = u"5"_s, .ShowUpDown = true, .UpDownIncrement = 1});
+    EXPECT_EQ(Half(0).childCount(), 0);
+    EXPECT_EQ(Half(0).child(0), nullptr);
+    EXPECT_EQ(Half(0).indexOfChild(&Half(1)), -1);
+    EXPECT_EQ(Half(0).actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
+              QStringList());
+}
+
 TEST_F(TextBoxUpDownTest, TheHalvesAreReadOutAsButtons) {
     Load({.Text = u"5"_s, .ShowUpDown = true, .UpDownIncrement = 1});
     QAccessibleInterface* image = QAccessible::queryAccessibleInterface(&TheImage());

@@ -4,8 +4,7 @@
 Usage: button_on_screen.py PROGRAM [SCALE FACTOR]
 """
 
-import sys
-
+from form import READY, Form, program_and_scale
 from on_screen import Screen
 
 FIRST = (92, 52)
@@ -13,27 +12,6 @@ SECOND = (197, 52)
 OPENER = (92, 112)
 GROUND = (350, 180)
 CLOSE = (92, 52)
-
-READY = r"ready (\d+)"
-
-
-class Form:
-    """A running form with its buttons."""
-
-    def __init__(self, screen, program, scale, left, top):
-        self._screen = screen
-        self._scale = scale
-        self.program = screen.start(program, left, top, QT_SCALE_FACTOR=str(scale))
-        self.window = self.ready()
-
-    def ready(self):
-        return self.program.expect_match(READY).group(1)
-
-    def move(self, place, window=None):
-        self._screen.move(window or self.window, round(place[0] * self._scale), round(place[1] * self._scale))
-
-    def expect(self, *lines):
-        self.program.expect(*lines)
 
 
 def hovering(screen, form):
@@ -147,8 +125,7 @@ def a_busy_program_keeps_no_mouse_from_others(screen, form, other):
 
 
 def main():
-    program = sys.argv[1]
-    scale = float(sys.argv[2]) if len(sys.argv) > 2 else 1.0
+    program, scale = program_and_scale()
     with Screen() as screen:
         form = Form(screen, program, scale, 20, 40)
         hovering(screen, form)

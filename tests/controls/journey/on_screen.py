@@ -21,6 +21,12 @@ import time
 
 LONGEST_WAIT_SECONDS = 30
 
+# Without bindings of its own the window manager lets each press go straight to the program. It would otherwise
+# hold a press back for a moment, and a move or a key that follows at once would overtake it.
+WINDOW_MANAGER_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc"><mouse/></openbox_config>
+"""
+
 
 class Missed(AssertionError):
     """What was waited for did not come, or something else came first."""
@@ -123,7 +129,11 @@ class Screen:
         try:
             self._environment = self._plain_environment()
             self._environment["DISPLAY"] = f":{self._start_server()}"
-            manager = self.start("openbox", "--sm-disable", "--startup", "echo managing")
+            settings = os.path.join(self._home.name, "openbox.xml")
+            with open(settings, "w", encoding="utf-8") as file:
+                file.write(WINDOW_MANAGER_SETTINGS)
+            manager = self.start("openbox", "--sm-disable", "--config-file", settings, "--startup",
+                                 "echo managing")
             manager.wait_for("managing")
         except BaseException:
             self.__exit__()
@@ -184,10 +194,13 @@ class Screen:
     def release(self, button=1):
         self._xdotool("mouseup", button)
 
-    def click(self, window, x, y, button=1):
-        self.move(window, x, y)
+    def click(self, button=1):
+        """Presses and lets go of a button where the mouse is."""
         self._xdotool("click", button)
 
-    def key(self, name):
-        """Types a key, named as in "Return" or "shift+Tab", into what has the focus."""
-        self._xdotool("key", name)
+    def double_click(self):
+        self._xdotool("click", "--repeat", 2, "--delay", 10, 1)
+
+    def key(self, *names):
+        """Types keys, named as in "Return" or "shift+Tab", one by one into what has the focus."""
+        self._xdotool("key", *names)

@@ -13,8 +13,9 @@ void ShowAndActivate(QWidget& widget) {
     static_cast<void>(active);
 }
 
-QImage Picture(QWidget& widget) {
-    QImage image(widget.size(), QImage::Format_RGB32);
+QImage Picture(QWidget& widget, double scaleFactor) {
+    QImage image((QSizeF(widget.size()) * scaleFactor).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scaleFactor);
     image.fill(Qt::white);
     QPainter painter(&image);
     widget.render(&painter);

@@ -19,8 +19,9 @@ public:
 /// Shows the widget's window, makes it the active one and waits until it is.
 void ShowAndActivate(QWidget& widget);
 
-/// What the widget looks like now, one image pixel to a device-independent pixel.
-QImage Picture(QWidget& widget);
+/// What the widget looks like now, one image pixel to a device-independent pixel, or more at another scale
+/// factor.
+QImage Picture(QWidget& widget, double scaleFactor = 1);
 
 /// What it looks like on a display of double density.
 QImage DensePicture(QWidget& widget);

@@ -1,6 +1,7 @@
 #include "support/ScreenReader.h"
 
-// Qt tells nothing until its platform says that somebody listens, and no public interface can say so.
+// Qt tells of nothing until its platform says that somebody listens, and only the platform's own interface
+// can say so: QAccessible::setActive is no more than a message to observers.
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
 
@@ -10,47 +11,80 @@
 
 namespace {
 
-QStringList heard;
+ScreenReader* running = nullptr;
 
-void Hear(QAccessibleEvent* event) {
-    const QString child = QString::number(event->child());
-    switch (event->type()) {
-        case QAccessible::Selection:
-            heard += QStringLiteral("selection ") + child;
-            break;
-        case QAccessible::ObjectReorder:
-            heard += QStringLiteral("reorder");
-            break;
-        case QAccessible::StateChanged: {
-            const auto changed = static_cast<QAccessibleStateChangeEvent*>(event)->changedStates();
-            QString text = QStringLiteral("state ");
-            text += changed.selected ? QStringLiteral("selected ") : QString();
-            text += changed.disabled ? QStringLiteral("disabled ") : QString();
-            heard += text + child;
-            break;
-        }
+void SwitchAccessibility(bool on) {
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(on);
+}
+
+QString Changed(const QAccessible::State& states) {
+    QString text = QStringLiteral("state ");
+    text += states.disabled ? QStringLiteral("disabled ") : QString();
+    text += states.pressed ? QStringLiteral("pressed ") : QString();
+    text += states.selected ? QStringLiteral("selected ") : QString();
+    return text;
+}
+
+QString Changed(const QAccessibleTableModelChangeEvent& rows) {
+    switch (rows.modelChangeType()) {
+        case QAccessibleTableModelChangeEvent::ModelReset:
+            return QStringLiteral("rows reset ");
+        case QAccessibleTableModelChangeEvent::RowsInserted:
+            return QStringLiteral("rows inserted %1 ").arg(rows.firstRow());
+        case QAccessibleTableModelChangeEvent::RowsRemoved:
+            return QStringLiteral("rows removed %1 ").arg(rows.firstRow());
         default:
-            break;
+            return QStringLiteral("rows otherwise ");
     }
 }
 
-void Switch(bool on) {
-    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(on);
+/// Empty for a kind that is not noted.
+QString What(const QAccessibleEvent& event) {
+    switch (event.type()) {
+        case QAccessible::Focus:
+            return QStringLiteral("focus ");
+        case QAccessible::Selection:
+            return QStringLiteral("selection ");
+        case QAccessible::StateChanged:
+            return Changed(static_cast<const QAccessibleStateChangeEvent&>(event).changedStates());
+        case QAccessible::NameChanged:
+            return QStringLiteral("name ");
+        case QAccessible::ObjectShow:
+            return QStringLiteral("shown ");
+        case QAccessible::ObjectHide:
+            return QStringLiteral("hidden ");
+        case QAccessible::ObjectReorder:
+            return QStringLiteral("reorder ");
+        case QAccessible::TableModelChanged:
+            return Changed(static_cast<const QAccessibleTableModelChangeEvent&>(event));
+        default:
+            return {};
+    }
 }
 
 }  // namespace
 
-ScreenReader::ScreenReader() {
-    heard.clear();
-    QAccessible::installUpdateHandler(Hear);
-    Switch(true);
+ScreenReader::ScreenReader(Interest interest)
+    : interest_(std::move(interest)), previous_(QAccessible::installUpdateHandler(Hear)) {
+    running = this;
+    SwitchAccessibility(true);
 }
 
 ScreenReader::~ScreenReader() {
-    Switch(false);
-    QAccessible::installUpdateHandler(nullptr);
+    SwitchAccessibility(false);
+    running = nullptr;
+    QAccessible::installUpdateHandler(previous_);
 }
 
 QStringList ScreenReader::Heard() {
-    return std::exchange(heard, {});
+    return std::exchange(heard_, {});
+}
+
+void ScreenReader::Hear(QAccessibleEvent* event) {
+    const QAccessibleInterface* about = event->accessibleInterface();
+    const QString what = What(*event);
+    if (about == nullptr || what.isEmpty() || (running->interest_ && !running->interest_(*about))) {
+        return;
+    }
+    running->heard_ += (what + about->text(QAccessible::Name)).trimmed();
 }
