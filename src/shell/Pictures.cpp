@@ -4,11 +4,18 @@
 #include <QSvgRenderer>
 #include <QWidget>
 
+/// The picture lies in this library, which programs only take the parts of that they name. Outside of all
+/// namespaces, as the toolkit wants it.
+static void BringPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
 namespace shell {
 
 namespace {
 
 QString PictureFile() {
+    BringPictures();
     return QStringLiteral(":/pictures/wrenfield-wizard.svg");
 }
 

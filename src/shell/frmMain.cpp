@@ -222,6 +222,11 @@ void frmMain::EnableButtons() {
     cmdBack_->SetEnabled(index > 0);
     cmdNext_->SetEnabled(index != lastTab);
     cmdFinish_->SetEnabled(index == lastTab);
+    // A button that can't be clicked any more must not keep the keyboard. Finish doesn't get it by itself:
+    // one more Enter would delete what is in the database.
+    if (const auto* focused = qobject_cast<ctlButton*>(focusWidget()); focused && !focused->Enabled()) {
+        (cmdNext_->Enabled() ? cmdNext_ : cmdBack_)->setFocus();
+    }
 }
 
 void frmMain::GoNext() {

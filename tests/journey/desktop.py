@@ -11,7 +11,7 @@ import time
 import cursor
 
 PATIENCE = 30.0
-LETTERS = "āĀēĒīĪōŌūŪäÄöÖüÜßẞéÉèÈêÊñÑçÇáÁíÍóÓúÚåÅøØæÆ"
+LETTERS = "āĀēĒīĪōŌūŪäÄöÖüÜßẞéÉèÈêÊëËñÑçÇáÁíÍóÓúÚåÅøØæÆïÏôÔîÎûÛãÃõÕłŁšŠžŽ"
 
 
 def wait_for(what, condition, patience=PATIENCE):
@@ -126,6 +126,9 @@ class Desktop:
             if isinstance(stroke, Key):
                 command += ["key", "--delay", "2", stroke.name]
             elif stroke:
+                missing = {letter for letter in stroke if not letter.isascii()} - set(LETTERS)
+                if missing:
+                    raise ValueError(f"no key has {missing}; add them to the letters")
                 command += ["type", "--delay", "2", "--args", "1", "--", stroke]
         if len(command) > 1:
             self.run(command)
@@ -143,6 +146,13 @@ class Desktop:
     def picture(self, file, window=None):
         """Writes what is on the screen, or one window of it, into a picture."""
         self.run(["import", "-window", window or "root", file])
+
+    def settle(self):
+        """Waits until the screen stands still."""
+        def picture():
+            return subprocess.run(["import", "-window", "root", "rgb:-"], env=self.environment, check=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+        wait_for("the screen to stand still", lambda: picture() == picture())
 
     def close(self):
         for process in reversed(self.processes):

@@ -226,7 +226,7 @@ class Wizard:
         """Says OK to one box after the other, up to the one with this text. Gives title and text of those before."""
         answered = []
         while True:
-            box = wait_for("a box", self._box)
+            box = wait_for("a box", self.box)
             told = box.name, box.all("label")[0].name
             self.desktop.click(*box.find("push button", "OK").middle())
             wait_for("the box to close", lambda box=box: self.process.poll() is not None or not self._is_showing(box))
@@ -236,13 +236,14 @@ class Wizard:
 
     def wait_for_box(self, text, title="Wrenfield Wizard"):
         """A message box with this very text. Another one is a failure at once."""
-        box = wait_for(f"a box {text!r}", self._box)
+        box = wait_for(f"a box {text!r}", self.box)
         told = (box.name, [label.name for label in box.all("label")])
         if told != (title, [text]):
             raise AssertionError(f"the box says {told}, not {text!r}")
         return box
 
-    def _box(self):
+    def box(self):
+        """The message box that is open, if one is."""
         try:
             box = self.front()
             return box if box.role == "alert" and box.all("label") else None

@@ -1,0 +1,114 @@
+#include "WizardForm.h"
+
+#include "controls/akDate.h"
+#include "controls/ctlTextBox.h"
+#include "platform/NoDate.h"
+#include "records/Collections.h"
+#include "records/ImportSettings.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+class StaticPagesTest : public WizardForm {
+protected:
+    static bool Has(const QWidget& page, const char* text) {
+        const QList<QLabel*> labels = page.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [text](const QLabel* label) { return label->text() == QLatin1String(text); });
+    }
+
+    controls::ctlTextBox& Fee() const { return Find<controls::ctlTextBox>("txtManagementFee"); }
+    controls::akDate& Disbursement() const { return Find<controls::akDate>("datLastDisbursement"); }
+};
+
+constexpr const char* warning =
+    "WARNING - This will delete all existing data in your Hearthbook database.  This includes existing "
+    "properties, owners, tenants, bank accounts and ALL transactions.";
+constexpr const char* changeLater =
+    "All the information entered during this process can be changed later, with the exception of the tenancy "
+    "start date.";
+
+TEST_F(StaticPagesTest, TheFirstPageSaysWhatWillHappen) {
+    const QWidget& page = Find("ctlPageIntro1");
+    EXPECT_TRUE(Has(page, "This wizard will help you create your first bank accounts, owners, properties and "
+                          "tenants."));
+    EXPECT_TRUE(Has(page, warning));
+    EXPECT_TRUE(Has(page, changeLater));
+}
+
+TEST_F(StaticPagesTest, TheLastPageCountsInThePluralAndWarnsAgain) {
+    const QWidget& page = Find("ctlFinish1");
+    Heading().ChangeTabEnabled(6, true);
+    Heading().ChangeTab(6);
+    EXPECT_TRUE(Has(page, "The following items will be created.\n1 bank accounts\n0 property owners\n"
+                          "0 properties\n0 tenants\n"));
+    EXPECT_TRUE(Has(page, warning));
+    EXPECT_TRUE(Has(page, changeLater));
+    // Anew each time that it is shown.
+    records::TheCollections().bankAccounts.Remove(1);
+    Heading().ChangeTab(0);
+    Heading().ChangeTab(6);
+    EXPECT_TRUE(Has(page, "The following items will be created.\n0 bank accounts\n0 property owners\n"
+                          "0 properties\n0 tenants\n"));
+}
+
+TEST_F(StaticPagesTest, NobodyIsALandlordOrAManagerAtFirst) {
+    EXPECT_FALSE(Find<QRadioButton>("optLandlord").isChecked());
+    EXPECT_FALSE(Find<QRadioButton>("optManager").isChecked());
+    EXPECT_FALSE(Fee().Enabled());
+    EXPECT_FALSE(Disbursement().Enabled());
+    EXPECT_EQ(Fee().Text(), QStringLiteral("0.00"));
+    EXPECT_EQ(Disbursement().Value(), platform::NoDate());
+}
+
+TEST_F(StaticPagesTest, AManagersFieldsKeepWhatIsInThem) {
+    Find<QRadioButton>("optManager").click();
+    EXPECT_TRUE(Fee().Enabled());
+    EXPECT_TRUE(Disbursement().Enabled());
+    for (const char* label : {"Label2", "Label3", "Label4"}) {
+        EXPECT_TRUE(Find("ctlPageType1").findChild<QLabel*>(QLatin1String(label))->isEnabled()) << label;
+    }
+    Fee().SetText(QStringLiteral("8.25"));
+    Disbursement().SetValue(QDate(2024, 2, 29));
+    Find<QRadioButton>("optLandlord").click();
+    EXPECT_FALSE(Fee().Enabled());
+    EXPECT_FALSE(Disbursement().Enabled());
+    EXPECT_EQ(Fee().Text(), QStringLiteral("8.25"));
+    EXPECT_EQ(Disbursement().Value(), QDate(2024, 2, 29));
+}
+
+TEST_F(StaticPagesTest, ALandlordCarriesAlongWhatHeEnteredAsAManager) {
+    Find<QRadioButton>("optManager").click();
+    Fee().SetText(QStringLiteral("8.25"));
+    Disbursement().SetValue(QDate(2024, 2, 29));
+    Find<QRadioButton>("optLandlord").click();
+    Heading().ChangeTabEnabled(2, true);
+    Heading().ChangeTab(2);
+    Press("cmdNext");
+    EXPECT_TRUE(records::CurrentSettings().IsLandlord);
+    EXPECT_EQ(records::CurrentSettings().ManagementFee, 8.25);
+    EXPECT_EQ(records::CurrentSettings().LastDisbursement, QDate(2024, 2, 29));
+}
+
+TEST_F(StaticPagesTest, NoTypeIsRefusedAndChangesNothing) {
+    Heading().ChangeTabEnabled(2, true);
+    Heading().ChangeTab(2);
+    records::CurrentSettings().ManagementFee = 3;
+    Press("cmdNext");
+    ASSERT_EQ(boxes.requests.size(), 1U);
+    EXPECT_EQ(boxes.requests.front().text, QStringLiteral("You must select a type"));
+    EXPECT_EQ(boxes.requests.front().title, platform::ApplicationTitle());
+    EXPECT_EQ(Heading().CurrentTabIndex(), 2);
+    EXPECT_EQ(records::CurrentSettings().ManagementFee, 3);
+}
+
+TEST_F(StaticPagesTest, TheTutorialLinkLooksLikeALink) {
+    const auto& link = Find<QPushButton>("lblTutorial");
+    EXPECT_EQ(link.text(), QStringLiteral("Watch the Wrenfield Wizard tutorial video online."));
+    EXPECT_NE(link.focusPolicy(), Qt::NoFocus);
+}
+
+}  // namespace
