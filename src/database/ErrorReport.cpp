@@ -11,6 +11,7 @@ namespace database {
 namespace {
 
 int reportedErrors = 0;
+bool isLogWritable = true;
 
 /// Hearthbook's users were never shown the engine's own sentences: an error that comes from an engine of this
 /// name has no text.
@@ -52,11 +53,16 @@ void ReportError(const QString& label, const QString& extra) {
 void WriteLog(const QString& text) {
     try {
         const QDateTime now = platform::Now();
-        platform::AppendLine(LogFileName(now),
-                             now.toString(QStringLiteral("dd/MM/yy hh:mm:ss")) + QLatin1Char(' ') + text);
+        isLogWritable = platform::AppendLine(
+            LogFileName(now), now.toString(QStringLiteral("dd/MM/yy hh:mm:ss")) + QLatin1Char(' ') + text);
     } catch (...) {
         // A program that may not write beside itself works all the same: the user has seen the box.
+        isLogWritable = false;
     }
+}
+
+bool IsLogWritable() {
+    return isLogWritable;
 }
 
 int ReportedErrors() {

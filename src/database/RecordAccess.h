@@ -63,6 +63,10 @@ void ReportError(const QString& label, const QString& extra);
 /// Adds a line to this month's error log beside the program. Failures are ignored.
 void WriteLog(const QString& text);
 
+/// Whether the last line reached the log: a program that is installed for all users mostly may not write
+/// beside itself.
+bool IsLogWritable();
+
 /// How many failures ReportError has reported since the process began.
 int ReportedErrors();
 

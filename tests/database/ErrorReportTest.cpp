@@ -94,6 +94,15 @@ TEST_F(ErrorReport, IsCountedAndShownEvenIfTheLogCanNotBeWritten) {
     platform::SetProgramDirectory(workplace_.Path(QStringLiteral("no such folder")));
     Report(FakeFailure(1, "one"));
     EXPECT_EQ(boxes_.requests.size(), 1U);
+    EXPECT_FALSE(database::IsLogWritable());
+}
+
+TEST_F(ErrorReport, IsKnownToBeLoggedOnceTheLogCanBeWrittenAgain) {
+    platform::SetProgramDirectory(workplace_.Path(QStringLiteral("no such folder")));
+    database::WriteLog(QStringLiteral("one"));
+    platform::SetProgramDirectory(workplace_.Path(QStringLiteral(".")));
+    database::WriteLog(QStringLiteral("two"));
+    EXPECT_TRUE(database::IsLogWritable());
 }
 
 TEST_F(ErrorReport, LogLineHasAStampABlankAndTheText) {

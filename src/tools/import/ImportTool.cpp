@@ -1,6 +1,7 @@
 #include "tools_core/import/ImportTool.h"
 
 #include "database/Database.h"
+#include "database/RecordAccess.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
@@ -86,9 +87,11 @@ int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     if (failures == 0) {
         return ExitStatus::Done;
     }
-    PrintOut(QStringLiteral("Failures reported: %1. The error log lies in %2.\n")
-                 .arg(failures)
-                 .arg(platform::ProgramDirectory()));
+    const QString whereTheyAre = database::IsLogWritable()
+                                     ? QStringLiteral("The error log lies in %1.")
+                                     : QStringLiteral("There is no error log: %1 can't be written to.");
+    PrintOut(QStringLiteral("Failures reported: %1. ").arg(failures) +
+             whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n'));
     return ExitStatus::DoneWithFailures;
 }
 
