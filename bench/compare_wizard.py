@@ -109,7 +109,7 @@ def main():
     times = benchmarks(programs, options.brief)
     print(f"start to the first picture   {start * 1000:8.0f} ms  bare window {bare_start * 1000:8.0f} ms  "
           f"ratio {start / bare_start:.2f} (at most 1.5)")
-    print(f"most memory                  {memory:8} kB  bare window {bare_memory:8} kB  "
+    print(f"most memory                  {memory:8.0f} kB  bare window {bare_memory:8.0f} kB  "
           f"ratio {memory / bare_memory:.2f} (at most 1.5)")
     few, many = times["PageChange/5"], times["PageChange/5000"]
     print(f"page change, 5,000 tenants   {many:8.2f} ms  5 tenants   {few:8.2f} ms  "
