@@ -5,6 +5,7 @@ import os
 import shutil
 import sqlite3
 
+from desktop import wait_for
 from journey import Journey, main
 
 
@@ -213,6 +214,23 @@ class Database(Journey):
         self.assertEqual(wizard.rows("select name from tenancy"), ["T. Enant"])
         self.assertEqual(wizard.log(), ["General Errors...", "", "3078 - Could not find the table 'mileage'.", "",
                                         "delete from mileage"])
+
+    def test_the_hourglass_stands_while_the_file_is_waited_for(self):
+        wizard = self.start()
+        wizard.fill_in_landlord()
+        holder = sqlite3.connect(wizard.database, isolation_level=None)
+        self.addCleanup(holder.close)
+        holder.execute("begin exclusive")
+        self.desktop.move(*wizard.find("push button", "Help").middle())
+        usual = self.desktop.cursor().pixels
+        wizard.find("push button", "Finish").act()
+        # Wherever the mouse is on the screen.
+        wait_for("the hourglass", lambda: self.desktop.cursor().pixels != usual)
+        holder.execute("rollback")
+        wizard.wait_for_box(FINISHED)
+        wait_for("the usual pointer", lambda: self.desktop.cursor().pixels == usual)
+        wizard.answer(FINISHED, "OK")
+        self.assertEqual(wizard.wait_for_end(), 0)
 
     def test_held_for_a_moment_by_another_program(self):
         wizard = self.start()

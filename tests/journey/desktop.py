@@ -6,9 +6,13 @@ import shutil
 import signal
 import subprocess
 import tempfile
+import sys
 import time
 
 import cursor
+
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+import virtual_screen  # noqa: E402
 
 PATIENCE = 30.0
 LETTERS = "āĀēĒīĪōŌūŪäÄöÖüÜßẞéÉèÈêÊëËñÑçÇáÁíÍóÓúÚåÅøØæÆïÏôÔîÎûÛãÃõÕłŁšŠžŽ"
@@ -66,12 +70,8 @@ class Desktop:
         self.close()
 
     def _start_screen(self, width, height):
-        read, write = os.pipe()
-        self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
-                     "-noreset"], pass_fds=[write])
-        os.close(write)
-        with os.fdopen(read) as number:
-            self.environment["DISPLAY"] = ":" + number.readline().strip()
+        server, self.environment["DISPLAY"] = virtual_screen.start_server(f"{width}x{height}", self.environment)
+        self.processes.append(server)
 
     def _add_letters(self):
         """Puts letters beyond ASCII on keys that nobody needs, so that they can be typed like all others."""
@@ -89,10 +89,9 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = process.stdout.readline().decode().strip()
 
     def _start_window_manager(self):
-        # With the keys that it has everywhere, such as alt+F4.
-        self._start(["openbox", "--sm-disable"], env={**self.environment, "XDG_CONFIG_DIRS": "/etc/xdg"})
-        wait_for("the window manager", lambda: "window id" in self.run(
-            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], check=False))
+        manager = self._start(virtual_screen.window_manager(self.folder), stdout=subprocess.PIPE)
+        if b"managing\n" not in iter(manager.stdout.readline, b""):
+            raise AssertionError("the window manager did not start")
 
     def _start(self, command, **options):
         process = subprocess.Popen(command, **{"env": self.environment, "stdin": subprocess.DEVNULL,

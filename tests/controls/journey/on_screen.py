@@ -12,20 +12,17 @@ Nothing here waits for a fixed time: programs say on their output what happens, 
 import os
 import queue
 import re
-import select
 import signal
 import subprocess
+import sys
 import tempfile
 import threading
 import time
 
-LONGEST_WAIT_SECONDS = 30
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "support"))
+import virtual_screen  # noqa: E402
 
-# Without bindings of its own the window manager lets each press go straight to the program. It would otherwise
-# hold a press back for a moment, and a move or a key that follows at once would overtake it.
-WINDOW_MANAGER_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc"><mouse/></openbox_config>
-"""
+LONGEST_WAIT_SECONDS = virtual_screen.LONGEST_WAIT_SECONDS
 
 
 class Missed(AssertionError):
@@ -120,7 +117,7 @@ class Screen:
     """Its own display with a free number, a window manager, and an empty home for both."""
 
     def __init__(self, width=1280, height=800):
-        self._size = f"{width}x{height}x24"
+        self._size = f"{width}x{height}"
         self._programs = []
         self._server = None
         self._home = tempfile.TemporaryDirectory(prefix="on_screen")
@@ -128,13 +125,8 @@ class Screen:
     def __enter__(self):
         try:
             self._environment = self._plain_environment()
-            self._environment["DISPLAY"] = f":{self._start_server()}"
-            settings = os.path.join(self._home.name, "openbox.xml")
-            with open(settings, "w", encoding="utf-8") as file:
-                file.write(WINDOW_MANAGER_SETTINGS)
-            manager = self.start("openbox", "--sm-disable", "--config-file", settings, "--startup",
-                                 "echo managing")
-            manager.wait_for("managing")
+            self._server, self._environment["DISPLAY"] = virtual_screen.start_server(self._size, self._environment)
+            self.start(*virtual_screen.window_manager(self._home.name)).wait_for("managing")
         except BaseException:
             self.__exit__()
             raise
@@ -153,23 +145,6 @@ class Screen:
                 if name in os.environ}
         return {**kept, "HOME": self._home.name, "XDG_RUNTIME_DIR": self._home.name,
                 "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "NO_AT_BRIDGE": "1"}
-
-    def _start_server(self):
-        reading, writing = os.pipe()
-        with os.fdopen(reading, "rb") as answer:
-            self._server = subprocess.Popen(
-                ["Xvfb", "-displayfd", str(writing), "-screen", "0", self._size, "-nolisten", "tcp",
-                 "-noreset"], env=self._environment, pass_fds=[writing], stderr=subprocess.DEVNULL)
-            os.close(writing)
-            number = b""
-            until = time.monotonic() + LONGEST_WAIT_SECONDS
-            while not number.endswith(b"\n"):
-                ready, _, _ = select.select([answer], [], [], max(0, until - time.monotonic()))
-                part = os.read(answer.fileno(), 16) if ready else b""
-                if not part:
-                    raise Missed("Xvfb did not start")
-                number += part
-        return int(number)
 
     def start(self, *command, **environment):
         """Starts a program on this screen."""
