@@ -91,16 +91,17 @@ class Help(Journey):
         wizard.click("push button", TUTORIAL)
         wizard.next("Bank Accounts")
 
-    def test_the_link_has_the_hand_that_lies_beside_the_program(self):
+    def test_buttons_and_the_link_have_the_hand_that_lies_beside_the_program(self):
         def bring_hand(wizard):
             with open(os.path.join(wizard.folder, "hand.cur"), "wb") as file:
                 file.write(hand())
         wizard = self.start_at_introduction(bring_hand)
-        self.desktop.move(*wizard.find("push button", TUTORIAL).middle())
-        wait_for("the hand", lambda: self.desktop.cursor().hot_spot == (5, 1))
-        self.assertEqual(set(self.desktop.cursor().pixels[:16]), {0xff000000})
-        self.desktop.move(*wizard.find("push button", "Next").middle())
-        wait_for("the default pointer", lambda: self.desktop.cursor().hot_spot != (5, 1))
+        for name in [TUTORIAL, "Next"]:
+            self.desktop.move(*wizard.find("push button", name).middle())
+            wait_for(f"the hand over {name}", lambda: self.desktop.cursor().hot_spot == (5, 1))
+            self.assertEqual(set(self.desktop.cursor().pixels[:16]), {0xff000000})
+            self.desktop.move(*wizard.find("page tab", "Introduction").middle())
+            wait_for("the default pointer", lambda: self.desktop.cursor().hot_spot != (5, 1))
 
     def test_without_its_file_the_link_has_the_default_pointer(self):
         wizard = self.start_at_introduction()
