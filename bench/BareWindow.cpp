@@ -1,8 +1,8 @@
 #include <QApplication>
 #include <QLabel>
 
-// What the toolkit itself needs for a window of the wizard's size: what the wizard's start and memory are held
-// against.
+// What the toolkit itself needs for a window of the wizard's size: what the wizard's start and memory are
+// held against.
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QWidget window(nullptr, Qt::Window | Qt::FramelessWindowHint);

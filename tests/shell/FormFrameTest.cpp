@@ -1,5 +1,4 @@
 #include "WizardForm.h"
-
 #include "database/Database.h"
 #include "support/OnScreen.h"
 

@@ -1,5 +1,4 @@
 #include "WizardForm.h"
-
 #include "records/Collections.h"
 #include "records/ImportSettings.h"
 

@@ -1,5 +1,4 @@
 #include "WizardForm.h"
-
 #include "controls/akDate.h"
 #include "controls/ctlTextBox.h"
 #include "platform/NoDate.h"
@@ -33,8 +32,9 @@ constexpr const char* changeLater =
 
 TEST_F(StaticPagesTest, TheFirstPageSaysWhatWillHappen) {
     const QWidget& page = Find("ctlPageIntro1");
-    EXPECT_TRUE(Has(page, "This wizard will help you create your first bank accounts, owners, properties and "
-                          "tenants."));
+    EXPECT_TRUE(Has(page,
+                    "This wizard will help you create your first bank accounts, owners, properties and "
+                    "tenants."));
     EXPECT_TRUE(Has(page, warning));
     EXPECT_TRUE(Has(page, changeLater));
 }
@@ -43,16 +43,18 @@ TEST_F(StaticPagesTest, TheLastPageCountsInThePluralAndWarnsAgain) {
     const QWidget& page = Find("ctlFinish1");
     Heading().ChangeTabEnabled(6, true);
     Heading().ChangeTab(6);
-    EXPECT_TRUE(Has(page, "The following items will be created.\n1 bank accounts\n0 property owners\n"
-                          "0 properties\n0 tenants\n"));
+    EXPECT_TRUE(Has(page,
+                    "The following items will be created.\n1 bank accounts\n0 property owners\n"
+                    "0 properties\n0 tenants\n"));
     EXPECT_TRUE(Has(page, warning));
     EXPECT_TRUE(Has(page, changeLater));
     // Anew each time that it is shown.
     records::TheCollections().bankAccounts.Remove(1);
     Heading().ChangeTab(0);
     Heading().ChangeTab(6);
-    EXPECT_TRUE(Has(page, "The following items will be created.\n0 bank accounts\n0 property owners\n"
-                          "0 properties\n0 tenants\n"));
+    EXPECT_TRUE(Has(page,
+                    "The following items will be created.\n0 bank accounts\n0 property owners\n"
+                    "0 properties\n0 tenants\n"));
 }
 
 TEST_F(StaticPagesTest, NobodyIsALandlordOrAManagerAtFirst) {

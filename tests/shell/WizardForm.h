@@ -23,9 +23,7 @@ protected:
         return *found;
     }
 
-    controls::ctlPageHeading& Heading() const {
-        return Find<controls::ctlPageHeading>("HeadingControl");
-    }
+    controls::ctlPageHeading& Heading() const { return Find<controls::ctlPageHeading>("HeadingControl"); }
 
     void Press(const char* button) const { Find<controls::ctlButton>(button).DoClick(); }
 
