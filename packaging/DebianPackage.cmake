@@ -39,7 +39,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${WRENFIELD_WEB_SITE}")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Without them the wizard works, but can show neither its help nor the tutorial.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xchm, xdg-utils")
+# Shows the help. Without it a press of Help on most pages is the end of the wizard and of all that was entered.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS xchm)
+# Opens the tutorial. Without it the link does nothing.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
 
 include(CPack)
