@@ -94,8 +94,8 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     const WriteTrace trace(
         [&moments](const TracedWrite& write) { moments.Add(write.moment - WaitedForACore()); });
     std::mt19937_64 random(20261121);
-    // By what is done and not by the clock, so that kills fall into the import on a busy machine as well; then
-    // anywhere in the life of a group.
+    // By what is done and not by the clock, so that kills fall into the import on a busy machine as well;
+    // then anywhere in the life of a group.
     std::uniform_int_distribution<size_t> anyWrite(0, writes.size());
     std::uniform_int_distribution<int> anyMoment(0, 45'000);
     std::vector<KilledImport> imports;
