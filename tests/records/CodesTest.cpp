@@ -188,7 +188,12 @@ TEST_F(CodesTest, ALongListOfOneNameCostsWhatItsLengthCosts) {
     auto shortLists = ListsOfOneName(32, 1024);
     auto longList = ListsOfOneName(1, 32767);
     const double oneShortList = TimeOfCodes(shortLists).count() / 32;
-    EXPECT_LE(TimeOfCodes(longList).count(), 50 * oneShortList);
+    const double oneLongList = TimeOfCodes(longList).count();
+#ifndef __SANITIZE_ADDRESS__
+    // Under the sanitizer it would be its own bookkeeping that is timed.
+    EXPECT_LE(oneLongList, 50 * oneShortList);
+#endif
+    RecordProperty("times_as_long", std::to_string(oneLongList / oneShortList));
     EXPECT_EQ(longList[0].Item(32767)->Code, u"Residents of th32766"_s);
 }
 
