@@ -4,76 +4,73 @@
 
 #include <QFileInfo>
 
-#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <csignal>
-#include <cstdlib>
+#include <ctime>
 #include <random>
 #include <thread>
 #include <vector>
 
 namespace {
 
-// Writes that were done but are not in the file when the process is killed: those of one group, no more.
+// Writes that were done but are not in the file when the process is killed: those of one group, and no more
+// than the process can do in this time. It is the time of its own work, in nanoseconds: on a busy machine
+// others work in between, and nobody can write then.
 constexpr std::int64_t LongestLoss = 50'000'000;
 constexpr int Kills = 200;
 
-/// The moments of the writes of a child process, without the time that it waited for a core, in memory that
-/// outlives it.
-class SharedMoments {
+/// What a child process has written so far, in memory that outlives it.
+class SharedProgress {
 public:
     static constexpr size_t Room = 1'000'000;
 
-    SharedMoments()
-        : moments_(
-              static_cast<std::int64_t*>(mmap(nullptr, Room * sizeof(std::int64_t), PROT_READ | PROT_WRITE,
-                                              MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
-    ~SharedMoments() { munmap(moments_, Room * sizeof(std::int64_t)); }
-    SharedMoments(const SharedMoments&) = delete;
-    SharedMoments& operator=(const SharedMoments&) = delete;
+    SharedProgress()
+        : progress_(static_cast<Progress*>(
+              mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
+    ~SharedProgress() { munmap(progress_, sizeof(Progress)); }
+    SharedProgress(const SharedProgress&) = delete;
+    SharedProgress& operator=(const SharedProgress&) = delete;
 
-    void Clear() const { moments_[0] = 0; }
-    size_t Count() const { return static_cast<size_t>(moments_[0]); }
-    std::int64_t At(size_t write) const { return moments_[1 + write]; }
+    void Clear() const {
+        progress_->writes = 0;
+        progress_->committed = 0;
+    }
+    size_t Writes() const { return progress_->writes; }
+    /// How many of the writes were done when the last group had come to the disk.
+    size_t Committed() const { return progress_->committed; }
+    /// How long the process had worked when the write was done.
+    std::int64_t WorkedUntil(size_t write) const { return progress_->workedUntil[write]; }
 
-    void Add(std::int64_t moment) const {
-        const auto count = static_cast<size_t>(moments_[0]);
-        if (count + 2 < Room) {
-            moments_[1 + count] = moment;
-            moments_[0] = static_cast<std::int64_t>(count) + 1;
+    void AddWrite() const {
+        if (progress_->writes < Room) {
+            timespec worked{};
+            clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &worked);
+            progress_->workedUntil[progress_->writes] =
+                std::int64_t{worked.tv_sec} * 1'000'000'000 + worked.tv_nsec;
+            ++progress_->writes;
         }
     }
 
-private:
-    std::int64_t* moments_;
-};
+    void AddCommit() const { progress_->committed = progress_->writes.load(); }
 
-/// How long this process has been ready to run while every core was busy with others, in nanoseconds. Such
-/// time is the machine's and not the import's: nobody can write then.
-std::int64_t WaitedForACore() {
-    static int file = -1;
-    static pid_t owner = 0;
-    if (owner != getpid()) {
-        file = open("/proc/self/schedstat", O_RDONLY | O_CLOEXEC);
-        owner = getpid();
-    }
-    // Time on a core, time waiting for one, number of turns.
-    std::array<char, 128> line{};
-    if (pread(file, line.data(), line.size() - 1, 0) <= 0) {
-        return 0;
-    }
-    char* rest = nullptr;
-    std::strtoll(line.data(), &rest, 10);
-    return std::strtoll(rest, nullptr, 10);
-}
+private:
+    struct Progress {
+        std::atomic<size_t> writes;
+        std::atomic<size_t> committed;
+        std::array<std::int64_t, Room> workedUntil;
+    };
+    Progress* progress_;
+};
 
 struct KilledImport {
     LeftBehind left;
-    std::vector<std::int64_t> moments;  ///< Of the writes that it had done.
+    size_t committed = 0;
+    std::vector<std::int64_t> workedUntil;  ///< For each write that it had done.
 };
 
 using KillTest = ImportJourney;
@@ -90,9 +87,9 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     }
     ASSERT_GT(writes.size(), 5000U);
 
-    const SharedMoments moments;
-    const WriteTrace trace(
-        [&moments](const TracedWrite& write) { moments.Add(write.moment - WaitedForACore()); });
+    const SharedProgress progress;
+    const WriteTrace trace([&progress](const TracedWrite&) { progress.AddWrite(); },
+                           [&progress] { progress.AddCommit(); });
     std::mt19937_64 random(20261121);
     // By what is done and not by the clock, so that kills fall into the import on a busy machine as well;
     // then anywhere in the life of a group.
@@ -102,13 +99,13 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     int midway = 0;
     for (int kill = 0; kill < Kills; ++kill) {
         const QString database = FreshDatabase("killed.mdb");
-        moments.Clear();
+        progress.Clear();
         const int child = StartImport(database);
         ASSERT_GT(child, 0);
         const size_t wanted = anyWrite(random);
         int status = 0;
         bool hasEnded = false;
-        while (moments.Count() < wanted && !hasEnded) {
+        while (progress.Writes() < wanted && !hasEnded) {
             std::this_thread::sleep_for(std::chrono::microseconds(50));
             hasEnded = waitpid(child, &status, WNOHANG) == child;
         }
@@ -117,13 +114,13 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
             ::kill(child, SIGKILL);
             waitpid(child, &status, 0);
         }
-        midway += WIFSIGNALED(status) && moments.Count() > 0 && moments.Count() < writes.size() ? 1 : 0;
+        midway += WIFSIGNALED(status) && progress.Writes() > 0 && progress.Writes() < writes.size() ? 1 : 0;
 
         EXPECT_EQ(ReadRows(database, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
         EXPECT_FALSE(QFileInfo::exists(database + QStringLiteral("-wal")));
-        KilledImport import{{RowCounts(database), Contents(database)}, {}};
-        for (size_t write = 0; write < moments.Count(); ++write) {
-            import.moments.push_back(moments.At(write));
+        KilledImport import{{RowCounts(database), Contents(database)}, progress.Committed(), {}};
+        for (size_t write = 0; write < progress.Writes(); ++write) {
+            import.workedUntil.push_back(progress.WorkedUntil(write));
         }
         // An unfinished group has been put back by the first reader; what else is left goes with the next
         // write.
@@ -139,12 +136,13 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     }
     FindPrefixes(FreshDatabase("replica.mdb"), writes, left);
     for (const KilledImport& import : imports) {
-        const size_t done = import.moments.size();
+        const size_t done = import.workedUntil.size();
         ASSERT_GE(import.left.prefix, 0)
             << "what is in the file is no prefix of the import's writes; done: " << done;
         const auto stored = static_cast<size_t>(import.left.prefix);
+        EXPECT_GE(stored, import.committed) << "writes of a finished group are lost";
         if (stored < done) {
-            EXPECT_LE(import.moments[done - 1] - import.moments[stored], LongestLoss)
+            EXPECT_LE(import.workedUntil[done - 1] - import.workedUntil[stored], LongestLoss)
                 << done - stored << " writes lost";
         }
     }

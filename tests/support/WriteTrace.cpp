@@ -5,13 +5,17 @@
 #include <sqlite3.h>
 
 #include <cstring>
-#include <ctime>
 
 namespace {
 
-WriteTrace::Listener& CurrentListener() {
-    static WriteTrace::Listener listener;
-    return listener;
+struct Listeners {
+    WriteTrace::Listener onWrite;
+    std::function<void()> onCommit;
+};
+
+Listeners& CurrentListeners() {
+    static Listeners listeners;
+    return listeners;
 }
 
 bool IsWrite(sqlite3_stmt* statement) {
@@ -44,11 +48,15 @@ QStringList SingleRows(const QString& sql) {
 
 int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /*duration*/) {
     auto* statement = static_cast<sqlite3_stmt*>(subject);
-    if (!CurrentListener() || !IsWrite(statement)) {
+    const Listeners& listeners = CurrentListeners();
+    if (listeners.onCommit && std::strcmp(sqlite3_sql(statement), "commit") == 0 &&
+        sqlite3_get_autocommit(sqlite3_db_handle(statement)) != 0) {
+        listeners.onCommit();
+    }
+    if (!listeners.onWrite || !IsWrite(statement)) {
         return 0;
     }
     TracedWrite write;
-    write.moment = MonotonicNanoseconds();
     write.changedRows = sqlite3_changes64(sqlite3_db_handle(statement));
     char* expanded = sqlite3_expanded_sql(statement);
     const QStringList rows = SingleRows(QString::fromUtf8(expanded));
@@ -58,7 +66,7 @@ int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /
     }
     for (const QString& row : rows) {
         write.sql = row;
-        CurrentListener()(write);
+        listeners.onWrite(write);
     }
     return 0;
 }
@@ -75,18 +83,12 @@ void (*ConnectionHook())() {
 
 }  // namespace
 
-WriteTrace::WriteTrace(Listener listener) {
-    CurrentListener() = std::move(listener);
+WriteTrace::WriteTrace(Listener onWrite, std::function<void()> onCommit) {
+    CurrentListeners() = {std::move(onWrite), std::move(onCommit)};
     sqlite3_auto_extension(ConnectionHook());
 }
 
 WriteTrace::~WriteTrace() {
     sqlite3_cancel_auto_extension(ConnectionHook());
-    CurrentListener() = nullptr;
-}
-
-std::int64_t MonotonicNanoseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+    CurrentListeners() = {};
 }

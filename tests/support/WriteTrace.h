@@ -6,23 +6,20 @@
 #include <functional>
 
 /// One write that a program's database connection has done: the statement with its values, how many rows it
-/// changed, and when it was done (nanoseconds of the monotonic clock).
+/// changed.
 struct TracedWrite {
     QString sql;
     std::int64_t changedRows = 0;
-    std::int64_t moment = 0;
 };
 
 /// Hands every write on connections opened from here on in this process to the listener, until the trace is
-/// destroyed. Transactions and settings are not writes.
+/// destroyed, and tells each group of writes that has come to the disk. Settings are not writes.
 class WriteTrace {
 public:
     using Listener = std::function<void(const TracedWrite&)>;
 
-    explicit WriteTrace(Listener listener);
+    explicit WriteTrace(Listener onWrite, std::function<void()> onCommit = {});
     ~WriteTrace();
     WriteTrace(const WriteTrace&) = delete;
     WriteTrace& operator=(const WriteTrace&) = delete;
 };
-
-std::int64_t MonotonicNanoseconds();
