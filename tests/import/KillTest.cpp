@@ -1,5 +1,6 @@
 #include "ImportJourney.h"
 #include "PrefixFinder.h"
+#include "support/WorkTime.h"
 #include "support/WriteTrace.h"
 
 #include <QFileInfo>
@@ -11,7 +12,6 @@
 #include <array>
 #include <atomic>
 #include <csignal>
-#include <ctime>
 #include <random>
 #include <thread>
 #include <vector>
@@ -48,10 +48,7 @@ public:
 
     void AddWrite() const {
         if (progress_->writes < Room) {
-            timespec worked{};
-            clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &worked);
-            progress_->workedUntil[progress_->writes] =
-                std::int64_t{worked.tv_sec} * 1'000'000'000 + worked.tv_nsec;
+            progress_->workedUntil[progress_->writes] = WorkedNanoseconds();
             ++progress_->writes;
         }
     }

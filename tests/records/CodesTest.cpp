@@ -1,9 +1,7 @@
 #include "platform/Failure.h"
 #include "records/Codes.h"
 #include "support/RecordsTest.h"
-
-#include <chrono>
-#include <ctime>
+#include "support/WorkTime.h"
 
 namespace {
 
@@ -156,19 +154,13 @@ TEST_F(CodesTest, NumbersEndWhereSixteenBitsEnd) {
     EXPECT_EQ(FailureOf([&] { codes.MakeUniqueCode(u"Bob"_s); }), platform::FailureNumber::Overflow);
 }
 
-/// The time of the fastest of a few runs over all these lists.
-std::chrono::duration<double> TimeOfCodes(std::vector<records::Tenants>& lists) {
-    // The processor's time, and the best of many runs: other programs on the machine play no part in it.
-    auto fastest = std::chrono::duration<double>::max();
-    for (int run = 0; run < 25; ++run) {
-        const std::clock_t start = std::clock();
+/// What it costs to make the codes of all these lists.
+std::int64_t CostOfCodes(std::vector<records::Tenants>& lists) {
+    return LeastWork(25, [&lists] {
         for (records::Tenants& list : lists) {
             list.GenerateCodes();
         }
-        const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-        fastest = std::min(fastest, std::chrono::duration<double>(seconds));
-    }
-    return fastest;
+    });
 }
 
 std::vector<records::Tenants> ListsOfOneName(std::size_t lists, int count) {
@@ -187,8 +179,8 @@ TEST_F(CodesTest, ALongListOfOneNameCostsWhatItsLengthCosts) {
     // As many records on both sides, so that the memory they take up slows down both alike.
     auto shortLists = ListsOfOneName(32, 1024);
     auto longList = ListsOfOneName(1, 32767);
-    const double oneShortList = TimeOfCodes(shortLists).count() / 32;
-    const double oneLongList = TimeOfCodes(longList).count();
+    const double oneShortList = static_cast<double>(CostOfCodes(shortLists)) / 32;
+    const auto oneLongList = static_cast<double>(CostOfCodes(longList));
 #ifndef __SANITIZE_ADDRESS__
     // Under the sanitizer it would be its own bookkeeping that is timed.
     EXPECT_LE(oneLongList, 50 * oneShortList);
