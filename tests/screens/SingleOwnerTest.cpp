@@ -44,10 +44,13 @@ TEST_F(SingleOwnerTest, PassingTwiceMakesTheOwnerAnew) {
     EXPECT_EQ(Owners().Item(1)->OwnersName, u"Smith Trust"_s);
 }
 
-TEST_F(SingleOwnerTest, WithoutOwnersTheTextStays) {
+TEST_F(SingleOwnerTest, ShowsTheFirstOwnerAndKeepsItsTextWithoutOne) {
     Name().SetText(u"Smith"_s);
     page.Initialise();
     EXPECT_EQ(Name().Text(), u"Smith"_s);
+    AddOwner(u"Jones"_s);
+    page.Initialise();
+    EXPECT_EQ(Name().Text(), u"Jones"_s);
 }
 
 }  // namespace
