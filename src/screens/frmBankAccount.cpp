@@ -3,7 +3,7 @@
 namespace screens {
 
 frmBankAccount::frmBankAccount(QWidget* parent)
-    : RecordDialog(QStringLiteral("Bank Account"), 6600, 3900, parent, EditAccount, AddAccount) {
+    : RecordDialog(QStringLiteral("Bank Account"), 6600, 3300, parent, EditAccount, AddAccount) {
     txtName_ = AddTextBox(QStringLiteral("txtName"), QStringLiteral("Account Name"), 0, 3600,
                           {.MaxLength = records::EntryLimit::BankAccountName, .Text = QString()});
     datBalance_ = AddDate(QStringLiteral("datBalance"), QStringLiteral("Balance Date"), 1, {});

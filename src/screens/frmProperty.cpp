@@ -26,7 +26,7 @@ void FillWithNames(QComboBox& list, const Collection& collection) {
 }  // namespace
 
 frmProperty::frmProperty(QWidget* parent)
-    : RecordDialog(QStringLiteral("Property"), 7800, 4800, parent, EditProperty, AddProperty) {
+    : RecordDialog(QStringLiteral("Property"), 7800, 4500, parent, EditProperty, AddProperty) {
     const ctlTextBox::Properties address{.MaxLength = records::EntryLimit::Address, .Text = QString()};
     txtAddress1_ =
         AddTextBox(QStringLiteral("txtAddress1"), QStringLiteral("Address 1"), 0, widthOfAddress, address);

@@ -34,7 +34,7 @@ const ctlTextBox::Properties& CountBox() {
 }  // namespace
 
 frmTenant::frmTenant(QWidget* parent)
-    : RecordDialog(QStringLiteral("Tenant"), 9600, 6600, parent, EditTenant, AddTenant) {
+    : RecordDialog(QStringLiteral("Tenant"), 9600, 5700, parent, EditTenant, AddTenant) {
     AddTenancyFields();
     AddRentFields();
     AddBalanceFields();

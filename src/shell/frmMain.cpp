@@ -87,24 +87,23 @@ void frmMain::AddPages() {
 void frmMain::AddButtons() {
     constexpr int buttonWidth = 1575;
     constexpr int buttonHeight = 375;
-    constexpr int nextWidth = 1875;
-    constexpr int nextHeight = 495;
+    // The largest button, and just as large as the picture on it, which is not stretched.
+    constexpr int nextWidth = 2250;
     constexpr int gap = 120;
-    constexpr int top = innerHeight - margin - nextHeight;
-    constexpr int smallTop = top + (nextHeight - buttonHeight) / 2;
+    constexpr int top = innerHeight - margin - buttonHeight;
     constexpr int finishLeft = innerWidth - margin - buttonWidth;
     constexpr int nextLeft = finishLeft - gap - nextWidth;
     constexpr int backLeft = nextLeft - gap - buttonWidth;
-    AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"),
-              {margin, smallTop, buttonWidth, buttonHeight}, &frmMain::ShowHelp);
+    AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"), {margin, top, buttonWidth, buttonHeight},
+              &frmMain::ShowHelp);
     AddButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"),
-              {margin + buttonWidth + gap, smallTop, buttonWidth, buttonHeight}, &frmMain::Cancel);
+              {margin + buttonWidth + gap, top, buttonWidth, buttonHeight}, &frmMain::Cancel);
     cmdBack_ = AddButton(QStringLiteral("cmdBack"), QStringLiteral("Back"),
-                         {backLeft, smallTop, buttonWidth, buttonHeight}, &frmMain::GoBack);
+                         {backLeft, top, buttonWidth, buttonHeight}, &frmMain::GoBack);
     cmdNext_ = AddButton(QStringLiteral("cmdNext"), QStringLiteral("Next"),
-                         {nextLeft, top, nextWidth, nextHeight}, &frmMain::GoNext);
+                         {nextLeft, top, nextWidth, buttonHeight}, &frmMain::GoNext);
     cmdFinish_ = AddButton(QStringLiteral("cmdFinish"), QStringLiteral("Finish"),
-                           {finishLeft, smallTop, buttonWidth, buttonHeight}, &frmMain::Finish);
+                           {finishLeft, top, buttonWidth, buttonHeight}, &frmMain::Finish);
 }
 
 ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const screens::Place& place,
@@ -118,7 +117,7 @@ ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const
 
 void frmMain::AddTutorialLink() {
     auto* link = new TutorialLink(this);
-    screens::PutAt(*link, {margin, 7725, 4350, 330});
+    screens::PutAt(*link, {margin, 7815, 4350, 330});
 }
 
 void frmMain::showEvent(QShowEvent* event) {
