@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/allocator_interface.h>
+#else
+#include <malloc.h>
+#endif
+
+/// How many bytes this process has asked for and not given back.
+inline std::int64_t HeapInUse() {
+#ifdef __SANITIZE_ADDRESS__
+    return static_cast<std::int64_t>(__sanitizer_get_current_allocated_bytes());
+#else
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<std::int64_t>(info.uordblks + info.hblkhd);
+#endif
+}
