@@ -95,6 +95,30 @@ class Database(Journey):
         wizard = self.start(prepare=replace)
         self.assert_start_fails(wizard, "3", f"No networking enabled, using {wizard.database}")
 
+    def test_a_file_without_the_right_to_read_it(self):
+        wizard = self.start(prepare=lambda wizard: self._take_rights(wizard, 0o000))
+        self.assert_start_fails(wizard, f"3024 - Could not open file '{wizard.database}': Permission denied.",
+                                f"No networking enabled, using {wizard.database}")
+
+    def test_a_file_without_the_right_to_write_it(self):
+        wizard = self.start(prepare=lambda wizard: self._take_rights(wizard, 0o444))
+        self.assert_start_fails(wizard, "3027 - ", f"No networking enabled, using {wizard.database}")
+        self.assert_untouched(wizard)
+
+    @staticmethod
+    def _take_rights(wizard, mode):
+        os.chmod(wizard.database, mode)
+        # Whoever runs the journeys as root has every right to every file, unless he gives it up.
+        ordinary = os.path.join(wizard.folder, "ordinary")
+        with open(ordinary, "w") as script:
+            script.write("#!/bin/sh\n"
+                         'if [ "$(id -u)" = 0 ]; then\n'
+                         f'  exec setpriv --bounding-set=-all --inh-caps=-all "{wizard.program}" "$@"\n'
+                         "fi\n"
+                         f'exec "{wizard.program}" "$@"\n')
+        os.chmod(ordinary, 0o755)
+        wizard.program = ordinary
+
     def test_moved_with_the_path_of_the_application(self):
         wizard = self.start(prepare=lambda wizard: wizard.settings(Networkable="0",
                                                                    APPPath=self.other_database(wizard)))
