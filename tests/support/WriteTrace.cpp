@@ -57,6 +57,7 @@ int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /
         return 0;
     }
     TracedWrite write;
+    write.doneAt = std::chrono::steady_clock::now();
     write.changedRows = sqlite3_changes64(sqlite3_db_handle(statement));
     char* expanded = sqlite3_expanded_sql(statement);
     const QStringList rows = SingleRows(QString::fromUtf8(expanded));

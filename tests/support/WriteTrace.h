@@ -2,14 +2,16 @@
 
 #include <QString>
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 
 /// One write that a program's database connection has done: the statement with its values, how many rows it
-/// changed.
+/// changed, and when it was done. Rows that went in by one statement share its moment.
 struct TracedWrite {
     QString sql;
     std::int64_t changedRows = 0;
+    std::chrono::steady_clock::time_point doneAt;
 };
 
 /// Hands every write on connections opened from here on in this process to the listener, until the trace is
