@@ -1,6 +1,8 @@
 #include "EngineTest.h"
 #include "platform/Failure.h"
 
+#include <ctime>
+
 namespace engine {
 
 namespace {
@@ -18,6 +20,24 @@ protected:
 
 const QString Code = QStringLiteral("code");
 const QString Short = QStringLiteral("short");
+
+/// Sets the clock of a place where summer begins at midnight of the first Sunday in November, so that this
+/// day has no midnight.
+class PlaceWithoutMidnight {
+public:
+    PlaceWithoutMidnight() : before_(qgetenv("TZ")) { Move("BRT3BRST,M11.1.0/0,M2.3.0/0"); }
+    ~PlaceWithoutMidnight() { Move(before_); }
+    PlaceWithoutMidnight(const PlaceWithoutMidnight&) = delete;
+    PlaceWithoutMidnight& operator=(const PlaceWithoutMidnight&) = delete;
+
+private:
+    static void Move(const QByteArray& zone) {
+        zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
+        tzset();
+    }
+
+    QByteArray before_;
+};
 
 TEST_F(DynasetTest, AnEmptySetIsAtBothEnds) {
     const auto rows = Dynaset("select * from things");
@@ -41,6 +61,23 @@ TEST_F(DynasetTest, ListsTheColumnsWithTheirTypes) {
     EXPECT_EQ(ErrorOf([&] { rows->Fields(12); }), ErrorNumber::NoSuchItem);
     EXPECT_EQ(ErrorOf([&] { rows->Fields(-1); }), ErrorNumber::NoSuchItem);
     EXPECT_EQ(ErrorOf([&] { rows->Fields(QStringLiteral("missing")); }), ErrorNumber::NoSuchItem);
+}
+
+TEST_F(DynasetTest, ADateIsThatDayInEveryPlace) {
+    const PlaceWithoutMidnight place;
+    database->Execute(QStringLiteral("insert into things(code, date) values('lit', #11/04/2018#)"));
+    database->Execute(QStringLiteral("insert into things(code, date) values('text', '2018-11-04')"));
+    database->Execute(QStringLiteral("insert into things(code, date) values('time', '2018-11-04 00:30:00')"));
+    const auto rows = Dynaset("select code, date from things order by code");
+    const QDate day(2018, 11, 4);
+    EXPECT_EQ(rows->Fields(1).Get(), FromDate(day));
+    rows->MoveNext();
+    EXPECT_EQ(rows->Fields(1).Get(), FromDate(day));
+    rows->MoveNext();
+    EXPECT_EQ(rows->Fields(1).Get(), Value(QDateTime(day, QTime(0, 30), Qt::UTC)));
+    EXPECT_EQ(Rows("select date from things order by code"),
+              (QStringList{QStringLiteral("2018-11-04"), QStringLiteral("2018-11-04"),
+                           QStringLiteral("2018-11-04 00:30:00")}));
 }
 
 TEST_F(DynasetTest, ANewRowTakesEveryNatureOfValue) {

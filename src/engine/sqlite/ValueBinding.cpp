@@ -13,6 +13,8 @@ namespace {
 // Beyond this a double tells no four decimal places apart, so that it is already as near as it can be.
 constexpr double LastWithFourDecimals = 9e11;
 
+constexpr qsizetype LengthOfDay = 10;
+
 [[noreturn]] void RaiseWrongType(const Column& column) {
     throw Error(
         ErrorNumber::WrongType,
@@ -99,10 +101,17 @@ void BindCurrency(sqlite3_stmt* statement, int place, const Column& column, cons
     }
 }
 
+// A day is the same in every place. Taken for local time it would begin at one o'clock where the clock is put
+// forward at midnight.
+QDateTime DateIn(const QString& text) {
+    const QLatin1String rest(text.size() > LengthOfDay ? "Z" : "T00:00Z");
+    return QDateTime::fromString(text + rest, Qt::ISODate);
+}
+
 void BindDate(sqlite3_stmt* statement, int place, const Column& column, const Value& value) {
     Value date = value;
     if (const auto* text = std::get_if<QString>(&value)) {
-        date = QDateTime::fromString(*text, Qt::ISODate);
+        date = DateIn(*text);
     }
     const auto* moment = std::get_if<QDateTime>(&date);
     // A date is stored with a year of four digits.
@@ -159,12 +168,6 @@ bool SuitsAsItIs(const Column& column, const dialect::Literal& literal) {
     }
 }
 
-QDateTime StoredDate(const QString& text) {
-    QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
-    moment.setTimeSpec(Qt::UTC);
-    return moment;
-}
-
 Value ReadNumber(sqlite3_stmt* statement, int place, DataType type) {
     switch (type) {
         case dbBoolean:
@@ -188,7 +191,7 @@ Value ReadText(sqlite3_stmt* statement, int place, DataType type) {
         platform::TextFromUtf8({reinterpret_cast<const char*>(sqlite3_column_text(statement, place)),
                                 sqlite3_column_bytes(statement, place)});
     if (type == dbDate) {
-        const QDateTime moment = StoredDate(text);
+        const QDateTime moment = DateIn(text);
         if (moment.isValid()) {
             return moment;
         }
