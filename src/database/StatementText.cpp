@@ -100,7 +100,13 @@ void AppendSqlDate(QString& statement, QDate date) {
     AppendDateSeparator(literal);
     AppendDigits(literal, day, 10);
     AppendDateSeparator(literal);
-    AppendDigits(literal, year, 1000);
+    // A year that Hearthbook's dates don't reach keeps all its digits: the engine refuses it then, where the
+    // last four would be another date.
+    int highest = 1000;
+    while (year / highest > 9) {
+        highest *= 10;
+    }
+    AppendDigits(literal, year, highest);
     literal.append(QLatin1Char('#'));
     statement.append(literal.constData(), literal.size());
 }

@@ -28,6 +28,19 @@ void NoteEndSignal(int signalNumber) {
     requestedEnd = signalNumber;
 }
 
+// A reader that went away, or a file that grew too large for its owner's limit, makes the one write fail and
+// must not tear the process down in the middle of its work. A handler, unlike an ignored signal, isn't handed
+// on to programs that are started.
+void LetWritesFail() {
+    struct sigaction action {};
+    action.sa_handler = [](int) {};
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (const int signalNumber : {SIGPIPE, SIGXFSZ}) {
+        sigaction(signalNumber, &action, nullptr);
+    }
+}
+
 void RunEndActions() {
     // Each one is taken off before it runs, so that an action that ends the process goes on with the others.
     while (!EndActions().empty()) {
@@ -74,6 +87,7 @@ void EndByFailure() {
 }
 
 void RunProcess(const std::function<int()>& program) {
+    LetWritesFail();
     try {
         EndProcess(program());
     } catch (...) {

@@ -16,7 +16,8 @@ void AtProcessEnd(std::function<void()> action);
 [[noreturn]] void EndByFailure();
 
 /// Runs the program and is the last handler: a failure that nobody handled ends the process with one message
-/// (number and description, in a message box) and status 1.
+/// (number and description, in a message box) and status 1. A write to a closed pipe or beyond the size that
+/// files may have fails and doesn't end it.
 [[noreturn]] void RunProcess(const std::function<int()>& program);
 
 /// Lets SIGINT, SIGTERM and SIGHUP ask for the end instead of tearing the process down. EndIfRequested,

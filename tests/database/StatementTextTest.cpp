@@ -21,6 +21,12 @@ TEST(SqlDate, IsMonthDayYear) {
 TEST(SqlDate, HasFourDigitsOfTheYear) {
     EXPECT_EQ(SqlDate(QDate(1234, 1, 1)), QStringLiteral("#01/01/1234#"));
     EXPECT_EQ(SqlDate(QDate(100, 12, 31)), QStringLiteral("#12/31/0100#"));
+    EXPECT_EQ(SqlDate(QDate(9999, 12, 31)), QStringLiteral("#12/31/9999#"));
+}
+
+TEST(SqlDate, ShowsAYearBeyondReachInFullSoThatTheEngineRefusesIt) {
+    EXPECT_EQ(SqlDate(QDate(10000, 1, 1)), QStringLiteral("#01/01/10000#"));
+    EXPECT_EQ(SqlDate(QDate(34793, 10, 31)), QStringLiteral("#10/31/34793#"));
 }
 
 TEST(SqlDate, KeepsItsOrderAndHasSlashesWhereTheLocaleHasDots) {

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -90,6 +91,17 @@ TEST_F(OpenDatabaseTest, AReadOnlyFileIsAnError) {
         std::_Exit(OpenError(path) == ErrorNumber::ReadOnlyDatabase ? 0 : 1);
     };
     EXPECT_EXIT(openAsOrdinaryUser(), ::testing::ExitedWithCode(0), "");
+}
+
+TEST_F(OpenDatabaseTest, AFileThatSomebodyKeepsFromBeingWrittenIsLocked) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(OpenError(path), ErrorNumber::Locked);
+    ASSERT_EQ(sqlite3_exec(other, "rollback; begin; select * from things", nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    EXPECT_EQ(OpenError(path), 0) << "readers keep nobody out";
+    sqlite3_close(other);
 }
 
 TEST_F(OpenDatabaseTest, OpeningChangesNothing) {

@@ -3,9 +3,13 @@
 #include "platform/Process.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <iostream>
 #include <stdexcept>
 
@@ -87,6 +91,19 @@ TEST(RunProcess, EndsWithTheProgramsStatus) {
             RunProcess([] { return 2; });
         },
         ExitedWithCode(2), "^ended$");
+}
+
+TEST(RunProcess, AWriteThatCannotBeDoneFailsAndDoesNotEndTheProcess) {
+    const auto writeInVain = [] {
+        std::array<int, 2> ends{};
+        const bool isPipeFull = pipe(ends.data()) == 0 && close(ends[0]) == 0 && write(ends[1], "x", 1) < 0;
+        const rlimit nothing{0, 0};
+        std::FILE* file = std::tmpfile();
+        const bool isFileFull =
+            setrlimit(RLIMIT_FSIZE, &nothing) == 0 && write(fileno(file), "x", 1) < 0 && errno == EFBIG;
+        return isPipeFull && isFileFull ? 0 : 1;
+    };
+    EXPECT_EXIT(RunProcess(writeInVain), ExitedWithCode(0), "^$");
 }
 
 TEST(RunProcess, TellsAnUnhandledFailureOnceAndEndsInOrder) {

@@ -52,17 +52,21 @@ TEST_F(HostilePortfolio, MillionsOfValues) {
 }
 
 TEST_F(HostilePortfolio, NotUtf8) {
-    ExpectRefused("{\"UserType\": \"M\xE4nager\"}", "The file isn't UTF-8 text");
+    ExpectRefused("{\"UserType\": \"M\xE4nager\"}",
+                  "line 1, column 16: this isn't UTF-8 text (found the byte 0xe4)");
 }
 
 TEST_F(HostilePortfolio, Utf16) {
-    ExpectRefused(QByteArray("\xFF\xFE{\0}\0", 6), "The file isn't UTF-8 text");
+    ExpectRefused(QByteArray("\xFF\xFE{\0}\0", 6),
+                  "line 1, column 1: this isn't UTF-8 text (found the byte 0xff)");
 }
 
 TEST_F(HostilePortfolio, OverlongAndSurrogateUtf8) {
-    ExpectRefused("{\"UserType\": \"\xC0\x80\"}", "The file isn't UTF-8 text");
+    ExpectRefused("{\"UserType\": \"\xC0\x80\"}",
+                  "line 1, column 15: this isn't UTF-8 text (found the byte 0xc0)");
     QFile::remove(directory_.filePath(QStringLiteral("property.mdb")));
-    ExpectRefused("{\"UserType\": \"\xED\xA0\x80\"}", "The file isn't UTF-8 text");
+    ExpectRefused("{\"UserType\": \"\xED\xA0\x80\"}",
+                  "line 1, column 15: this isn't UTF-8 text (found the byte 0xed)");
 }
 
 TEST_F(HostilePortfolio, NullBytesOutsideOfTexts) {
@@ -79,9 +83,9 @@ TEST(UnreadablePortfolio, MissingFilesAndFoldersAreRefused) {
     const QString missing = directory.filePath(QStringLiteral("none.json"));
     const ProgramResult noFile = RunImport({missing, QStringLiteral("--yes")});
     EXPECT_EQ(noFile.status, 2);
-    EXPECT_TRUE(noFile.errors.startsWith(missing.toUtf8() + ": The file can't be read (found "));
+    EXPECT_TRUE(noFile.errors.startsWith(missing.toUtf8() + ": The file can't be read: No such file"));
     const ProgramResult aFolder = RunImport({directory.path(), QStringLiteral("--yes")});
     EXPECT_EQ(aFolder.status, 2);
     EXPECT_TRUE(
-        aFolder.errors.startsWith(directory.path().toUtf8() + ": The file can't be read (found a folder)"));
+        aFolder.errors.startsWith(directory.path().toUtf8() + ": The file can't be read: it is a folder"));
 }

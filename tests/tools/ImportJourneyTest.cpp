@@ -112,6 +112,18 @@ TEST_F(ImportJourney, TheBackupIsTheDatabaseFromBefore) {
               before);
 }
 
+TEST_F(ImportJourney, AReaderOfTheOutputWhoGoesAwayStopsNothing) {
+    const ProgramResult dropped =
+        RunProgram(QStringLiteral("sqlite3"), {Database(), QStringLiteral("drop table mileage")}, QString());
+    ASSERT_EQ(dropped.status, 0);
+    // Both outputs end in a pipe that nobody reads any more.
+    const QString command =
+        QStringLiteral("{ sleep 1; '%1' '%2' --database '%3' --yes --today 2026-03-15 2>&1; } | true")
+            .arg(QStringLiteral(IMPORT_PROGRAM), ExamplePortfolio(), Database());
+    RunProgram(QStringLiteral("bash"), {QStringLiteral("-c"), command}, Path("config"));
+    EXPECT_EQ(Query("select count(*) from tenancy"), "30");
+}
+
 TEST_F(ImportJourney, AFailureOnTheWayIsReportedAndCounted) {
     const ProgramResult dropped =
         RunProgram(QStringLiteral("sqlite3"), {Database(), QStringLiteral("drop table mileage")}, QString());

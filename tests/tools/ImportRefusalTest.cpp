@@ -77,6 +77,17 @@ TEST_F(ImportRefusal, TheDatabaseIsNoBackupOfItself) {
     EXPECT_EQ(Import({QStringLiteral("--yes"), QStringLiteral("--backup"), Database()}).status, 2);
 }
 
+TEST_F(ImportRefusal, ABackupWouldVanishUnderANameThatTheDatabaseUsesItself) {
+    const QString roundabout = Path("sub/../property.mdb-wal");
+    ASSERT_TRUE(QDir(directory_.path()).mkdir(QStringLiteral("sub")));
+    for (const QString& backup : {Path("property.mdb-journal"), roundabout, Path("property.mdb-shm")}) {
+        const ProgramResult result = Import({QStringLiteral("--yes"), QStringLiteral("--backup"), backup});
+        EXPECT_EQ(result.status, 2);
+        EXPECT_TRUE(result.errors.contains("the database uses the name " + backup.toUtf8() + " for itself"));
+        EXPECT_FALSE(QFile::exists(backup));
+    }
+}
+
 TEST_F(ImportRefusal, MissingDatabases) {
     const QString missing = Path("none.mdb");
     for (const QString& mode : {QStringLiteral("--yes"), QStringLiteral("--dry-run")}) {

@@ -80,7 +80,7 @@ TEST(JsonDocument, CharactersThatCannotBeStoredAreAllListed) {
     const QByteArray json =
         R"(["a\u0000", "\ud800", "\udc00\ud800", "\\ud800", "\ud83c\udfe0", "\ud800\u0041"])";
     EXPECT_TRUE(ParseJson(json, faults).has_value());
-    const char* rule = "The text holds a character that can't be stored";
+    const char* rule = "The text holds a null character or half of a surrogate pair";
     EXPECT_EQ(faults,
               (Faults{MakeFault("/0", rule, "\"a\\u0000\""), MakeFault("/1", rule, "\"\\u0000\""),
                       MakeFault("/2", rule, "\"\\u0000\\u0000\""), MakeFault("/5", rule, "\"\\u0000A\"")}));
@@ -126,5 +126,28 @@ TEST(JsonDocument, OtherEncodingsAreRefused) {
     EXPECT_FALSE(ParseJson("{\"a\": \"\xE4\"}", faults).has_value());
     EXPECT_FALSE(ParseJson(QByteArray("{\0}\0", 4), faults).has_value());
     ASSERT_EQ(faults.size(), 2U);
-    EXPECT_EQ(faults[0], MakeFault("", "The file isn't UTF-8 text", ""));
+    EXPECT_EQ(faults[0], MakeFault("", "line 1, column 8: this isn't UTF-8 text", "the byte 0xe4"));
+}
+
+TEST(JsonDocument, TheFirstByteThatIsNotUtf8IsNamed) {
+    for (const auto& [bytes, place, byte] :
+         {std::tuple("\"\n\u00fc\U0001f3e0\xE4\"", "line 2, column 4", "the byte 0xe4"),
+          std::tuple("\x80", "line 1, column 1", "the byte 0x80"),
+          std::tuple("[\xF0\x9F", "line 1, column 2", "the byte 0xf0"),
+          std::tuple("\xC0\x80", "line 1, column 1", "the byte 0xc0"),
+          std::tuple("a\xED\xA0\x80", "line 1, column 2", "the byte 0xed"),
+          std::tuple("\xF4\x90\x80\x80", "line 1, column 1", "the byte 0xf4")}) {
+        Faults faults;
+        const std::string rule = std::string(place) + ": this isn't UTF-8 text";
+        EXPECT_FALSE(ParseJson(bytes, faults).has_value());
+        EXPECT_EQ(faults, (Faults{MakeFault("", rule.c_str(), byte)}));
+    }
+}
+
+TEST(JsonDocument, NothingMayStandBehindANullCharacter) {
+    for (const QByteArray& behind : {QByteArray("", 1), QByteArray("\0{\"a\": ", 8)}) {
+        Faults faults;
+        EXPECT_FALSE(ParseJson("{\"b\": 1}\n" + behind, faults).has_value());
+        EXPECT_EQ(faults, (Faults{MakeFault("", "line 2, column 1: this isn't valid JSON", "\"\\u0000\"")}));
+    }
 }

@@ -65,6 +65,9 @@ void Connection::CheckFile() {
     if (sqlite3_db_readonly(handle_, "main") == 1) {
         Raise(SQLITE_READONLY);
     }
+    // Somebody who has the file for himself would make every write wait in vain: better to know it now.
+    Run("begin immediate");
+    Run("rollback");
 }
 
 StatementHandle Connection::Prepare(const std::string& sql) {

@@ -40,7 +40,7 @@ A portfolio is a UTF-8 JSON file:
     "Tenants": [
       { "Name": "Ada Finch",              at most 30 characters
         "PropertyName": "2/12 Main Road", a property or unit above, no building
-        "StartDate": "2025-03-15",        required
+        "StartDate": "2025-03-15",        required; its first rent period ends before the year 9999
         "EndDate": null,                  null or absent: the tenancy goes on
         "CurrentRent": 420,               for one rent period
         "RentFrequency": "Week",          "Day", "Week", "Month" or "Year"; "Week" if absent
@@ -54,8 +54,9 @@ A portfolio is a UTF-8 JSON file:
 Names must be unique within their list, upper and lower case counted as the same. Faults of the file are
 listed all at once, each with the place where it stands, and nothing is changed then.
 
-Exit status: 0 done; 1 done, but with failures, which were reported and logged; 2 nothing was done: bad
-usage, a portfolio that can't be read or has faults, no database, or the answer was No.
+Exit status: 0 done; 1 done, but with failures, which were reported and logged, or ended halfway by a failure
+that the last message tells; 2 nothing was done: bad usage, a portfolio that can't be read or has faults, no
+database, or the answer was No.
 )");
 }
 

@@ -7,8 +7,8 @@ namespace tools {
 
 namespace {
 
-std::nullopt_t Refuse(Faults& faults, const QString& rule, const QString& found) {
-    faults.push_back({QString(), rule, found});
+std::nullopt_t RefuseUnread(Faults& faults, const QString& reason) {
+    faults.push_back({QString(), QStringLiteral("The file can't be read: ") + reason, QString()});
     return std::nullopt;
 }
 
@@ -16,19 +16,21 @@ std::nullopt_t Refuse(Faults& faults, const QString& rule, const QString& found)
 
 std::optional<QByteArray> ReadWholeFile(const QString& path, Faults& faults) {
     if (QFileInfo(path).isDir()) {
-        return Refuse(faults, QStringLiteral("The file can't be read"), QStringLiteral("a folder"));
+        return RefuseUnread(faults, QStringLiteral("it is a folder"));
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return Refuse(faults, QStringLiteral("The file can't be read"), file.errorString());
+        return RefuseUnread(faults, file.errorString());
     }
     // Bounded reading rather than a look at the size: a pipe has none.
     QByteArray bytes = file.read(LargestFile + 1);
     if (file.error() != QFileDevice::NoError) {
-        return Refuse(faults, QStringLiteral("The file can't be read"), file.errorString());
+        return RefuseUnread(faults, file.errorString());
     }
     if (bytes.size() > LargestFile) {
-        return Refuse(faults, QStringLiteral("A portfolio is at most 256 MB"), QStringLiteral("more"));
+        faults.push_back(
+            {QString(), QStringLiteral("A portfolio is at most 256 MB"), QStringLiteral("more")});
+        return std::nullopt;
     }
     return bytes;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Utf8.h"
 #include "tools_core/json/JsonDocument.h"
+#include "tools_core/json/PlaceInText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,13 +13,6 @@ namespace tools {
 namespace {
 
 constexpr int numberOverflow = 406;
-
-QString WhereInText(const QByteArray& bytes, qsizetype place) {
-    const QByteArrayView before = QByteArrayView(bytes).first(std::clamp<qsizetype>(place, 0, bytes.size()));
-    const qsizetype lineStart = before.lastIndexOf('\n') + 1;
-    const qsizetype column = platform::TextFromUtf8(before.sliced(lineStart)).size() + 1;
-    return QStringLiteral("line %1, column %2").arg(before.count('\n') + 1).arg(column);
-}
 
 QString CharacterAt(const QByteArray& bytes, qsizetype place) {
     constexpr qsizetype longestSequence = 4;
@@ -70,8 +64,9 @@ bool TreeBuilder::string(std::string& value) {
     placed.kind = JsonKind::Text;
     placed.text = platform::TextFromUtf8(value);
     if (placed.text.contains(QChar(QChar::Null))) {
-        faults_.push_back(
-            {Pointer(), QStringLiteral("The text holds a character that can't be stored"), placed.Shown()});
+        faults_.push_back({Pointer(),
+                           QStringLiteral("The text holds a null character or half of a surrogate pair"),
+                           placed.Shown()});
     }
     return Place(std::move(placed));
 }
@@ -142,7 +137,7 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& lastToken
         return BreakOff(QStringLiteral("The number is too large"), Shown(QString::fromStdString(lastToken)));
     }
     const auto place = static_cast<qsizetype>(position) - 1;
-    return BreakOff(WhereInText(bytes_, place) + QStringLiteral(": this isn't valid JSON"),
+    return BreakOff(PlaceInText(bytes_, place) + QStringLiteral(": this isn't valid JSON"),
                     CharacterAt(bytes_, place));
 }
 

@@ -44,6 +44,29 @@ double ReadRent(ObjectReader& tenant) {
     return rent;
 }
 
+QDate EndOfFirstPeriod(const records::TenantEntry& entry) {
+    const int length = entry.FrequencyNumber;
+    if (entry.RentFrequency == QLatin1String("Year")) {
+        return entry.StartDate.addYears(length);
+    }
+    if (entry.RentFrequency == QLatin1String("Month")) {
+        return entry.StartDate.addMonths(length);
+    }
+    const int days = entry.RentFrequency == QLatin1String("Week") ? 7 : 1;
+    return entry.StartDate.addDays(qint64{days} * length);
+}
+
+// Found out halfway through the import, the period would be lost.
+void RefusePeriodBeyondReach(ObjectReader& tenant, const records::TenantEntry& entry) {
+    constexpr int lastYear = 9999;
+    if (EndOfFirstPeriod(entry).year() < lastYear) {
+        return;
+    }
+    const bool isByStart = entry.StartDate.year() >= lastYear;
+    tenant.Refuse(isByStart ? "StartDate" : "FrequencyNumber",
+                  QStringLiteral("The first rent period must end before the year 9999"));
+}
+
 void ReadTenant(ObjectReader& tenant, Reading& reading) {
     records::TenantEntry entry;
     const std::optional<QString> name = tenant.Text("Name", records::EntryLimit::TenantsName);
@@ -70,6 +93,8 @@ void ReadTenant(ObjectReader& tenant, Reading& reading) {
     RefuseUnletProperty(tenant, property, reading);
     if (start && platform::IsNoDate(*start)) {
         tenant.Refuse("StartDate", records::EntryMessage::StartDateRequired);
+    } else if (start) {
+        RefusePeriodBeyondReach(tenant, entry);
     }
     EnterName(tenant, "Name", name, reading.tenants);
     reading.collections.Tenants.Add(records::MakeRecord(entry));

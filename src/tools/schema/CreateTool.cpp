@@ -42,8 +42,10 @@ int Create(const QString& path) {
     try {
         CreateHearthbookDatabase(path);
     } catch (const platform::Failure& failure) {
-        return Say(ExitStatus::DoneWithFailures,
-                   QStringLiteral("%1 - %2").arg(failure.Number()).arg(failure.Description()));
+        return Say(ExitStatus::DoneWithFailures, QStringLiteral("%1 can't be made: %2 - %3")
+                                                     .arg(path)
+                                                     .arg(failure.Number())
+                                                     .arg(failure.Description()));
     }
     return ExitStatus::Done;
 }

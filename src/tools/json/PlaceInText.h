@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace tools {
+
+/// "line 3, column 7" of a byte in a file, as editors count: columns are characters of the line, not bytes. A
+/// place behind the end counts as the end.
+QString PlaceInText(const QByteArray& bytes, qsizetype place);
+
+}  // namespace tools
