@@ -4,7 +4,6 @@
 #include "tools_core/json/JsonDocument.h"
 #include "tools_core/json/PlaceInText.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
