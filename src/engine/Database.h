@@ -32,7 +32,7 @@ public:
     virtual void Flush() = 0;
 
     /// Copies the whole database, as it stands now, to a new file. Fails with 3204 if the file is there
-    /// already.
+    /// already, 3219 under a name that the database uses for itself.
     virtual void CopyTo(const QString& path) = 0;
 
     /// A write that had succeeded and then could not be stored when its group was brought to the disk: the

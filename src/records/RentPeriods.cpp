@@ -5,9 +5,8 @@
 #include "platform/NoDate.h"
 #include "platform/Process.h"
 #include "records/MonthlyDayRule.h"
+#include "records/RentFrequency.h"
 #include "records/Tenants.h"
-
-#include <QHash>
 
 #include <cmath>
 #include <limits>
@@ -17,7 +16,6 @@ namespace records {
 namespace {
 
 constexpr int DivisionByZero = 11;
-constexpr int DaysOfWeek = 7;
 
 /// Writes the rows of one tenant. A long history is a great many rows, so the text is put together in place
 /// and the full rent is turned into text once.
@@ -50,17 +48,6 @@ private:
     QString statement_;
 };
 
-enum class Frequency { Day, Week, Month, Year, Duration, Unknown };
-
-Frequency FrequencyOf(const QString& every_freq) {
-    static const QHash<QString, Frequency> frequencies = {
-        {QStringLiteral("Day"), Frequency::Day},           {QStringLiteral("Week"), Frequency::Week},
-        {QStringLiteral("Month"), Frequency::Month},       {QStringLiteral("Year"), Frequency::Year},
-        {QStringLiteral("Duration"), Frequency::Duration},
-    };
-    return frequencies.value(every_freq, Frequency::Unknown);
-}
-
 /// The day after the end that is stored with the tenancy.
 QDate DayAfterStoredEnd(const QString& sTenant) {
     return database::LookupDate(QStringLiteral("[when ended]"), QStringLiteral("tenancy"),
@@ -92,10 +79,9 @@ void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine:
         QDate NextStart;
         switch (frequency) {
             case Frequency::Day:
-                NextStart = dStartDate.addDays(every_amt);
-                break;
             case Frequency::Week:
-                NextStart = dStartDate.addDays(qint64{every_amt} * DaysOfWeek);
+            case Frequency::Year:
+                NextStart = StepFrom(dStartDate, frequency, every_amt);
                 break;
             case Frequency::Month:
                 if (every_amt == 1) {
@@ -103,11 +89,8 @@ void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine:
                     NextStart = period.NextStart;
                     PeriodRent = period.PeriodRent;
                 } else {
-                    NextStart = dStartDate.addMonths(every_amt);
+                    NextStart = StepFrom(dStartDate, frequency, every_amt);
                 }
-                break;
-            case Frequency::Year:
-                NextStart = dStartDate.addYears(every_amt);
                 break;
             case Frequency::Duration:
                 if (!bForceAtLeastOne) {

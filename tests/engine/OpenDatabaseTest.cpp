@@ -189,6 +189,8 @@ TEST_F(OpenDatabaseTest, ACopyIsWholeAndTakesNoFilesPlace) {
     database->CopyTo(copy);
     EXPECT_EQ(ReadRows(copy, "select text from notes"), QStringList{QStringLiteral("kept")});
     EXPECT_EQ(ErrorOf([&] { database->CopyTo(copy); }), ErrorNumber::DatabaseExists);
+    EXPECT_EQ(ErrorOf([&] { database->CopyTo(path + QStringLiteral("-wal")); }),
+              ErrorNumber::InvalidOperation);
     EXPECT_EQ(ErrorOf([&] { database->CopyTo(directory.filePath(QStringLiteral("no/folder.mdb"))); }),
               ErrorNumber::DiskError);
 }

@@ -96,12 +96,13 @@ TEST(RunProcess, EndsWithTheProgramsStatus) {
 TEST(RunProcess, AWriteThatCannotBeDoneFailsAndDoesNotEndTheProcess) {
     const auto writeInVain = [] {
         std::array<int, 2> ends{};
-        const bool isPipeFull = pipe(ends.data()) == 0 && close(ends[0]) == 0 && write(ends[1], "x", 1) < 0;
+        const bool doesPipeRefuse =
+            pipe(ends.data()) == 0 && close(ends[0]) == 0 && write(ends[1], "x", 1) < 0;
         const rlimit nothing{0, 0};
         std::FILE* file = std::tmpfile();
-        const bool isFileFull =
+        const bool doesFileRefuse =
             setrlimit(RLIMIT_FSIZE, &nothing) == 0 && write(fileno(file), "x", 1) < 0 && errno == EFBIG;
-        return isPipeFull && isFileFull ? 0 : 1;
+        return doesPipeRefuse && doesFileRefuse ? 0 : 1;
     };
     EXPECT_EXIT(RunProcess(writeInVain), ExitedWithCode(0), "^$");
 }

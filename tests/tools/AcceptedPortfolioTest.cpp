@@ -70,6 +70,14 @@ TEST_F(AcceptedPortfolio, EveryMemberIsTaken) {
     EXPECT_EQ(tenant->BalanceAmount, -210.5);
 }
 
+TEST_F(AcceptedPortfolio, AFirstPeriodMayEndInTheYear9998) {
+    portfolio_.tenants =
+        "'Tenants': [{'Name': 'Ada', 'PropertyName': '2/9 Mill Court', 'StartDate': '2025-03-15', "
+        "'RentFrequency': 'Year', 'FrequencyNumber': 7973}, {'Name': 'Bob', 'PropertyName': '2/9 Mill "
+        "Court', 'StartDate': '9371-01-01', 'RentFrequency': 'Week', 'FrequencyNumber': 32767}]";
+    EXPECT_EQ(portfolio_.Read(), Faults());
+}
+
 TEST_F(AcceptedPortfolio, UnitsFollowTheirBuilding) {
     ASSERT_EQ(portfolio_.Read(), Faults());
     const records::Properties& properties = TheCollections().Properties;

@@ -22,6 +22,12 @@ protected:
 
     QByteArray Query(const char* query) const { return QueryDatabase(Database(), QLatin1String(query)); }
 
+    void MakeOneStatementFail() const {
+        const ProgramResult dropped = RunProgram(
+            QStringLiteral("sqlite3"), {Database(), QStringLiteral("drop table mileage")}, QString());
+        ASSERT_EQ(dropped.status, 0);
+    }
+
     QTemporaryDir directory_;
 };
 
@@ -113,21 +119,21 @@ TEST_F(ImportJourney, TheBackupIsTheDatabaseFromBefore) {
 }
 
 TEST_F(ImportJourney, AReaderOfTheOutputWhoGoesAwayStopsNothing) {
-    const ProgramResult dropped =
-        RunProgram(QStringLiteral("sqlite3"), {Database(), QStringLiteral("drop table mileage")}, QString());
-    ASSERT_EQ(dropped.status, 0);
+    MakeOneStatementFail();
     // Both outputs end in a pipe that nobody reads any more.
     const QString command =
-        QStringLiteral("{ sleep 1; '%1' '%2' --database '%3' --yes --today 2026-03-15 2>&1; } | true")
+        QStringLiteral(
+            "{ sleep 1; '%1' '%2' --database '%3' --yes --today 2026-03-15 2>&1; } | true; "
+            "exit ${PIPESTATUS[0]}")
             .arg(QStringLiteral(IMPORT_PROGRAM), ExamplePortfolio(), Database());
-    RunProgram(QStringLiteral("bash"), {QStringLiteral("-c"), command}, Path("config"));
+    const ProgramResult result =
+        RunProgram(QStringLiteral("bash"), {QStringLiteral("-c"), command}, Path("config"));
+    EXPECT_EQ(result.status, 1) << "the failure on the way, and no signal";
     EXPECT_EQ(Query("select count(*) from tenancy"), "30");
 }
 
 TEST_F(ImportJourney, AFailureOnTheWayIsReportedAndCounted) {
-    const ProgramResult dropped =
-        RunProgram(QStringLiteral("sqlite3"), {Database(), QStringLiteral("drop table mileage")}, QString());
-    ASSERT_EQ(dropped.status, 0);
+    MakeOneStatementFail();
     const ProgramResult result = Import(pinned);
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.errors.startsWith("Execute SQL: "));

@@ -2,9 +2,11 @@
 
 #include "engine/sqlite/TableSchema.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <functional>
 
 namespace engine::sqlite {
@@ -37,6 +39,14 @@ std::string CreateIndexSql(const TableDefinition& table, const IndexDefinition& 
 void RemoveWithJournal(const QString& path) {
     QFile::remove(path);
     QFile::remove(path + QStringLiteral("-journal"));
+}
+
+// SQLite keeps files of these names beside the database, and removes them.
+bool IsSideFile(const QString& path, const QString& database) {
+    const QFileInfo file(path);
+    const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
+    const QStringList ends{QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
+    return std::any_of(ends.begin(), ends.end(), [&](const QString& end) { return place == database + end; });
 }
 
 // The file grows under another name and takes its own when it is whole, so that nobody ever finds half of it.
@@ -77,6 +87,10 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
 }
 
 void CopyDatabaseFile(Connection& source, const QString& path) {
+    if (IsSideFile(path, QString::fromUtf8(sqlite3_db_filename(source.Handle(), "main")))) {
+        throw Error(ErrorNumber::InvalidOperation,
+                    QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
+    }
     MakeFile(path, [&source](Connection& copy) {
         sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
         if (backup == nullptr) {

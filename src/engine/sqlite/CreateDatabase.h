@@ -10,7 +10,8 @@ namespace engine::sqlite {
 /// Makes a new file with these tables. Fails with 3204 if the file is there already; a failure leaves none.
 void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>& tables);
 
-/// Copies the database that the connection sees to a new file, in the same manner.
+/// Copies the database that the connection sees to a new file, in the same manner. Fails with
+/// 3219 under the name of a file that SQLite keeps beside the database.
 void CopyDatabaseFile(Connection& source, const QString& path);
 
 }  // namespace engine::sqlite

@@ -14,10 +14,7 @@
 #include "tools_core/import/Terminal.h"
 #include "tools_core/portfolio/PortfolioReader.h"
 
-#include <QDir>
 #include <QFileInfo>
-
-#include <algorithm>
 
 namespace tools {
 
@@ -43,23 +40,11 @@ bool OpenDatabase(const ImportOptions& options) {
     return database::StartDatabase();
 }
 
-/// SQLite keeps files of these names beside the database for itself, and removes them.
-bool IsSideFileOfTheDatabase(const QFileInfo& file) {
-    const QString path = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
-    const QString database = QFileInfo(database::DatabaseFile()).canonicalFilePath();
-    const QStringList ends{QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
-    return std::any_of(ends.begin(), ends.end(), [&](const QString& end) { return path == database + end; });
-}
-
 /// Why the import may not begin; empty if it may.
 QString Objection(const ImportOptions& options) {
     const QFileInfo backup(options.backup);
     if (!options.backup.isEmpty() && (backup.exists() || backup.isSymLink())) {
         return QStringLiteral("the backup file %1 is there already; nothing was changed").arg(options.backup);
-    }
-    if (!options.backup.isEmpty() && IsSideFileOfTheDatabase(backup)) {
-        return QStringLiteral("the database uses the name %1 for itself; nothing was changed")
-            .arg(options.backup);
     }
     if (options.isDryRun || options.isYes) {
         return {};

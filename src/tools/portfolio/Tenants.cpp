@@ -1,4 +1,5 @@
 #include "records/EntryRules.h"
+#include "records/RentFrequency.h"
 #include "tools_core/portfolio/Sections.h"
 
 #include <limits>
@@ -44,22 +45,11 @@ double ReadRent(ObjectReader& tenant) {
     return rent;
 }
 
-QDate EndOfFirstPeriod(const records::TenantEntry& entry) {
-    const int length = entry.FrequencyNumber;
-    if (entry.RentFrequency == QLatin1String("Year")) {
-        return entry.StartDate.addYears(length);
-    }
-    if (entry.RentFrequency == QLatin1String("Month")) {
-        return entry.StartDate.addMonths(length);
-    }
-    const int days = entry.RentFrequency == QLatin1String("Week") ? 7 : 1;
-    return entry.StartDate.addDays(qint64{days} * length);
-}
-
 // Found out halfway through the import, the period would be lost.
 void RefusePeriodBeyondReach(ObjectReader& tenant, const records::TenantEntry& entry) {
     constexpr int lastYear = 9999;
-    if (EndOfFirstPeriod(entry).year() < lastYear) {
+    const records::Frequency frequency = records::FrequencyOf(entry.RentFrequency);
+    if (records::StepFrom(entry.StartDate, frequency, entry.FrequencyNumber).year() < lastYear) {
         return;
     }
     const bool isByStart = entry.StartDate.year() >= lastYear;
