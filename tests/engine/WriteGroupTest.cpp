@@ -3,6 +3,7 @@
 #include "support/FaultyDisk.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 
 #include <atomic>
@@ -25,6 +26,14 @@ protected:
 
     void Insert(int number) {
         database->Execute(QStringLiteral("insert into notes(text) values('n%1')").arg(number));
+    }
+
+    QString Journal() const { return path + QStringLiteral("-journal"); }
+
+    /// Brings the group to the disk as the course of time does, with more to follow.
+    void LetTheGroupEnd() {
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        Dynaset("select * from things");
     }
 
     QStringList lost;
@@ -57,8 +66,7 @@ TEST_F(WriteGroupTest, AGroupIsNeverOlderThanItsTime) {
 
 TEST_F(WriteGroupTest, ReadingBringsAGroupWhoseTimeIsOverToTheDiskToo) {
     Insert(1);
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    Dynaset("select * from things");
+    LetTheGroupEnd();
     EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
 }
 
@@ -79,6 +87,52 @@ TEST_F(WriteGroupTest, ClosingBringsAllToTheDiskAndLeavesNoSideFiles) {
     database.reset();
     EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
     EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{QStringLiteral("things.mdb")});
+}
+
+TEST_F(WriteGroupTest, BetweenGroupsAnEmptyJournalStaysThatIsNoNewsToAReader) {
+    Insert(1);
+    LetTheGroupEnd();
+    QFile journal(Journal());
+    ASSERT_TRUE(journal.open(QIODevice::ReadOnly));
+    EXPECT_EQ(journal.read(28), QByteArray(28, '\0')) << "its header says that there is nothing to take back";
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")});
+    Insert(2);
+    database->Flush();
+    EXPECT_FALSE(QFileInfo::exists(Journal())) << "nobody knows whether there will be another group";
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("2")});
+}
+
+TEST_F(WriteGroupTest, AKeptJournalGivesItsRoomBackAfterALargeChange) {
+    ASSERT_TRUE(RunElsewhere(path,
+                             "with recursive n(i) as (select 1 union all select i + 1 from n where i < 4000)"
+                             "insert into notes select hex(zeroblob(2000)) from n"));
+    database->Execute(QStringLiteral("update notes set text='short'"));
+    LetTheGroupEnd();
+    EXPECT_GT(QFileInfo(path).size(), 12'000'000);
+    EXPECT_TRUE(QFileInfo::exists(Journal()));
+    EXPECT_LE(QFileInfo(Journal()).size(), 8 * 1024 * 1024);
+}
+
+TEST_F(WriteGroupTest, WritesThatRunAgainFindTheRoomOfTheJournalFree) {
+    database.reset();
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    int told = 0;
+    database->OnLostWrite([&](const Error&, const QString&) {
+        ++told;
+        EXPECT_FALSE(QFileInfo::exists(Journal()));
+    });
+    Insert(1);
+    LetTheGroupEnd();
+    ASSERT_TRUE(QFileInfo::exists(Journal()));
+    Insert(2);
+    disk.FailAt(1, FaultyDisk::Fault::FullFromThenOn);
+    for (int i = 0; i < 2000; ++i) {
+        ErrorOf([&] { Insert(3 + i); });
+    }
+    database->Flush();
+    disk.Repair();
+    EXPECT_GT(told, 0);
 }
 
 TEST_F(WriteGroupTest, AFileInWriteAheadModeEndsWithoutSideFiles) {

@@ -2,7 +2,7 @@
 
 #include "platform/MessageBox.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QtEndian>
 
 #include <array>
@@ -25,6 +25,9 @@ constexpr auto TurnOfOthers = 110ms;
 
 // How long the writes of a group that could not be committed may together wait for a lock.
 constexpr auto LongestWaitRunningAgain = 5s;
+
+// Emptying a large database takes a journal as large as the file, which should not fill the disk any longer.
+constexpr const char* KeptJournalSize = "pragma journal_size_limit = 8388608";
 
 // The place in a database file of the number that counts its commits, as the file format tells.
 constexpr int ChangeCounterOffset = 24;
@@ -103,12 +106,7 @@ void WriteGroup::Begin() {
     if (open_) {
         return;
     }
-    if (!journalChosen_) {
-        // Not sooner than the first write: a database that is only looked at must stay as it is. The answer
-        // is not looked at either, since another program may keep the file in a mode of its own.
-        connection_.TryRun("pragma journal_mode = delete");
-        journalChosen_ = true;
-    }
+    KeepJournal();
     connection_.Run("begin immediate");
     open_ = true;
     began_ = Clock::now();
@@ -140,6 +138,25 @@ void WriteGroup::Commit() {
     if (open_ && TryCommit() != SQLITE_OK) {
         GiveUp();
     }
+    RemoveJournal();
+}
+
+// Groups that follow each other write into the journal of the one before, since the room of a file that is
+// there costs nothing to get. Not sooner than the first write: a database that is only looked at must stay as
+// it is. The answers are not looked at, since another program may keep the file in a mode of its own.
+void WriteGroup::KeepJournal() {
+    if (!isJournalKept_) {
+        connection_.TryRun("pragma journal_mode = persist");
+        connection_.TryRun(KeptJournalSize);
+        isJournalKept_ = true;
+    }
+}
+
+void WriteGroup::RemoveJournal() {
+    if (isJournalKept_) {
+        connection_.TryRun("pragma journal_mode = delete");
+        isJournalKept_ = false;
+    }
 }
 
 int WriteGroup::TryCommit() {
@@ -165,12 +182,21 @@ void WriteGroup::GiveUp() {
     TellOfLosses();
 }
 
-// A commit can fail after its decisive step (removing the journal), for instance while the folder is synced.
-// Its rows are in the file then, and running them again would store them twice.
+// A commit can fail after its decisive step (clearing the journal's first bytes), for instance while that is
+// synced. Its rows are in the file then, and running them again would store them twice.
 bool WriteGroup::HasReachedTheDisk() const {
+    return !JournalStands() && ChangeCounter() == changeCounterBefore_ + 1;
+}
+
+bool WriteGroup::JournalStands() const {
     const QString file = QString::fromUtf8(sqlite3_db_filename(connection_.Handle(), "main"));
-    const bool journalStands = QFileInfo(file + QStringLiteral("-journal")).size() > 0;
-    return !journalStands && ChangeCounter() == changeCounterBefore_ + 1;
+    QFile journal(file + QStringLiteral("-journal"));
+    if (!journal.exists()) {
+        return false;
+    }
+    char first = 0;
+    return !journal.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+           (journal.getChar(&first) && first != 0);
 }
 
 quint32 WriteGroup::ChangeCounter() const {
@@ -188,6 +214,8 @@ quint32 WriteGroup::ChangeCounter() const {
 void WriteGroup::RunAgain(std::vector<Write> writes) {
     open_ = false;
     batch_.DropAll();
+    // On a full disk the room of the journal is what a row may still need.
+    RemoveJournal();
     connection_.LimitWaiting(Clock::now() + LongestWaitRunningAgain);
     for (Write& write : writes) {
         try {

@@ -45,7 +45,10 @@ private:
     void RunBatch();
     void Begin();
     int TryCommit();
+    void KeepJournal();
+    void RemoveJournal();
     bool HasReachedTheDisk() const;
+    bool JournalStands() const;
     quint32 ChangeCounter() const;
     void GiveUp();
     void RunAgain(std::vector<Write> writes);
@@ -59,7 +62,7 @@ private:
     LostWriteListener lostWriteListener_;
 
     bool open_ = false;
-    bool journalChosen_ = false;
+    bool isJournalKept_ = false;
     Clock::time_point began_;
     Clock::time_point ended_;
     Clock::time_point othersHadTheirTurn_ = Clock::now();
