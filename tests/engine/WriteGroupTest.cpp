@@ -200,6 +200,35 @@ TEST_F(WriteGroupTest, ASingleFaultLosesNothingThatCouldBeStored) {
     }
 }
 
+// The same while the import goes on: its groups end because their time is over, and the next write finds out.
+TEST_F(WriteGroupTest, AFaultAtTheEndOfAGroupsTimeLosesNothingThatCouldBeStored) {
+    database.reset();
+    FaultyDisk disk;
+    for (int n = 1;; ++n) {
+        ASSERT_TRUE(RunElsewhere(path, "delete from notes"));
+        lost.clear();
+        database = DBEngine::Instance().OpenDatabase(path);
+        Listen();
+        Insert(1);
+        Insert(2);
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        disk.FailAt(n, FaultyDisk::Fault::Once);
+        const bool refused = ErrorOf([&] { Insert(3); }) != 0;
+        const bool faulted = disk.Faults() > 0;
+        const std::string kind = disk.FirstFault();
+        disk.Repair();
+        database.reset();
+        const QStringList stored = ReadRows(path, "select text from notes");
+        EXPECT_EQ(stored.size() + lost.size() + (refused ? 1 : 0), 3) << kind << " at operation " << n;
+        EXPECT_GE(stored.size(), 2) << kind << " at operation " << n << ": one fault, at most one loss";
+        EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+        if (!faulted) {
+            EXPECT_GT(n, 5);
+            break;
+        }
+    }
+}
+
 TEST_F(WriteGroupTest, ADiskThatFailsForGoodLosesTheRestAndSaysSo) {
     database.reset();
     FaultyDisk disk;
