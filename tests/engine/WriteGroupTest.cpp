@@ -24,6 +24,13 @@ protected:
         });
     }
 
+    void OpenAnew(const char* cleaning) {
+        ASSERT_TRUE(RunElsewhere(path, cleaning));
+        lost.clear();
+        database = DBEngine::Instance().OpenDatabase(path);
+        Listen();
+    }
+
     void Insert(int number) {
         database->Execute(QStringLiteral("insert into notes(text) values('n%1')").arg(number));
     }
@@ -158,10 +165,7 @@ TEST_F(WriteGroupTest, ASingleFaultLosesNothingThatCouldBeStored) {
     database.reset();
     FaultyDisk disk;
     for (int n = 1;; ++n) {
-        ASSERT_TRUE(RunElsewhere(path, "delete from notes; delete from things"));
-        lost.clear();
-        database = DBEngine::Instance().OpenDatabase(path);
-        Listen();
+        OpenAnew("delete from notes; delete from things");
         disk.FailAt(n, FaultyDisk::Fault::Once);
         QStringList refused;
         for (int i = 0; i < 3; ++i) {
@@ -205,10 +209,7 @@ TEST_F(WriteGroupTest, AFaultAtTheEndOfAGroupsTimeLosesNothingThatCouldBeStored)
     database.reset();
     FaultyDisk disk;
     for (int n = 1;; ++n) {
-        ASSERT_TRUE(RunElsewhere(path, "delete from notes"));
-        lost.clear();
-        database = DBEngine::Instance().OpenDatabase(path);
-        Listen();
+        OpenAnew("delete from notes");
         Insert(1);
         Insert(2);
         std::this_thread::sleep_for(std::chrono::milliseconds(60));
@@ -233,10 +234,7 @@ TEST_F(WriteGroupTest, ADiskThatFailsForGoodLosesTheRestAndSaysSo) {
     database.reset();
     FaultyDisk disk;
     for (int n = 1;; ++n) {
-        ASSERT_TRUE(RunElsewhere(path, "delete from notes"));
-        lost.clear();
-        database = DBEngine::Instance().OpenDatabase(path);
-        Listen();
+        OpenAnew("delete from notes");
         disk.FailAt(n, FaultyDisk::Fault::FromThenOn);
         int refused = 0;
         for (int i = 0; i < 4; ++i) {
@@ -262,10 +260,7 @@ TEST_F(WriteGroupTest, AFullDiskKeepsWhatStillFits) {
     FaultyDisk disk;
     bool lostLater = false;
     for (int n = 1;; ++n) {
-        ASSERT_TRUE(RunElsewhere(path, "delete from notes; vacuum"));
-        lost.clear();
-        database = DBEngine::Instance().OpenDatabase(path);
-        Listen();
+        OpenAnew("delete from notes; vacuum");
         disk.FailAt(n, FaultyDisk::Fault::FullFromThenOn);
         int refused = 0;
         for (int i = 0; i < 300; ++i) {
