@@ -124,6 +124,7 @@ def compare_with_autocommit(bench, tenants, start):
 def compare_tenant_counts(bench, few, many, start, *options):
     """The order of rounds alternates, so that neither profits from a warmed machine."""
     per_row = {few: [], many: []}
+    rows = {}
     portfolios = {count: bench.portfolio(count, start, "Week", *options) for count in per_row}
     for _ in range(3):
         for count, portfolio in portfolios.items():
@@ -131,6 +132,8 @@ def compare_tenant_counts(bench, few, many, start, *options):
             for _ in range(repeats):
                 seconds, _, counts = bench.time_import(portfolio)
                 per_row[count].append(seconds / sum(counts))
+                if rows.setdefault(count, counts) != counts:
+                    sys.exit(f"the rows differ: {rows[count]} and {counts}")
     low, high = statistics.median(per_row[few]), statistics.median(per_row[many])
     order = "mixed order" if options else "order of names"
     print(f"time per row, weekly since {start}, tenants in {order}: with {few} tenants {low * 1e6:.2f} us, "

@@ -109,6 +109,19 @@ TEST_F(WriteGroupTest, BetweenGroupsAnEmptyJournalStaysThatIsNoNewsToAReader) {
     EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("2")});
 }
 
+TEST_F(WriteGroupTest, TheJournalGoesWhileRowsAreBeingReadToo) {
+    Insert(1);
+    database->Flush();
+    const auto rows =
+        database->OpenRecordset(QStringLiteral("select * from notes"), dbOpenForwardOnly, dbReadOnly);
+    Insert(2);
+    LetTheGroupEnd();
+    ASSERT_TRUE(QFileInfo::exists(Journal()));
+    database->Flush();
+    EXPECT_FALSE(QFileInfo::exists(Journal()));
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("2")});
+}
+
 TEST_F(WriteGroupTest, AKeptJournalGivesItsRoomBackAfterALargeChange) {
     ASSERT_TRUE(RunElsewhere(path,
                              "with recursive n(i) as (select 1 union all select i + 1 from n where i < 4000)"

@@ -71,10 +71,10 @@ TEST_F(AcceptedPortfolio, EveryMemberIsTaken) {
 }
 
 TEST_F(AcceptedPortfolio, AFirstPeriodMayEndInTheYear9998) {
-    portfolio_.tenants =
-        "'Tenants': [{'Name': 'Ada', 'PropertyName': '2/9 Mill Court', 'StartDate': '2025-03-15', "
-        "'RentFrequency': 'Year', 'FrequencyNumber': 7973}, {'Name': 'Bob', 'PropertyName': '2/9 Mill "
-        "Court', 'StartDate': '9371-01-01', 'RentFrequency': 'Week', 'FrequencyNumber': 32767}]";
+    portfolio_ = WithTenant("'RentFrequency': 'Year', 'FrequencyNumber': 7973");
+    EXPECT_EQ(portfolio_.Read(), Faults());
+    portfolio_ = WithTenant("'RentFrequency': 'Week', 'FrequencyNumber': 32767");
+    portfolio_.tenants.replace("2025-03-15", "9371-01-01");
     EXPECT_EQ(portfolio_.Read(), Faults());
 }
 

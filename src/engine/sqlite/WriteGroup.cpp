@@ -188,9 +188,11 @@ bool WriteGroup::HasReachedTheDisk() const {
     return !JournalStands() && ChangeCounter() == changeCounterBefore_ + 1;
 }
 
+// A journal whose first byte is clear holds nothing that a reader would take back. One that can't be looked
+// at counts as standing: writes are rather run again than forgotten.
 bool WriteGroup::JournalStands() const {
-    const QString file = QString::fromUtf8(sqlite3_db_filename(connection_.Handle(), "main"));
-    QFile journal(file + QStringLiteral("-journal"));
+    const char* database = sqlite3_db_filename(connection_.Handle(), "main");
+    QFile journal(QString::fromUtf8(sqlite3_filename_journal(database)));
     if (!journal.exists()) {
         return false;
     }
