@@ -2,6 +2,20 @@
 
 namespace engine::sqlite {
 
+namespace {
+
+// More than a fast machine writes in one group. Room that is not written to takes no memory, whereas room
+// that grows takes its old and its new size at once, and keeps twice of what is needed.
+constexpr size_t UsualEntries = 64 * 1024;
+constexpr size_t UsualCharacters = 8 * 1024 * 1024;
+
+}  // namespace
+
+WriteLog::WriteLog() {
+    entries_.reserve(UsualEntries);
+    texts_.reserve(UsualCharacters);
+}
+
 void WriteLog::Add(Write&& write) {
     if (const auto* text = std::get_if<QString>(&write)) {
         entries_.emplace_back(TextPlace{texts_.size(), text->size()});

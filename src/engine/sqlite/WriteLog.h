@@ -11,6 +11,8 @@ namespace engine::sqlite {
 /// kept from group to group: thousands of them come and go with each.
 class WriteLog {
 public:
+    WriteLog();
+
     void Add(Write&& write);
     void Clear();
 
