@@ -17,6 +17,7 @@ import tempfile
 import time
 
 TODAY = "2026-11-21"
+WORK = "work.mdb"
 TABLES = ["glcodes", "owner", "property", "tenancy", "tenant_bond", "rent_periods", "revenues"]
 
 
@@ -40,7 +41,7 @@ class Bench:
                            stdout=file, check=True)
         return path
 
-    def fresh_copy(self, name="work.mdb"):
+    def fresh_copy(self, name=WORK):
         path = self.path(name)
         shutil.copy(self.fresh, path)
         return path
@@ -59,10 +60,18 @@ class Bench:
             sys.exit(f"{command} ended with {process.returncode}")
         return seconds, usage.ru_maxrss * 1024
 
-    def time_import(self, portfolio, *name):
-        database = self.fresh_copy(*name)
+    def time_import(self, portfolio, name=WORK):
+        database = self.fresh_copy(name)
         seconds, memory = self.timed(self.import_command(portfolio, database))
         return seconds, memory, row_counts(database)
+
+    def time_imports(self, portfolio, databases):
+        """Seconds, and the rows of each database. All databases stay until the last is written."""
+        names = [f"work-{number}.mdb" for number in range(databases)]
+        imports = [self.time_import(portfolio, name) for name in names]
+        for name in names:
+            os.remove(self.path(name))
+        return sum(seconds for seconds, _, _ in imports), [counts for _, _, counts in imports]
 
     def recorded_writes(self, portfolio):
         path = self.path("writes.sql")
@@ -122,23 +131,17 @@ def compare_with_autocommit(bench, tenants, start):
 
 
 def compare_tenant_counts(bench, few, many, start, *options):
-    """Many tenants in one database beside as many in several databases, which all stay until the round is over: the
-    machine then has the same amount to hold and to write for either, and what is left is the import's own."""
+    """Many tenants in one database beside as many in several: the machine has the same amount to hold and to write
+    for either, and what is left is the import's own."""
     per_row = {few: [], many: []}
     rows = {}
     portfolios = {count: bench.portfolio(count, start, "Week", *options) for count in per_row}
     for _ in range(3):
         for count, portfolio in portfolios.items():
-            names = [f"work-{number}.mdb" for number in range(many // count)]
-            total = 0
-            for name in names:
-                seconds, _, counts = bench.time_import(portfolio, name)
-                total += seconds
-                if rows.setdefault(count, counts) != counts:
-                    sys.exit(f"the rows differ: {rows[count]} and {counts}")
-            per_row[count].append(total / sum(counts) / len(names))
-            for name in names:
-                os.remove(bench.path(name))
+            seconds, counts = bench.time_imports(portfolio, many // count)
+            if rows.setdefault(count, counts) != counts:
+                sys.exit(f"the rows differ: {rows[count]} and {counts}")
+            per_row[count].append(seconds / sum(map(sum, counts)))
     low, high = statistics.median(per_row[few]), statistics.median(per_row[many])
     order = "mixed order" if options else "order of names"
     print(f"time per row, weekly since {start}, tenants in {order}: with {few} tenants {low * 1e6:.2f} us, "
