@@ -68,6 +68,23 @@ TEST_F(CreateDatabase, RowSetTablesUseEveryTypeThatHasADefault) {
     EXPECT_FALSE(types.contains("BINARY"));
 }
 
+// The import looks up a tenant's periods and receipts once for each balance: without an index that costs the
+// square of their number. Any other index is one more page for each insert.
+TEST_F(CreateDatabase, HasIndexesForWhatTheImportLooksUpAndNoOthers) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    const auto planOf = [this](const char* statement) {
+        return QueryDatabase(Path(), QStringLiteral("explain query plan ") + QLatin1String(statement));
+    };
+    EXPECT_TRUE(planOf("select * from rent_periods where tenant_code = 'T' order by period_from desc")
+                    .contains("SEARCH rent_periods USING INDEX rent_periods_tenant_code (tenant_code=?)"));
+    EXPECT_TRUE(planOf("select * from revenues where [property code] = 'P' and tenant_code = 'T' "
+                       "and [revenue group] = 'Rent' order by date desc")
+                    .contains("SEARCH revenues USING INDEX revenues_tenant_code (tenant_code=?)"));
+    EXPECT_EQ(
+        QueryDatabase(Path(), QStringLiteral("select count(*) from sqlite_master where type = 'index'")),
+        "2");
+}
+
 TEST_F(CreateDatabase, NeverOverwrites) {
     WriteFile(Path(), "precious");
     const ProgramResult result = RunCreateDatabase({Path()});

@@ -54,11 +54,13 @@ inline engine::TableDefinition Table(const char* name, std::vector<engine::Colum
     return {QLatin1String(name), std::move(columns), {}};
 }
 
-/// A table that is looked up by a code. The index is not unique: codes made from long names may coincide.
-inline engine::TableDefinition TableByCode(const char* name, const char* code,
-                                           std::vector<engine::ColumnDefinition> columns) {
-    const QString indexName = QLatin1String(name) + QLatin1Char('_') + QLatin1String(code);
-    return {QLatin1String(name), std::move(columns), {{indexName, {QLatin1String(code)}, false}}};
+/// A table whose rows of one tenant the import looks up again to write his balance. No other key has an
+/// index, since each makes every insert dearer. It is not unique: codes made from long names may coincide.
+inline engine::TableDefinition TableByTenant(const char* name,
+                                             std::vector<engine::ColumnDefinition> columns) {
+    const QString key = QStringLiteral("tenant_code");
+    const QString indexName = QLatin1String(name) + QLatin1Char('_') + key;
+    return {QLatin1String(name), std::move(columns), {{indexName, {key}, false}}};
 }
 
 std::vector<engine::TableDefinition> RecordTables();      ///< Accounts, owners, properties, tenancies.

@@ -5,15 +5,14 @@ namespace tools {
 namespace {
 
 engine::TableDefinition RentPeriodsTable() {
-    return TableByCode(
-        "rent_periods", "tenant_code",
-        {Text("tenant_code", PropertyCodeLength), Date("period_from"), Date("period_to"), Money("rent_due"),
-         Money("extra_charges"), Double("paid"), Double("extra_charges_paid")});
+    return TableByTenant("rent_periods", {Text("tenant_code", PropertyCodeLength), Date("period_from"),
+                                          Date("period_to"), Money("rent_due"), Money("extra_charges"),
+                                          Double("paid"), Double("extra_charges_paid")});
 }
 
 engine::TableDefinition RevenuesTable() {
-    return TableByCode(
-        "revenues", "tenant_code",
+    return TableByTenant(
+        "revenues",
         {Date("date"), Text("property code", PropertyCodeLength), Double("amount"), Text("revenue group", 30),
          Text("description", NameLength), Text("your reference", 30), Double("rent_weeks"), Date("paid_to"),
          Text("counter_gl", AccountNameLength), Text("tenant_code", PropertyCodeLength), Long("recon_id"),
@@ -21,9 +20,8 @@ engine::TableDefinition RevenuesTable() {
 }
 
 engine::TableDefinition TenantBondTable() {
-    return TableByCode("tenant_bond", "tenant_code",
-                       {Text("tenant_code", PropertyCodeLength), Date("date"), Double("amount"),
-                        Text("reason", NameLength), Text("lodged_with", NameLength)});
+    return Table("tenant_bond", {Text("tenant_code", PropertyCodeLength), Date("date"), Double("amount"),
+                                 Text("reason", NameLength), Text("lodged_with", NameLength)});
 }
 
 engine::TableDefinition ExpensesTable() {
