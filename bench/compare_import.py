@@ -9,6 +9,7 @@ Prints the tables of docs/performance.md. Every figure is a ratio of two measure
 import argparse
 import os
 import shutil
+import signal
 import sqlite3
 import statistics
 import subprocess
@@ -64,14 +65,6 @@ class Bench:
         database = self.fresh_copy(name)
         seconds, memory = self.timed(self.import_command(portfolio, database))
         return seconds, memory, row_counts(database)
-
-    def time_imports(self, portfolio, databases):
-        """Seconds, and the rows of each database. All databases stay until the last is written."""
-        names = [f"work-{number}.mdb" for number in range(databases)]
-        imports = [self.time_import(portfolio, name) for name in names]
-        for name in names:
-            os.remove(self.path(name))
-        return sum(seconds for seconds, _, _ in imports), [counts for _, _, counts in imports]
 
     def recorded_writes(self, portfolio):
         path = self.path("writes.sql")
@@ -130,22 +123,63 @@ def compare_with_autocommit(bench, tenants, start):
     return rows / shell
 
 
+class ImportInTurns:
+    """An import that runs for a while when told, and waits in between."""
+
+    def __init__(self, bench, portfolio, database):
+        self.seconds = 0
+        self.process = subprocess.Popen(bench.import_command(portfolio, database), stdout=subprocess.DEVNULL)
+        self.process.send_signal(signal.SIGSTOP)
+
+    def run(self, at_most):
+        """Whether it has ended."""
+        began = time.monotonic()
+        self.process.send_signal(signal.SIGCONT)
+        try:
+            status = self.process.wait(at_most)
+        except subprocess.TimeoutExpired:
+            self.process.send_signal(signal.SIGSTOP)
+            return False
+        finally:
+            self.seconds += time.monotonic() - began
+        if status != 0:
+            sys.exit(f"{self.process.args} ended with {status}")
+        return True
+
+
+def time_per_row_in_turns(bench, many, few):
+    """Seconds for a row when the portfolio of many is imported, and when that of few is, over and over.
+
+    They take turns, since the machine's pace may change within a minute and must weigh on either side. All
+    databases stay until the end, so that both have as much in memory. A turn is as long as an import writes before
+    it lets other programs write: it pauses once in each, as it would in one go."""
+    turn = 3.1
+    database = bench.fresh_copy("many.mdb")
+    of_many = ImportInTurns(bench, many, database)
+    of_few, names, rows_of_few = 0, [], 0
+    ended = False
+    while not ended:
+        ended = of_many.run(turn)
+        while of_few < of_many.seconds:
+            names.append(f"few-{len(names)}.mdb")
+            seconds, _, counts = bench.time_import(few, names[-1])
+            of_few += seconds
+            rows_of_few += sum(counts)
+    per_row = of_many.seconds / sum(row_counts(database)), of_few / rows_of_few
+    for name in ["many.mdb", *names]:
+        os.remove(bench.path(name))
+    return per_row
+
+
 def compare_tenant_counts(bench, few, many, start, *options):
-    """Many tenants in one database beside as many in several: the machine has the same amount to hold and to write
-    for either, and what is left is the import's own."""
-    per_row = {few: [], many: []}
-    rows = {}
-    portfolios = {count: bench.portfolio(count, start, "Week", *options) for count in per_row}
-    for _ in range(3):
-        for count, portfolio in portfolios.items():
-            seconds, counts = bench.time_imports(portfolio, many // count)
-            if rows.setdefault(count, counts) != counts:
-                sys.exit(f"the rows differ: {rows[count]} and {counts}")
-            per_row[count].append(seconds / sum(map(sum, counts)))
-    low, high = statistics.median(per_row[few]), statistics.median(per_row[many])
+    portfolios = [bench.portfolio(count, start, "Week", *options) for count in (many, few)]
+    rounds = [time_per_row_in_turns(bench, *portfolios) for _ in range(5)]
+    of_many, of_few = (statistics.median(figures) for figures in zip(*rounds))
+    ratios = sorted(high / low for high, low in rounds)
     order = "mixed order" if options else "order of names"
-    print(f"time per row, weekly since {start}, tenants in {order}: with {few} tenants {low * 1e6:.2f} us, "
-          f"with {many} {high * 1e6:.2f} us, ratio {high / low:.2f}")
+    print(f"time per row, weekly since {start}, tenants in {order}: with {few} tenants {of_few * 1e6:.2f} us, "
+          f"with {many} {of_many * 1e6:.2f} us, ratio {statistics.median(ratios):.2f} "
+          f"({ratios[0]:.2f} to {ratios[-1]:.2f})")
 
 
 def compare_memory(bench, tenants, starts):
