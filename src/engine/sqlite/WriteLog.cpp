@@ -6,8 +6,8 @@ namespace {
 
 // More than a fast machine writes in one group. Room that is not written to takes no memory, whereas room
 // that grows takes its old and its new size at once, and keeps twice of what is needed.
-constexpr size_t UsualEntries = 64 * 1024;
-constexpr size_t UsualCharacters = 8 * 1024 * 1024;
+constexpr size_t UsualEntries = 64UL * 1024;
+constexpr size_t UsualCharacters = 8UL * 1024 * 1024;
 
 }  // namespace
 
