@@ -131,6 +131,13 @@ class ImportInTurns:
         self.process = subprocess.Popen(bench.import_command(portfolio, database), stdout=subprocess.DEVNULL)
         self.process.send_signal(signal.SIGSTOP)
 
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+
     def run(self, at_most):
         """Whether it has ended."""
         began = time.monotonic()
@@ -147,38 +154,47 @@ class ImportInTurns:
         return True
 
 
-def time_per_row_in_turns(bench, many, few):
-    """Seconds for a row when the portfolio of many is imported, and when that of few is, over and over.
+def import_in_turns(bench, many, few):
+    """Seconds and rows of each table when the portfolio of many is imported, and those of each import of few, over
+    and over.
 
     They take turns, since the machine's pace may change within a minute and must weigh on either side. All
     databases stay until the end, so that both have as much in memory. A turn is as long as an import writes before
     it lets other programs write: it pauses once in each, as it would in one go."""
     turn = 3.1
     database = bench.fresh_copy("many.mdb")
-    of_many = ImportInTurns(bench, many, database)
-    of_few, names, rows_of_few = 0, [], 0
-    ended = False
-    while not ended:
-        ended = of_many.run(turn)
-        while of_few < of_many.seconds:
-            names.append(f"few-{len(names)}.mdb")
-            seconds, _, counts = bench.time_import(few, names[-1])
-            of_few += seconds
-            rows_of_few += sum(counts)
-    per_row = of_many.seconds / sum(row_counts(database)), of_few / rows_of_few
+    names, imports_of_few = [], []
+    with ImportInTurns(bench, many, database) as import_of_many:
+        ended = False
+        while not ended:
+            ended = import_of_many.run(turn)
+            while sum(seconds for seconds, _ in imports_of_few) < import_of_many.seconds:
+                names.append(f"few-{len(names)}.mdb")
+                seconds, _, counts = bench.time_import(few, names[-1])
+                imports_of_few.append((seconds, counts))
+    result = (import_of_many.seconds, row_counts(database)), imports_of_few
     for name in ["many.mdb", *names]:
         os.remove(bench.path(name))
-    return per_row
+    return result
 
 
 def compare_tenant_counts(bench, few, many, start, *options):
     portfolios = [bench.portfolio(count, start, "Week", *options) for count in (many, few)]
-    rounds = [time_per_row_in_turns(bench, *portfolios) for _ in range(5)]
-    of_many, of_few = (statistics.median(figures) for figures in zip(*rounds))
-    ratios = sorted(high / low for high, low in rounds)
+    rows = {}
+    per_row = {few: [], many: []}
+    for _ in range(5):
+        import_of_many, imports_of_few = import_in_turns(bench, *portfolios)
+        for count, imports in ((many, [import_of_many]), (few, imports_of_few)):
+            for _, counts in imports:
+                if rows.setdefault(count, counts) != counts:
+                    sys.exit(f"the rows differ: {rows[count]} and {counts}")
+            seconds = statistics.mean(seconds for seconds, _ in imports)
+            per_row[count].append(seconds / sum(rows[count]))
+    low, high = (statistics.median(per_row[count]) for count in (few, many))
+    ratios = sorted(of_many / of_few for of_few, of_many in zip(per_row[few], per_row[many]))
     order = "mixed order" if options else "order of names"
-    print(f"time per row, weekly since {start}, tenants in {order}: with {few} tenants {of_few * 1e6:.2f} us, "
-          f"with {many} {of_many * 1e6:.2f} us, ratio {statistics.median(ratios):.2f} "
+    print(f"time per row, weekly since {start}, tenants in {order}: with {few} tenants {low * 1e6:.2f} us, "
+          f"with {many} {high * 1e6:.2f} us, ratio {statistics.median(ratios):.2f} "
           f"({ratios[0]:.2f} to {ratios[-1]:.2f})")
 
 

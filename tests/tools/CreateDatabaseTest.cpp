@@ -69,7 +69,7 @@ TEST_F(CreateDatabase, RowSetTablesUseEveryTypeThatHasADefault) {
 }
 
 // The import looks up a tenant's periods and receipts once for each balance: without an index that costs the
-// square of their number. Any other index is one more page for each insert.
+// square of their number. Any other index only makes inserts dearer.
 TEST_F(CreateDatabase, HasIndexesForWhatTheImportLooksUpAndNoOthers) {
     ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
     const auto planOf = [this](const char* statement) {
