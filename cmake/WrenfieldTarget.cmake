@@ -43,17 +43,22 @@ function(wrenfield_library name)
   wrenfield_compile_options(${name})
 endfunction()
 
+# Tests are compiled more often than they run; what they test keeps its full optimisation.
+function(wrenfield_test_options target)
+  wrenfield_compile_options(${target})
+  target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1 -g1>)
+endfunction()
+
 # wrenfield_test(<name> SOURCES ... USES ...)
+# A program of tests. One that uses widget_test_support has an application with windows, any other one without.
 function(wrenfield_test name)
   cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 600)
   endif()
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_USES} test_support GTest::gtest rapidcheck)
-  wrenfield_compile_options(${name})
-  # Tests are compiled more often than they run; what they test keeps its full optimisation.
-  target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1 -g1>)
+  target_link_libraries(${name} PRIVATE ${ARG_USES} test_support)
+  wrenfield_test_options(${name})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT}
                        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
