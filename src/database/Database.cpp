@@ -108,7 +108,7 @@ void SetCurrentDatabase(std::shared_ptr<engine::Database> database) {
 }
 
 void FlushWrites() {
-    engine::FlushOpenDatabases();
+    engine::FlushOpenDatabasesUnlessHeldUp();
 }
 
 }  // namespace database

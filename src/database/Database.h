@@ -27,8 +27,8 @@ engine::Database& CurrentDatabase();
 /// Puts a database in place (null takes it away). For programs that open their own, and for tests.
 void SetCurrentDatabase(std::shared_ptr<engine::Database> database);
 
-/// Brings to the disk what was written so far. Message boxes and the end of the process do so themselves; a
-/// program that waits for the user does it when it begins to wait.
+/// Brings to the disk what was written so far, unless another program holds the file up. Message boxes and
+/// the end of the process do so themselves; a program that waits for the user does it when it begins to wait.
 void FlushWrites();
 
 }  // namespace database

@@ -45,7 +45,7 @@ QString EngineName() {
 }
 
 DBEngine::DBEngine() : workspace_(std::make_shared<Workspace>()) {
-    platform::BeforeMessageBox(FlushOpenDatabases);
+    platform::BeforeMessageBox(FlushOpenDatabasesUnlessHeldUp);
     platform::AtProcessEnd(FlushOpenDatabases);
 }
 

@@ -31,6 +31,10 @@ public:
     /// Brings all that was written to the disk.
     virtual void Flush() = 0;
 
+    /// The same, unless another program holds the file up: what was written then stays in memory for a later
+    /// try. For a program that only pauses.
+    virtual void FlushUnlessHeldUp() { Flush(); }
+
     /// Copies the whole database, as it stands now, to a new file. Fails with 3204 if the file is there
     /// already, 3219 under a name that the database uses for itself.
     virtual void CopyTo(const QString& path) = 0;

@@ -132,7 +132,10 @@ TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
 }
 
 // A disk that fails when there is nothing left but to clear the journal has cost nothing, and nobody is told.
+// With balances, so that the last update has receipts to change: a failed one would otherwise be told and
+// cost nothing.
 TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
+    UsePortfolio({.tenants = 3, .start = QDate(2026, 10, 5), .balances = true});
     FaultyDisk disk;
     const QString whole = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).contents;
     for (const auto fault : {FaultyDisk::Fault::FromThenOn, FaultyDisk::Fault::FullFromThenOn}) {

@@ -1,5 +1,6 @@
 #include "engine/sqlite/Connection.h"
 
+#include "engine/Waiting.h"
 #include "engine/sqlite/ErrorMapping.h"
 
 #include <algorithm>
@@ -49,6 +50,7 @@ void Connection::OpenFile(const QString& path, Mode mode) {
     }
     sqlite3_extended_result_codes(handle_, 1);
     sqlite3_busy_handler(handle_, WaitForLock, this);
+    inserted_.Watch(handle_);
     // Room for the cursors of a running statement, so that each insert doesn't ask the system for it.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_LOOKASIDE, nullptr, 4096, 64);
     // Names in brackets are names and nothing else; and a file from elsewhere is data, not a program.
@@ -101,7 +103,9 @@ int Connection::WaitForLock(void* connection, int attempt) {
     if (attempt == 0) {
         self->waitingBegan_ = now;
     }
-    if (now >= self->waitingEnd_.value_or(self->waitingBegan_ + LongestWait)) {
+    const Moment end = self->waitingEnd_.value_or(self->waitingBegan_ + LongestWait);
+    self->hasWaitedInVain_ = self->hasWaitedInVain_ || now >= end;
+    if (self->hasWaitedInVain_ || !GoesOn()) {
         return 0;
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(std::min(attempt + 1, 10)));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/sqlite/InsertedKeys.h"
+
 #include <QString>
 
 #include <sqlite3.h>
@@ -22,7 +24,8 @@ struct ResetStatement {
 };
 using RunningStatement = std::unique_ptr<sqlite3_stmt, ResetStatement>;
 
-/// An open SQLite file. Locks of other programs are waited for, up to 5 seconds each time.
+/// An open SQLite file. Locks of other programs are waited for, up to 5 seconds each time, unless the program
+/// is about to end (see Waiting.h).
 class Connection {
 public:
     enum class Mode { Existing, New };
@@ -43,14 +46,23 @@ public:
     int TryRun(const char* sql);
     void Run(const char* sql);
 
+    /// The keys of new rows.
+    InsertedKeys& Inserted() { return inserted_; }
+
     bool InTransaction() const { return sqlite3_get_autocommit(handle_) == 0; }
 
     /// Turns a result code of the statement just run into an engine error and raises it.
     [[noreturn]] void Raise(int resultCode) const;
 
-    /// While set, all waiting for locks together ends at this moment.
     using Moment = std::chrono::steady_clock::time_point;
+
+    /// While set, all waiting for locks together ends at this moment.
     void LimitWaiting(std::optional<Moment> end) { waitingEnd_ = end; }
+
+    /// A lock has been waited for in vain. No other one is waited for until the patience is renewed: one
+    /// statement may meet the same lock for each page that it touches.
+    bool HasWaitedInVain() const { return hasWaitedInVain_; }
+    void RenewPatience() { hasWaitedInVain_ = false; }
 
 private:
     static int WaitForLock(void* connection, int attempt);
@@ -59,8 +71,10 @@ private:
     void Close();
 
     sqlite3* handle_ = nullptr;
+    InsertedKeys inserted_;
     std::optional<Moment> waitingEnd_;
     Moment waitingBegan_;
+    bool hasWaitedInVain_ = false;
 };
 
 }  // namespace engine::sqlite

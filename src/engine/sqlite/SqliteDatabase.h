@@ -18,12 +18,15 @@ public:
     void Execute(const QString& statement) override;
     std::unique_ptr<Recordset> OpenRecordset(const QString& statement, short type, short lockEdit) override;
     void Flush() override;
+    void FlushUnlessHeldUp() override;
     void CopyTo(const QString& path) override;
     void OnLostWrite(LostWriteListener listener) override;
 
 private:
     friend class Dynaset;
     friend class ForwardOnlySet;
+
+    std::unique_ptr<Recordset> Open(const QString& statement, short type, short lockEdit);
 
     QString path_;
     Connection connection_;
