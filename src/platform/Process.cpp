@@ -111,6 +111,10 @@ void HandleEndSignals() {
     }
 }
 
+bool IsEndRequested() {
+    return requestedEnd != 0;
+}
+
 void EndIfRequested() {
     if (requestedEnd != 0) {
         EndProcess(128 + requestedEnd);

@@ -25,4 +25,7 @@ void AtProcessEnd(std::function<void()> action);
 void HandleEndSignals();
 void EndIfRequested();
 
+/// True after such a signal: whoever waits for something stops waiting.
+bool IsEndRequested();
+
 }  // namespace platform

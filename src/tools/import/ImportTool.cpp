@@ -72,6 +72,15 @@ bool MakeBackup(const QString& file) {
     }
 }
 
+/// Lets the progress bar hear of waiting, for a while.
+class WaitingIsTold {
+public:
+    explicit WaitingIsTold(ProgressBar& progressBar) { engine::SetWaitingListener(&progressBar); }
+    ~WaitingIsTold() { engine::SetWaitingListener(nullptr); }
+    WaitingIsTold(const WaitingIsTold&) = delete;
+    WaitingIsTold& operator=(const WaitingIsTold&) = delete;
+};
+
 int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     const int shownBefore = boxes.Shown();
     records::ImportData([&progressBar](int done, int total) {
@@ -103,6 +112,7 @@ int Run(const ImportOptions& options) {
         return ListFaults(options.portfolio, faults);
     }
     ProgressBar progressBar(AreErrorsATerminal());
+    const WaitingIsTold waitingIsTold(progressBar);
     ConsoleMessageBoxes boxes(progressBar);
     platform::HandleEndSignals();
     if (!OpenDatabase(options)) {
