@@ -126,6 +126,12 @@ bool WriteExecutor::IsSweeping() const {
     return statement_ != nullptr && statement_->parsed.kind != dialect::StatementKind::Insert;
 }
 
+bool WriteExecutor::IsTableLargerThan(int rows) {
+    const RunningStatement next(statements_.ForSql("select 1 from " + table_->sqlName + " limit 1 offset ?"));
+    sqlite3_bind_int(next.get(), 1, rows);
+    return sqlite3_step(next.get()) != SQLITE_DONE;
+}
+
 bool WriteExecutor::IsCopy() const {
     return statement_ != nullptr && statement_->source != nullptr;
 }

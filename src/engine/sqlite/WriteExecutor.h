@@ -20,6 +20,8 @@ public:
     const TableSchema& Table() const { return *table_; }
     /// It changes or removes rows by a condition, as many as there may be.
     bool IsSweeping() const;
+    /// The table that it writes has more rows than that.
+    bool IsTableLargerThan(int rows);
     /// It makes its rows of those of another table.
     bool IsCopy() const;
     const TableSchema& Source() const { return *statement_->source; }

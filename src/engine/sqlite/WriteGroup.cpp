@@ -21,6 +21,9 @@ constexpr auto LongestGroup = 35ms;
 constexpr auto OthersWaitAtMost = 3s;
 constexpr auto TurnOfOthers = 110ms;
 
+// A statement that looks at no more rows than these takes next to no time.
+constexpr int FewRows = 1000;
+
 // How long the second run of a group may in all wait for locks.
 constexpr auto LongestWaitRunningAgain = 5s;
 
@@ -100,8 +103,10 @@ void WriteGroup::RunBatch() {
 void WriteGroup::RunNow(Write write) {
     executor_.Prepare(write);
     if (executor_.IsSweeping()) {
-        // Nobody knows how long it takes, and what was written before it has only its own time.
-        CommitBefore(LongestGroup);
+        if (executor_.IsTableLargerThan(FewRows)) {
+            // Nobody knows how long it takes, and what was written before it has only its own time.
+            CommitBefore(LongestGroup);
+        }
         executor_.Prepare(write);
     } else if (executor_.IsCopy()) {
         CommitBefore(copyTook_);
