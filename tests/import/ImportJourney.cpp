@@ -57,10 +57,10 @@ int ImportJourney::StartImport(const QString& database, const QString& errors) c
 }
 
 QString ImportJourney::Contents(const QString& database) {
+    const auto rows = ReadTables(database, Tables());
     QString contents;
     for (const QString& table : Tables()) {
-        const QByteArray sql = "select * from [" + table.toUtf8() + "] order by rowid";
-        contents += table + QLatin1Char('\n') + ReadRows(database, sql.constData()).join(QLatin1Char('\n'));
+        contents += table + QLatin1Char('\n') + rows[table].join(QLatin1Char('\n'));
     }
     return contents;
 }
