@@ -1,5 +1,4 @@
 #include "EngineTest.h"
-#include "support/FaultyDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -130,28 +129,6 @@ TEST_F(OpenDatabaseTest, CreatingNeverTakesTheNameOfAFile) {
     EXPECT_EQ(Contents(path), before);
     const QString elsewhere = directory.filePath(QStringLiteral("no/such/folder.mdb"));
     EXPECT_NE(ErrorOf([&] { DBEngine::Instance().CreateDatabase(elsewhere, {}); }), 0);
-}
-
-TEST_F(OpenDatabaseTest, AFailedCreationLeavesNoFile) {
-    FaultyDisk disk;
-    const QString file = directory.filePath(QStringLiteral("new.mdb"));
-    const std::vector<TableDefinition> tables = {
-        {QStringLiteral("a"), {{QStringLiteral("b"), dbText, 5}}, {}}};
-    for (int n = 1;; ++n) {
-        disk.FailAt(n, FaultyDisk::Fault::FromThenOn);
-        const int number = ErrorOf([&] { DBEngine::Instance().CreateDatabase(file, tables); });
-        const bool failed = disk.Faults() > 0;
-        disk.Repair();
-        if (!failed) {
-            EXPECT_EQ(number, 0);
-            EXPECT_GT(n, 5);
-            break;
-        }
-        EXPECT_NE(number, 0) << "operation " << n;
-        EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{QStringLiteral("things.mdb")})
-            << "operation " << n;
-    }
-    EXPECT_EQ(OpenError(file), 0);
 }
 
 TEST_F(OpenDatabaseTest, ColumnTypesOfAnotherMakersTables) {

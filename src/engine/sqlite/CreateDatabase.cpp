@@ -1,13 +1,12 @@
 #include "engine/sqlite/CreateDatabase.h"
 
+#include "engine/NewFile.h"
 #include "engine/sqlite/TableSchema.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <functional>
 
 namespace engine::sqlite {
 
@@ -36,11 +35,6 @@ std::string CreateIndexSql(const TableDefinition& table, const IndexDefinition& 
            " on " + Bracketed(table.name) + "(" + columns + ")";
 }
 
-void RemoveWithJournal(const QString& path) {
-    QFile::remove(path);
-    QFile::remove(path + QStringLiteral("-journal"));
-}
-
 // SQLite keeps files of these names beside the database, and removes them.
 bool IsSideFile(const QString& path, const QString& database) {
     const QFileInfo file(path);
@@ -49,32 +43,25 @@ bool IsSideFile(const QString& path, const QString& database) {
     return std::any_of(ends.begin(), ends.end(), [&](const QString& end) { return place == database + end; });
 }
 
-// The file grows under another name and takes its own when it is whole, so that nobody ever finds half of it.
-void MakeFile(const QString& path, const std::function<void(Connection&)>& fill) {
-    if (QFileInfo::exists(path) || QFileInfo(path).isSymLink()) {
-        throw Error(ErrorNumber::DatabaseExists, QStringLiteral("Database '%1' already exists.").arg(path));
+void CopyPages(Connection& source, Connection& copy) {
+    sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
+    if (backup == nullptr) {
+        copy.Raise(sqlite3_errcode(copy.Handle()));
     }
-    const QString unfinished = path + QStringLiteral(".unfinished");
-    RemoveWithJournal(unfinished);
-    try {
-        {
-            Connection connection(unfinished, Connection::Mode::New);
-            fill(connection);
-        }
-        // Doesn't take the place of a file that has appeared meanwhile.
-        if (!QFile::rename(unfinished, path)) {
-            throw Error(ErrorNumber::DiskError, QStringLiteral("Disk error: '%1' can't be made.").arg(path));
-        }
-    } catch (...) {
-        RemoveWithJournal(unfinished);
-        throw;
+    // All pages in one step, so that nobody can write between them; a lock is waited for as everywhere.
+    sqlite3_backup_step(backup, -1);
+    const int finished = sqlite3_backup_finish(backup);
+    if (finished != SQLITE_OK) {
+        copy.Raise(finished);
     }
 }
 
 }  // namespace
 
 void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>& tables) {
-    MakeFile(path, [&tables](Connection& connection) {
+    NewFile file(path);
+    {
+        Connection connection(file.Path(), Connection::Mode::New);
         connection.Run("begin");
         for (const TableDefinition& table : tables) {
             connection.Run(CreateTableSql(table).c_str());
@@ -83,26 +70,23 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
             }
         }
         connection.Run("commit");
-    });
+    }
+    file.TakePlace();
 }
 
 void CopyDatabaseFile(Connection& source, const QString& path) {
-    if (IsSideFile(path, QString::fromUtf8(sqlite3_db_filename(source.Handle(), "main")))) {
+    const QString original = QString::fromUtf8(sqlite3_db_filename(source.Handle(), "main"));
+    if (IsSideFile(path, original)) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
     }
-    MakeFile(path, [&source](Connection& copy) {
-        sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
-        if (backup == nullptr) {
-            copy.Raise(sqlite3_errcode(copy.Handle()));
-        }
-        // All pages in one step, so that nobody can write between them; a lock is waited for as everywhere.
-        sqlite3_backup_step(backup, -1);
-        const int finished = sqlite3_backup_finish(backup);
-        if (finished != SQLITE_OK) {
-            copy.Raise(finished);
-        }
-    });
+    NewFile file(path);
+    {
+        Connection copy(file.Path(), Connection::Mode::New);
+        CopyPages(source, copy);
+    }
+    file.TakePermissionsOf(original);
+    file.TakePlace();
 }
 
 }  // namespace engine::sqlite

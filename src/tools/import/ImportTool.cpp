@@ -2,6 +2,7 @@
 
 #include "database/Database.h"
 #include "database/RecordAccess.h"
+#include "engine/NewFile.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
@@ -13,8 +14,6 @@
 #include "tools_core/import/ProgressBar.h"
 #include "tools_core/import/Terminal.h"
 #include "tools_core/portfolio/PortfolioReader.h"
-
-#include <QFileInfo>
 
 namespace tools {
 
@@ -42,8 +41,7 @@ bool OpenDatabase(const ImportOptions& options) {
 
 /// Why the import may not begin; empty if it may.
 QString Objection(const ImportOptions& options) {
-    const QFileInfo backup(options.backup);
-    if (!options.backup.isEmpty() && (backup.exists() || backup.isSymLink())) {
+    if (!options.backup.isEmpty() && engine::IsNameTaken(options.backup)) {
         return QStringLiteral("the backup file %1 is there already; nothing was changed").arg(options.backup);
     }
     if (options.isDryRun || options.isYes) {

@@ -1,12 +1,9 @@
 #include "tools_core/schema/CreateTool.h"
 
+#include "engine/NewFile.h"
 #include "tools_core/import/ImportTool.h"
 #include "tools_core/import/Terminal.h"
 #include "tools_core/schema/HearthbookSchema.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace tools {
 
@@ -30,13 +27,8 @@ Exit status: 0 done; 1 the file could not be written; 2 bad usage, or the file i
 )");
 }
 
-bool IsThere(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 int Create(const QString& path) {
-    if (IsThere(path)) {
+    if (engine::IsNameTaken(path)) {
         return Say(ExitStatus::NothingDone, path + QStringLiteral(" is there already"));
     }
     try {
@@ -53,23 +45,15 @@ int Create(const QString& path) {
 }  // namespace
 
 void CreateHearthbookDatabase(const QString& path) {
-    const QTemporaryDir workplace(QFileInfo(path).absolutePath() +
-                                  QStringLiteral("/.hearthbook-create-XXXXXX"));
-    if (!workplace.isValid()) {
-        throw engine::Error(engine::ErrorNumber::DiskError, workplace.errorString());
-    }
-    const QString unfinished = workplace.filePath(QStringLiteral("property.mdb"));
+    engine::NewFile file(path);
     engine::DBEngine& engine = engine::DBEngine::Instance();
-    engine.CreateDatabase(unfinished, HearthbookTables());
+    engine.CreateDatabase(file.Path(), HearthbookTables());
     {
-        const std::unique_ptr<engine::Database> database = engine.OpenDatabase(unfinished);
+        const std::unique_ptr<engine::Database> database = engine.OpenDatabase(file.Path());
         FillFreshDatabase(*database);
         database->Flush();
     }
-    QFile finished(unfinished);
-    if (!finished.rename(path)) {
-        throw engine::Error(engine::ErrorNumber::DatabaseExists, finished.errorString());
-    }
+    file.TakePlace();
 }
 
 int RunCreateTool(const QStringList& arguments) {
