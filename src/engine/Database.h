@@ -31,8 +31,8 @@ public:
     /// Brings all that was written to the disk.
     virtual void Flush() = 0;
 
-    /// Copies the whole database, as it stands now, to a new file. Fails with 3204 if the file is there
-    /// already, 3219 under a name that the database uses for itself.
+    /// Copies the whole database, as it stands now, to a new file. Fails with 3044 if no file can have
+    /// this name, 3204 if the file is there already, 3219 under a name that the database uses for itself.
     virtual void CopyTo(const QString& path) = 0;
 
     /// A write that had succeeded and then could not be stored when its group was brought to the disk: the

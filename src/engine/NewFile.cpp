@@ -1,6 +1,7 @@
 #include "engine/NewFile.h"
 
 #include "engine/Error.h"
+#include "engine/FileName.h"
 
 #include <QFile>
 
@@ -88,10 +89,10 @@ bool SyncFolder(const std::string& folder) {
 
 bool IsNameTaken(const QString& name) {
     struct stat found {};
-    return lstat(SystemName(name).c_str(), &found) == 0;
+    return lstat(SystemName(FileName(name)).c_str(), &found) == 0;
 }
 
-NewFile::NewFile(const QString& name) : name_(name) {
+NewFile::NewFile(const QString& name) : name_(FileName(name)) {
     if (IsNameTaken(name_)) {
         Raise(EEXIST);
     }

@@ -11,7 +11,8 @@ namespace engine {
 /// this object, with all that is left in it.
 class NewFile {
 public:
-    /// Makes the private folder. Fails with 3204 if the name is taken, 3043 if the folder can't be made.
+    /// Makes the private folder. Fails with 3044 if no file can have this name, 3204 if the name is taken,
+    /// 3043 if the folder can't be made.
     explicit NewFile(const QString& name);
     ~NewFile();
     NewFile(const NewFile&) = delete;
@@ -37,7 +38,7 @@ private:
     QString path_;
 };
 
-/// Whether something has this name, be it a link to nowhere.
+/// Whether something has this name, be it a link to nowhere. Fails with 3044 if nothing can have it.
 bool IsNameTaken(const QString& name);
 
 }  // namespace engine

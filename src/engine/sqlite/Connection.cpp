@@ -1,6 +1,7 @@
 #include "engine/sqlite/Connection.h"
 
 #include "engine/sqlite/ErrorMapping.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <thread>
@@ -58,6 +59,12 @@ void Connection::OpenFile(const QString& path, Mode mode) {
 }
 
 void Connection::CheckFile() {
+    // A link may have led here, and the journal is looked for by this name.
+    if (!QByteArrayView(sqlite3_db_filename(handle_, "main")).isValidUtf8()) {
+        throw Error(ErrorNumber::InvalidPath,
+                    QStringLiteral("The database lies under a name that is not a valid path: %1.")
+                        .arg(platform::WhyNoName()));
+    }
     Run("pragma synchronous = full");
     Run(PageCache);
     // The first look into the file: it finds foreign, damaged and locked ones.

@@ -27,8 +27,8 @@ class Connection {
 public:
     enum class Mode { Existing, New };
 
-    /// Fails with 3343 if the file is no SQLite database after all, 3027 if it can't be written, 3260 if
-    /// locked.
+    /// The path is absolute. Fails with 3044 if it leads to a file whose own name is no text, 3343 if the
+    /// file is no SQLite database after all, 3027 if it can't be written, 3260 if locked.
     Connection(const QString& path, Mode mode);
     ~Connection();
     Connection(const Connection&) = delete;

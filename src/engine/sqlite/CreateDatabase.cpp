@@ -1,5 +1,6 @@
 #include "engine/sqlite/CreateDatabase.h"
 
+#include "engine/FileName.h"
 #include "engine/NewFile.h"
 #include "engine/sqlite/TableSchema.h"
 
@@ -76,7 +77,7 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
 
 void CopyDatabaseFile(Connection& source, const QString& path) {
     const QString original = QString::fromUtf8(sqlite3_db_filename(source.Handle(), "main"));
-    if (IsSideFile(path, original)) {
+    if (IsSideFile(FileName(path), original)) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
     }

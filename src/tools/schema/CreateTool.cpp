@@ -1,6 +1,7 @@
 #include "tools_core/schema/CreateTool.h"
 
 #include "engine/NewFile.h"
+#include "platform/Files.h"
 #include "tools_core/import/ImportTool.h"
 #include "tools_core/import/Terminal.h"
 #include "tools_core/schema/HearthbookSchema.h"
@@ -18,7 +19,8 @@ QString HelpText() {
     return QStringLiteral(R"(Usage: hearthbook-create-database FILE
 
 Makes a fresh Hearthbook database with empty tables, the options, a chart of accounts, a sample payee and
-two sample contractors. An existing file is never overwritten.
+two sample contractors. An existing file is never overwritten. A FILE whose name begins with - is told with
+its folder, as in ./-FILE.
 
   --help      show this text
   --version   show the version
@@ -69,7 +71,10 @@ int RunCreateTool(const QStringList& arguments) {
         arguments.front().startsWith(QLatin1Char('-'))) {
         return Say(ExitStatus::NothingDone, QStringLiteral("one file name is needed; see --help"));
     }
-    return Create(arguments.front());
+    const std::optional<QString> path = platform::AbsoluteName(arguments.front());
+    return path ? Create(*path)
+                : Say(ExitStatus::NothingDone,
+                      arguments.front() + QStringLiteral(": ") + platform::WhyNoName());
 }
 
 }  // namespace tools
