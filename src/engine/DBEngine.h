@@ -46,8 +46,8 @@ public:
     /// Opens an existing database, shared and writable, by what its first bytes say it is. Everything that
     /// open databases still hold is brought to the disk first. Fails with 3044 if no file can have this name,
     /// 3024 if there is no such file, 3343 if it is a folder, empty or of a format that isn't read here (the
-    /// description says what was found), 3027 if it can't be written, 3260 if it is locked, be it for reading
-    /// or only for writing.
+    /// description says what was found), 3027 if it can't be written or no journal can be made beside it,
+    /// 3183 if the disk has no room for one, 3260 if it is locked, be it for reading or only for writing.
     std::unique_ptr<Database> OpenDatabase(const QString& name, bool exclusive = false,
                                            bool readOnly = false);
 

@@ -112,7 +112,7 @@ TEST_F(SettingsStore, UsersFolderIsBelowTheHomeByDefault) {
 
 TEST_F(SettingsStore, AFolderWhoseNameIsNoTextIsTheVeryFolder) {
     const auto foldersNamed = [this](const QByteArray& name) {
-        return workplace_.Path(QString()).toUtf8() + name;
+        return workplace_.Path(QStringLiteral("./")).toUtf8() + name;
     };
     const auto writeBelow = [](const QByteArray& folder, const QByteArray& text) {
         std::filesystem::create_directories((folder + "/hearthbook").toStdString());

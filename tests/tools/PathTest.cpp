@@ -87,6 +87,11 @@ protected:
     QTemporaryDir folder_;
 };
 
+class LongName : public Paths, public testing::WithParamInterface<int> {
+protected:
+    Bytes Name() const { return Bytes(static_cast<size_t>(GetParam()), 'x'); }
+};
+
 class AnyName : public Paths, public testing::WithParamInterface<Bytes> {};
 
 const Bytes byteOrderMark = "\xEF\xBB\xBF";
@@ -208,3 +213,18 @@ TEST_P(NoName, IsRefusedAtTheEndOfALink) {
 
 INSTANTIATE_TEST_SUITE_P(Names, NoName,
                          testing::Values("x\xFF", "\xFF", "caf\xE9.mdb", "x\xED\xA0\x80", "x\xC0\xAF"));
+
+TEST_P(LongName, OfADatabaseIsRefusedBeforeAnythingIsDone) {
+    Copy("fresh.mdb", Name());
+    const auto before = Files();
+    for (const char* mode : {"--yes", "--dry-run"}) {
+        const ProgramResult result = Run(IMPORT_PROGRAM, {EXAMPLE_PORTFOLIO, "--database", Name(), mode});
+        EXPECT_EQ(result.status, 2);
+        EXPECT_LT(result.errors.count('\n'), 10) << result.errors.constData();
+        EXPECT_TRUE(result.errors.contains("nothing was changed"));
+        EXPECT_TRUE(Files() == before) << "a file was touched";
+    }
+}
+
+// 248 is the first one that is too long with "-journal" behind it, 256 is too long by itself.
+INSTANTIATE_TEST_SUITE_P(Lengths, LongName, testing::Values(248, 255));
