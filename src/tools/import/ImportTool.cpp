@@ -24,6 +24,11 @@ int Refuse(const QString& message) {
     return ExitStatus::NothingDone;
 }
 
+/// What is to be seen is all there is to do.
+int Show(const QString& text) {
+    return PrintOut(text) ? ExitStatus::Done : ExitStatus::NothingDone;
+}
+
 int ListFaults(const QString& file, const Faults& faults) {
     for (const Fault& fault : faults) {
         PrintError(FaultLine(file, fault) + QLatin1Char('\n'));
@@ -80,16 +85,16 @@ int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     database::CurrentDatabase().Flush();
     progressBar.Clear();
     const int failures = boxes.Shown() - shownBefore;
-    PrintOut(records::CountsOf(records::TheCollections()) + records::ImportCompleteMessage(false) +
-             QLatin1Char('\n'));
+    const QString result = records::CountsOf(records::TheCollections()) +
+                           records::ImportCompleteMessage(false) + QLatin1Char('\n');
     if (failures == 0) {
-        return ExitStatus::Done;
+        return PrintOut(result) ? ExitStatus::Done : ExitStatus::DoneWithFailures;
     }
     const QString whereTheyAre = database::IsLogWritable()
                                      ? QStringLiteral("The error log lies in %1.")
                                      : QStringLiteral("There is no error log: %1 can't be written to.");
-    PrintOut(QStringLiteral("Failures reported: %1. ").arg(failures) +
-             whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n'));
+    static_cast<void>(PrintOut(result + QStringLiteral("Failures reported: %1. ").arg(failures) +
+                               whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n')));
     return ExitStatus::DoneWithFailures;
 }
 
@@ -110,10 +115,9 @@ int Run(const ImportOptions& options) {
         return Refuse(objection);
     }
     if (options.isDryRun) {
-        PrintOut(QStringLiteral("The following items will be created.\n") +
-                 records::CountsOf(records::TheCollections()) +
-                 QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("The following items will be created.\n") +
+                    records::CountsOf(records::TheCollections()) +
+                    QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
     }
     if (!options.backup.isEmpty() && !MakeBackup(options.backup)) {
         return ExitStatus::NothingDone;
@@ -133,12 +137,10 @@ int RunImportTool(const QStringList& arguments) {
         return ExitStatus::NothingDone;
     }
     if (options->wantsHelp) {
-        PrintOut(ImportHelpText());
-        return ExitStatus::Done;
+        return Show(ImportHelpText());
     }
     if (options->wantsVersion) {
-        PrintOut(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
     }
     return Run(*options);
 }

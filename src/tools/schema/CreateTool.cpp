@@ -15,6 +15,10 @@ int Say(int status, const QString& message) {
     return status;
 }
 
+int Show(const QString& text) {
+    return PrintOut(text) ? ExitStatus::Done : ExitStatus::NothingDone;
+}
+
 QString HelpText() {
     return QStringLiteral(R"(Usage: hearthbook-create-database FILE
 
@@ -25,7 +29,8 @@ its folder, as in ./-FILE.
   --help      show this text
   --version   show the version
 
-Exit status: 0 done; 1 the file could not be written; 2 bad usage, or the file is there already.
+Exit status: 0 done; 1 the file could not be written; 2 bad usage, or the file is there already, or this text
+could not be printed.
 )");
 }
 
@@ -60,12 +65,10 @@ void CreateHearthbookDatabase(const QString& path) {
 
 int RunCreateTool(const QStringList& arguments) {
     if (arguments.contains(QStringLiteral("--help"))) {
-        PrintOut(HelpText());
-        return ExitStatus::Done;
+        return Show(HelpText());
     }
     if (arguments.contains(QStringLiteral("--version"))) {
-        PrintOut(QStringLiteral("hearthbook-create-database " WRENFIELD_VERSION "\n"));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("hearthbook-create-database " WRENFIELD_VERSION "\n"));
     }
     if (arguments.size() != 1 || arguments.front().isEmpty() ||
         arguments.front().startsWith(QLatin1Char('-'))) {
