@@ -84,8 +84,9 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const QString& name, bool exclu
     RaiseUnrecognized(path, QStringLiteral("it is no database"));
 }
 
-void DBEngine::CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables) {
-    sqlite::CreateDatabaseFile(path, tables);
+void DBEngine::CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables,
+                              const FillDatabase& fill) {
+    sqlite::CreateDatabaseFile(path, tables, fill);
 }
 
 void DBEngine::FlushAll() {

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -51,9 +52,12 @@ public:
     std::unique_ptr<Database> OpenDatabase(const QString& name, bool exclusive = false,
                                            bool readOnly = false);
 
-    /// Makes a new database file with these tables. Fails with 3044 if no file can have this name, 3204 if
-    /// the file is there already; a failure midway leaves no file.
-    void CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables);
+    /// Makes a new database file with these tables and the rows that `fill` writes into them. Fails with 3044
+    /// if no file can have this name, 3204 if it is there already or one that the database would take for its
+    /// own; a failure midway, of a row too, leaves no file.
+    using FillDatabase = std::function<void(Database& fresh)>;
+    void CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables,
+                        const FillDatabase& fill = {});
 
     /// Brings all that open databases hold to the disk. For the event loop, and for ends of the process.
     void FlushAll();

@@ -85,20 +85,46 @@ bool SyncFolder(const std::string& folder) {
     return !opened.IsOpen() || fsync(opened.Descriptor()) == 0 || errno == EINVAL;
 }
 
+[[noreturn]] void Raise(const QString& name, int systemError) {
+    if (systemError == EEXIST) {
+        throw Error(ErrorNumber::DatabaseExists, QStringLiteral("File '%1' already exists.").arg(name));
+    }
+    const std::string reason = std::generic_category().message(systemError);
+    throw Error(
+        ErrorNumber::DiskError,
+        QStringLiteral("Disk error: '%1' can't be made: %2.").arg(name, QString::fromStdString(reason)));
+}
+
+// 0 if something has the name, or why the system didn't find it.
+int LookFor(const QString& name) {
+    struct stat found {};
+    return lstat(SystemName(name).c_str(), &found) == 0 ? 0 : errno;
+}
+
+void RequireFree(const QString& name) {
+    const int answer = LookFor(name);
+    if (answer == 0) {
+        Raise(name, EEXIST);
+    }
+    if (answer == ENAMETOOLONG) {
+        Raise(name, answer);
+    }
+}
+
 }  // namespace
 
 bool IsNameTaken(const QString& name) {
-    struct stat found {};
-    return lstat(SystemName(FileName(name)).c_str(), &found) == 0;
+    return LookFor(FileName(name)) == 0;
 }
 
-NewFile::NewFile(const QString& name) : name_(FileName(name)) {
-    if (IsNameTaken(name_)) {
-        Raise(EEXIST);
+NewFile::NewFile(const QString& name, const QStringList& endsBeside) : name_(FileName(name)) {
+    RequireFree(name_);
+    for (const QString& end : endsBeside) {
+        RequireFree(name_ + end);
     }
     folder_ = FolderOf(SystemName(name_)) + ".wrenfield-XXXXXX";
     if (mkdtemp(folder_.data()) == nullptr) {
-        Raise(errno);
+        Raise(name_, errno);
     }
     path_ = QFile::decodeName((folder_ + "/new").c_str());
 }
@@ -113,41 +139,32 @@ void NewFile::TakePermissionsOf(const QString& original) {
     struct stat ours {};
     const OpenFile file(SystemName(path_), O_RDONLY);
     if (stat(SystemName(original).c_str(), &theirs) != 0 || !file.IsOpen()) {
-        Raise(errno);
+        Raise(name_, errno);
     }
     // Whether this process may is seen by what has come of it.
     if (fchown(file.Descriptor(), theirs.st_uid, theirs.st_gid) != 0) {
         static_cast<void>(fchown(file.Descriptor(), static_cast<uid_t>(-1), theirs.st_gid) == 0);
     }
     if (fstat(file.Descriptor(), &ours) != 0) {
-        Raise(errno);
+        Raise(name_, errno);
     }
     const mode_t forEverybody = S_IRWXU | S_IRWXO;
     const mode_t kept = ours.st_gid == theirs.st_gid ? forEverybody | S_IRWXG : forEverybody;
     if (fchmod(file.Descriptor(), theirs.st_mode & kept) != 0 && !IsUnknownHere(errno)) {
-        Raise(errno);
+        Raise(name_, errno);
     }
 }
 
 void NewFile::TakePlace() {
     const std::string place = SystemName(name_);
     if (!RenameWithoutReplacing(SystemName(path_).c_str(), place.c_str())) {
-        Raise(errno);
+        Raise(name_, errno);
     }
     if (!SyncFolder(FolderOf(place))) {
         const int failure = errno;
         unlink(place.c_str());
-        Raise(failure);
+        Raise(name_, failure);
     }
-}
-
-void NewFile::Raise(int systemError) const {
-    if (systemError == EEXIST) {
-        throw Error(ErrorNumber::DatabaseExists, QStringLiteral("Database '%1' already exists.").arg(name_));
-    }
-    throw Error(ErrorNumber::DiskError,
-                QStringLiteral("Disk error: '%1' can't be made: %2.")
-                    .arg(name_, QString::fromStdString(std::generic_category().message(systemError))));
 }
 
 }  // namespace engine

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <string>
 
@@ -11,9 +12,10 @@ namespace engine {
 /// this object, with all that is left in it.
 class NewFile {
 public:
-    /// Makes the private folder. Fails with 3044 if no file can have this name, 3204 if the name is taken,
-    /// 3043 if the folder can't be made.
-    explicit NewFile(const QString& name);
+    /// Makes the private folder. The file will keep others beside it, under its own name with one of these
+    /// ends. Fails with 3044 if no file can have this name, 3204 if it or one of the others is taken, 3043 if
+    /// one of them is too long or the folder can't be made.
+    explicit NewFile(const QString& name, const QStringList& endsBeside = {});
     ~NewFile();
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
@@ -31,8 +33,6 @@ public:
     void TakePlace();
 
 private:
-    [[noreturn]] void Raise(int systemError) const;
-
     QString name_;
     std::string folder_;
     QString path_;

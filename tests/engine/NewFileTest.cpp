@@ -60,11 +60,8 @@ protected:
         return ErrorOf([&] { database->CopyTo(file); });
     }
 
-    static int CreateError(const QString& file) {
-        return ErrorOf([&] {
-            DBEngine::Instance().CreateDatabase(
-                file, {{QStringLiteral("a"), {{QStringLiteral("b"), dbText, 5}}, {}}});
-        });
+    int CreateError(const QString& file) {
+        return ErrorOf([&] { DBEngine::Instance().CreateDatabase(file, tables); });
     }
 
     /// Makes the file again and again, each time on a disk that fails at its next operation. The query finds
@@ -93,6 +90,7 @@ protected:
     }
 
     QString copy = Path("copy.mdb");
+    std::vector<TableDefinition> tables = {{QStringLiteral("a"), {{QStringLiteral("b"), dbText, 5}}, {}}};
 };
 
 TEST_F(NewFileTest, FilesOfTheUserBesideItAreLeftAlone) {
@@ -240,6 +238,35 @@ TEST_F(NewFileTest, AFailingDiskLeavesTheWholeFileOrNothing) {
             disk, fault, [this] { return CopyError(copy); },
             "select count(*) from notes where text <> 'kept'");
     }
+}
+
+// Whoever opens the new file would take them for its own, play them back and remove them.
+TEST_F(NewFileTest, ItsSideFilesMustNotBeThereAlready) {
+    for (const char* end : {"-journal", "-wal", "-shm"}) {
+        const QString beside = copy + QLatin1String(end);
+        Write(beside, "precious");
+        EXPECT_EQ(CopyError(copy), ErrorNumber::DatabaseExists) << end;
+        EXPECT_EQ(CreateError(copy), ErrorNumber::DatabaseExists) << end;
+        EXPECT_EQ(Contents(beside), "precious");
+        EXPECT_TRUE(QFile::remove(beside));
+        EXPECT_EQ(Everything(), QStringList{QStringLiteral("things.mdb")});
+    }
+    EXPECT_EQ(CopyError(directory.filePath(QString(248, QLatin1Char('x')))), ErrorNumber::DiskError);
+}
+
+TEST_F(NewFileTest, RowsToBeginWithAreThereFromTheStart) {
+    const auto fill = [](Database& fresh) { fresh.Execute(QStringLiteral("insert into a(b) values('c')")); };
+    DBEngine::Instance().CreateDatabase(copy, tables, fill);
+    EXPECT_EQ(ReadRows(copy, "select b from a"), QStringList{QStringLiteral("c")});
+}
+
+TEST_F(NewFileTest, RowsToBeginWithThatCanNotBeWrittenLeaveNoFile) {
+    const auto fill = [](Database& fresh) {
+        fresh.Execute(QStringLiteral("insert into none(b) values('c')"));
+    };
+    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().CreateDatabase(copy, tables, fill); }),
+              ErrorNumber::NoSuchTable);
+    EXPECT_EQ(Everything(), QStringList{QStringLiteral("things.mdb")});
 }
 
 TEST_F(NewFileTest, AFailureLeavesNothingAtAll) {

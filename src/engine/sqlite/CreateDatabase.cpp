@@ -2,12 +2,15 @@
 
 #include "engine/FileName.h"
 #include "engine/NewFile.h"
+#include "engine/sqlite/SqliteDatabase.h"
 #include "engine/sqlite/TableSchema.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStringList>
 
 #include <algorithm>
+#include <optional>
 
 namespace engine::sqlite {
 
@@ -36,12 +39,41 @@ std::string CreateIndexSql(const TableDefinition& table, const IndexDefinition& 
            " on " + Bracketed(table.name) + "(" + columns + ")";
 }
 
-// SQLite keeps files of these names beside the database, and removes them.
+// SQLite keeps files of these names beside a database, plays them back and removes them.
+const QStringList& SideFileEnds() {
+    static const QStringList ends{QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
+    return ends;
+}
+
 bool IsSideFile(const QString& path, const QString& database) {
     const QFileInfo file(path);
     const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
-    const QStringList ends{QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
-    return std::any_of(ends.begin(), ends.end(), [&](const QString& end) { return place == database + end; });
+    return std::any_of(SideFileEnds().begin(), SideFileEnds().end(),
+                       [&](const QString& end) { return place == database + end; });
+}
+
+void CreateTables(const QString& path, const std::vector<TableDefinition>& tables) {
+    Connection connection(path, Connection::Mode::New);
+    connection.Run("begin");
+    for (const TableDefinition& table : tables) {
+        connection.Run(CreateTableSql(table).c_str());
+        for (const IndexDefinition& index : table.indexes) {
+            connection.Run(CreateIndexSql(table, index).c_str());
+        }
+    }
+    connection.Run("commit");
+}
+
+// A row that is lost on its way to the disk is a failure like one that is refused.
+void Fill(const QString& path, const DBEngine::FillDatabase& fill) {
+    std::optional<Error> loss;
+    SqliteDatabase database(path);
+    database.OnLostWrite([&loss](const Error& error, const QString&) { loss = loss.value_or(error); });
+    fill(database);
+    database.Flush();
+    if (loss) {
+        throw Error(*loss);
+    }
 }
 
 void CopyPages(Connection& source, Connection& copy) {
@@ -59,18 +91,12 @@ void CopyPages(Connection& source, Connection& copy) {
 
 }  // namespace
 
-void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>& tables) {
-    NewFile file(path);
-    {
-        Connection connection(file.Path(), Connection::Mode::New);
-        connection.Run("begin");
-        for (const TableDefinition& table : tables) {
-            connection.Run(CreateTableSql(table).c_str());
-            for (const IndexDefinition& index : table.indexes) {
-                connection.Run(CreateIndexSql(table, index).c_str());
-            }
-        }
-        connection.Run("commit");
+void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>& tables,
+                        const DBEngine::FillDatabase& fill) {
+    NewFile file(path, SideFileEnds());
+    CreateTables(file.Path(), tables);
+    if (fill) {
+        Fill(file.Path(), fill);
     }
     file.TakePlace();
 }
@@ -81,7 +107,7 @@ void CopyDatabaseFile(Connection& source, const QString& path) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
     }
-    NewFile file(path);
+    NewFile file(path, SideFileEnds());
     {
         Connection copy(file.Path(), Connection::Mode::New);
         CopyPages(source, copy);

@@ -2,6 +2,7 @@
 
 #include "engine/NewFile.h"
 #include "platform/Files.h"
+#include "platform/Process.h"
 #include "tools_core/import/ImportTool.h"
 #include "tools_core/import/Terminal.h"
 #include "tools_core/schema/HearthbookSchema.h"
@@ -35,16 +36,18 @@ could not be printed.
 }
 
 int Create(const QString& path) {
+    // It takes a moment. Ended halfway, it would leave what is unfinished.
+    platform::HandleEndSignals();
     if (engine::IsNameTaken(path)) {
         return Say(ExitStatus::NothingDone, path + QStringLiteral(" is there already"));
     }
     try {
         CreateHearthbookDatabase(path);
     } catch (const platform::Failure& failure) {
-        return Say(ExitStatus::DoneWithFailures, QStringLiteral("%1 can't be made: %2 - %3")
-                                                     .arg(path)
-                                                     .arg(failure.Number())
-                                                     .arg(failure.Description()));
+        const bool isThere = failure.Number() == engine::ErrorNumber::DatabaseExists;
+        return Say(isThere ? ExitStatus::NothingDone : ExitStatus::DoneWithFailures,
+                   QStringLiteral("%1 can't be made: %2 - %3")
+                       .arg(path, QString::number(failure.Number()), failure.Description()));
     }
     return ExitStatus::Done;
 }
@@ -52,15 +55,7 @@ int Create(const QString& path) {
 }  // namespace
 
 void CreateHearthbookDatabase(const QString& path) {
-    engine::NewFile file(path);
-    engine::DBEngine& engine = engine::DBEngine::Instance();
-    engine.CreateDatabase(file.Path(), HearthbookTables());
-    {
-        const std::unique_ptr<engine::Database> database = engine.OpenDatabase(file.Path());
-        FillFreshDatabase(*database);
-        database->Flush();
-    }
-    file.TakePlace();
+    engine::DBEngine::Instance().CreateDatabase(path, HearthbookTables(), FillFreshDatabase);
 }
 
 int RunCreateTool(const QStringList& arguments) {
