@@ -35,8 +35,8 @@ public:
     /// try. For a program that only pauses.
     virtual void FlushUnlessHeldUp() { Flush(); }
 
-    /// Copies the whole database, as it stands now, to a new file. Fails with 3204 if the file is there
-    /// already, 3219 under a name that the database uses for itself.
+    /// Copies the whole database, as it stands now, to a new file. Fails with 3044 if no file can have
+    /// this name, 3204 if the file is there already, 3219 under a name that the database uses for itself.
     virtual void CopyTo(const QString& path) = 0;
 
     /// A write that had succeeded and then could not be stored when its group was brought to the disk: the

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace platform {
 
 /// The directory that the running program lies in, without a separator at its end.
@@ -13,6 +15,13 @@ void SetProgramDirectory(const QString& directory);
 /// File names are told with backslashes, as the settings hold them; the platform's separator takes their
 /// place.
 QString WithPlatformSeparators(QString path);
+
+/// The name of a file from the root on, for one that may be told from the working folder. Only such a name
+/// means the same file to everybody: others, such as "file:x" and ":x:", are taken for something else than a
+/// file in places. Links and ".." stay as they are. Nothing if the file can't be told by its name, for the
+/// reason that WhyNoName gives: it is empty, or a byte of it or of the working folder is no text in UTF-8.
+std::optional<QString> AbsoluteName(const QString& name);
+QString WhyNoName();
 
 /// True for an existing file. A folder is no file, and a failing test counts as a file not found.
 bool FileExists(const QString& path);

@@ -2,6 +2,7 @@
 
 #include "engine/Waiting.h"
 #include "engine/sqlite/ErrorMapping.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <thread>
@@ -16,6 +17,8 @@ constexpr auto LongestWait = 5s;
 
 // Room for the pages that one group of writes touches. A fixed room keeps the memory of long imports flat.
 constexpr const char* PageCache = "pragma cache_size = -8192";
+
+constexpr const char* LookIntoTheFile = "select 1 from sqlite_master limit 1";
 
 }  // namespace
 
@@ -60,16 +63,40 @@ void Connection::OpenFile(const QString& path, Mode mode) {
 }
 
 void Connection::CheckFile() {
+    // A link may have led here, and the journal is looked for by this name.
+    if (!QByteArrayView(sqlite3_db_filename(handle_, "main")).isValidUtf8()) {
+        throw Error(ErrorNumber::InvalidPath,
+                    QStringLiteral("The database lies under a name that is not a valid path: %1.")
+                        .arg(platform::WhyNoName()));
+    }
     Run("pragma synchronous = full");
     Run(PageCache);
     // The first look into the file: it finds foreign, damaged and locked ones.
-    Run("select 1 from sqlite_master limit 1");
+    Run(LookIntoTheFile);
     if (sqlite3_db_readonly(handle_, "main") == 1) {
         Raise(SQLITE_READONLY);
     }
     // Somebody who has the file for himself would make every write wait in vain: better to know it now.
     Run("begin immediate");
+    TryJournal();
     Run("rollback");
+    // Whether the journal could be removed is told to the next one who looks.
+    Run(LookIntoTheFile);
+}
+
+// A page that is changed in memory alone: its journal is made before, and removed when it is changed back, so
+// that a folder or a disk that takes none is found before there is anything to lose. The file stays as it is.
+void Connection::TryJournal() {
+    const int changed = TryRun("pragma user_version = 0");
+    if (changed == SQLITE_READONLY_DIRECTORY || (changed & 0xFF) == SQLITE_CANTOPEN) {
+        throw Error(
+            ErrorNumber::ReadOnlyDatabase,
+            QStringLiteral("Cannot update. Database or object is read-only: no journal can be made at '%1'.")
+                .arg(QString::fromUtf8(sqlite3_filename_journal(sqlite3_db_filename(handle_, "main")))));
+    }
+    if (changed != SQLITE_OK) {
+        Raise(changed);
+    }
 }
 
 StatementHandle Connection::Prepare(const std::string& sql) {

@@ -30,8 +30,9 @@ class Connection {
 public:
     enum class Mode { Existing, New };
 
-    /// Fails with 3343 if the file is no SQLite database after all, 3027 if it can't be written, 3260 if
-    /// locked.
+    /// The path is absolute. Fails with 3044 if it leads to a file whose own name is no text, 3343 if the
+    /// file is no SQLite database after all, 3027 if it can't be written or has no room beside it for a
+    /// journal, 3183 if the disk is full, 3260 if locked.
     Connection(const QString& path, Mode mode);
     ~Connection();
     Connection(const Connection&) = delete;
@@ -68,6 +69,7 @@ private:
     static int WaitForLock(void* connection, int attempt);
     void OpenFile(const QString& path, Mode mode);
     void CheckFile();
+    void TryJournal();
     void Close();
 
     sqlite3* handle_ = nullptr;

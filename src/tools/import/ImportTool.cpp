@@ -2,6 +2,7 @@
 
 #include "database/Database.h"
 #include "database/RecordAccess.h"
+#include "engine/NewFile.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
@@ -14,8 +15,6 @@
 #include "tools_core/import/Terminal.h"
 #include "tools_core/portfolio/PortfolioReader.h"
 
-#include <QFileInfo>
-
 namespace tools {
 
 namespace {
@@ -23,6 +22,11 @@ namespace {
 int Refuse(const QString& message) {
     PrintError(QStringLiteral("wrenfield-import: ") + message + QLatin1Char('\n'));
     return ExitStatus::NothingDone;
+}
+
+/// What is to be seen is all there is to do.
+int Show(const QString& text) {
+    return PrintOut(text) ? ExitStatus::Done : ExitStatus::NothingDone;
 }
 
 int ListFaults(const QString& file, const Faults& faults) {
@@ -42,8 +46,7 @@ bool OpenDatabase(const ImportOptions& options) {
 
 /// Why the import may not begin; empty if it may.
 QString Objection(const ImportOptions& options) {
-    const QFileInfo backup(options.backup);
-    if (!options.backup.isEmpty() && (backup.exists() || backup.isSymLink())) {
+    if (!options.backup.isEmpty() && engine::IsNameTaken(options.backup)) {
         return QStringLiteral("the backup file %1 is there already; nothing was changed").arg(options.backup);
     }
     if (options.isDryRun || options.isYes) {
@@ -91,16 +94,16 @@ int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     database::CurrentDatabase().Flush();
     progressBar.Clear();
     const int failures = boxes.Shown() - shownBefore;
-    PrintOut(records::CountsOf(records::TheCollections()) + records::ImportCompleteMessage(false) +
-             QLatin1Char('\n'));
+    const QString result = records::CountsOf(records::TheCollections()) +
+                           records::ImportCompleteMessage(false) + QLatin1Char('\n');
     if (failures == 0) {
-        return ExitStatus::Done;
+        return PrintOut(result) ? ExitStatus::Done : ExitStatus::DoneWithFailures;
     }
     const QString whereTheyAre = database::IsLogWritable()
                                      ? QStringLiteral("The error log lies in %1.")
                                      : QStringLiteral("There is no error log: %1 can't be written to.");
-    PrintOut(QStringLiteral("Failures reported: %1. ").arg(failures) +
-             whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n'));
+    static_cast<void>(PrintOut(result + QStringLiteral("Failures reported: %1. ").arg(failures) +
+                               whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n')));
     return ExitStatus::DoneWithFailures;
 }
 
@@ -122,10 +125,9 @@ int Run(const ImportOptions& options) {
         return Refuse(objection);
     }
     if (options.isDryRun) {
-        PrintOut(QStringLiteral("The following items will be created.\n") +
-                 records::CountsOf(records::TheCollections()) +
-                 QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("The following items will be created.\n") +
+                    records::CountsOf(records::TheCollections()) +
+                    QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
     }
     if (!options.backup.isEmpty() && !MakeBackup(options.backup)) {
         return ExitStatus::NothingDone;
@@ -145,12 +147,10 @@ int RunImportTool(const QStringList& arguments) {
         return ExitStatus::NothingDone;
     }
     if (options->wantsHelp) {
-        PrintOut(ImportHelpText());
-        return ExitStatus::Done;
+        return Show(ImportHelpText());
     }
     if (options->wantsVersion) {
-        PrintOut(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
     }
     return Run(*options);
 }

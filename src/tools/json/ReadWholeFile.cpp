@@ -1,3 +1,4 @@
+#include "platform/Files.h"
 #include "tools_core/json/JsonDocument.h"
 
 #include <QFile>
@@ -15,10 +16,14 @@ std::nullopt_t RefuseUnread(Faults& faults, const QString& reason) {
 }  // namespace
 
 std::optional<QByteArray> ReadWholeFile(const QString& path, Faults& faults) {
-    if (QFileInfo(path).isDir()) {
+    const std::optional<QString> name = platform::AbsoluteName(path);
+    if (!name) {
+        return RefuseUnread(faults, platform::WhyNoName());
+    }
+    if (QFileInfo(*name).isDir()) {
         return RefuseUnread(faults, QStringLiteral("it is a folder"));
     }
-    QFile file(path);
+    QFile file(*name);
     if (!file.open(QIODevice::ReadOnly)) {
         return RefuseUnread(faults, file.errorString());
     }
