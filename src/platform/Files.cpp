@@ -57,7 +57,8 @@ std::optional<QString> AbsoluteName(const QString& name) {
 }
 
 QString WhyNoName() {
-    return QStringLiteral("a file is told by a name in UTF-8, from a folder that is there and has one too");
+    return QStringLiteral(
+        "a file is told by a name in UTF-8 without U+FFFD, from a folder that is there and has one too");
 }
 
 bool FileExists(const QString& path) {

@@ -19,7 +19,8 @@ QString WithPlatformSeparators(QString path);
 /// The name of a file from the root on, for one that may be told from the working folder. Only such a name
 /// means the same file to everybody: others, such as "file:x" and ":x:", are taken for something else than a
 /// file in places. Links and ".." stay as they are. Nothing if the file can't be told by its name, for the
-/// reason that WhyNoName gives: it is empty, or a byte of it or of the working folder is no text in UTF-8.
+/// reason that WhyNoName gives: it is empty, or holds U+FFFD where bytes were no text in UTF-8, or the
+/// working folder is gone or has such a name.
 std::optional<QString> AbsoluteName(const QString& name);
 QString WhyNoName();
 

@@ -9,6 +9,6 @@ int main(int argc, char** argv) {
     platform::RunProcess([&argc, argv] {
         const QCoreApplication application(argc, argv);
         platform::LoadSystemLocale();
-        return tools::RunTool("hearthbook-create-database", tools::RunCreateTool, argc, argv);
+        return tools::RunCreateTool(tools::Arguments(argc, argv));
     });
 }

@@ -9,6 +9,6 @@ int main(int argc, char** argv) {
     platform::RunProcess([&argc, argv] {
         const QCoreApplication application(argc, argv);
         platform::LoadSystemLocale();
-        return tools::RunTool("wrenfield-import", tools::RunImportTool, argc, argv);
+        return tools::RunImportTool(tools::Arguments(argc, argv));
     });
 }

@@ -4,9 +4,8 @@
 
 namespace tools {
 
-/// Runs a tool, one of those below, on the arguments of the process, and gives its exit status. Arguments
-/// that are no text in UTF-8 are refused as bad usage: they would mean other files than those that were
-/// named.
-int RunTool(const char* name, int (*tool)(const QStringList& arguments), int argc, char** argv);
+/// The arguments of the process, without the program's name, as the tools take them: not a character is lost.
+/// Bytes that are no text in UTF-8 become U+FFFD, which no file is opened or made under.
+QStringList Arguments(int argc, char** argv);
 
 }  // namespace tools
