@@ -54,12 +54,6 @@ QString Describe(const Write& write) {
     return description;
 }
 
-const std::shared_ptr<PreparedStatement>& PrepareText(const QString& text, dialect::ShapedStatement& shaped,
-                                                      StatementCache& statements) {
-    dialect::Tokenize(text, shaped);
-    return statements.ForShape(shaped.Shape());
-}
-
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
                   const dialect::ShapedStatement& shaped, size_t row) {
     const size_t count = shaped.literals.size();
@@ -80,7 +74,7 @@ void WriteExecutor::Prepare(const Write& write) {
 }
 
 void WriteExecutor::PrepareStatement(const QString& text) {
-    const PreparedStatement& prepared = *PrepareText(text, shaped_, statements_);
+    const PreparedStatement& prepared = *statements_.ForText(text, shaped_);
     if (prepared.parsed.kind == dialect::StatementKind::Select) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Cannot execute a select query: it is opened as a row set."));
