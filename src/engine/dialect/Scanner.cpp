@@ -31,6 +31,14 @@ void Scanner::Run() {
     }
 }
 
+void Scanner::PutUtf8(CharacterRoom& room, QStringView text, bool isAscii) {
+    if (isAscii) {
+        room.PutAscii(text);
+    } else {
+        room.Put(platform::Utf8FromText(text));
+    }
+}
+
 bool Scanner::Skip(std::u16string_view expected) {
     // Nearly always a comma, or a hundred characters and more.
     const bool isShort = expected.size() == 1;
@@ -53,11 +61,7 @@ void Scanner::TakeBareName() {
         statement_.shape.Put(' ');
     }
     afterName_ = true;
-    if (joined < 0x80) {
-        statement_.shape.PutAscii(Since(begin));
-    } else {
-        statement_.shape.Put(platform::Utf8FromText(Since(begin)));
-    }
+    PutUtf8(statement_.shape, Since(begin), joined < 0x80);
 }
 
 void Scanner::TakeBracketedName() {

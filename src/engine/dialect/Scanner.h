@@ -38,6 +38,7 @@ private:
     char16_t At(Place place) const { return place < end_ ? *place : char16_t{0}; }
     QStringView Since(Place begin) const { return {begin, place_}; }
     QStringView From(Place begin) const { return {begin, end_}; }
+    static void PutUtf8(CharacterRoom& room, QStringView text, bool isAscii);
 
     void TakeBareName();
     void TakeBracketedName();
@@ -47,13 +48,13 @@ private:
     bool StartsSignedNumber() const;
     Literal& AddLiteral(LiteralKind kind, Place begin);
     void TakeText(char16_t quote);
-    void AppendUtf8(QStringView part);
     void TakeNumber();
     void ReadNumber(Literal& literal, bool whole) const;
     void SkipDigits();
     bool SkipExponent();
     void TakeDate();
-    int TakeDatePart(int mostDigits);
+    template <int MostDigits>
+    int TakeDatePart();
     bool TakeDateSeparator();
 
     const Place begin_;

@@ -60,31 +60,23 @@ Literal& Scanner::AddLiteral(LiteralKind kind, Place begin) {
     return literal;
 }
 
-void Scanner::AppendUtf8(QStringView part) {
-    const auto beyond =
-        std::find_if(part.begin(), part.end(), [](QChar character) { return character >= QChar(0x80); });
-    const qsizetype ascii = beyond - part.begin();
-    statement_.texts.PutAscii(part.first(ascii));
-    if (ascii < part.size()) {
-        statement_.texts.Put(platform::Utf8FromText(part.sliced(ascii)));
-    }
-}
-
 void Scanner::TakeText(char16_t quote) {
     const Place begin = place_;
     const size_t offset = statement_.texts.Size();
     qsizetype characters = 0;
     Place partBegin = ++place_;
+    char16_t joined = 0;
     for (;; ++place_) {
         if (AtEnd()) {
             RaiseSyntax(QStringLiteral("a text has no closing quote"), From(begin));
         }
+        joined |= *place_;
         if (*place_ != quote) {
             continue;
         }
         const bool doubled = At(place_ + 1) == quote;
         const QStringView part(partBegin, doubled ? place_ + 1 : place_);
-        AppendUtf8(part);
+        PutUtf8(statement_.texts, part, joined < 0x80);
         characters += part.size();
         if (!doubled) {
             break;
@@ -100,6 +92,12 @@ void Scanner::TakeText(char16_t quote) {
 
 void Scanner::TakeNumber() {
     const Place begin = place_;
+    // Most numbers are a single digit.
+    if (IsDigit(*begin) && !Is(At(begin + 1), Digit | NameStart) && At(begin + 1) != u'.') {
+        ++place_;
+        AddLiteral(LiteralKind::Integer, begin).integer = *begin - u'0';
+        return;
+    }
     if (*place_ == u'-') {
         ++place_;
     }
@@ -121,10 +119,6 @@ void Scanner::TakeNumber() {
 
 void Scanner::ReadNumber(Literal& literal, bool whole) const {
     const Place begin = begin_ + literal.begin;
-    if (place_ - begin == 1) {
-        literal.integer = *begin - u'0';
-        return;
-    }
     const std::string digits(begin, place_);
     const char* const last = digits.data() + digits.size();
     if (whole && std::from_chars(digits.data(), last, literal.integer).ec == std::errc()) {
@@ -156,13 +150,14 @@ bool Scanner::SkipExponent() {
     return true;
 }
 
-int Scanner::TakeDatePart(int mostDigits) {
-    const Place begin = place_;
+template <int MostDigits>
+inline int Scanner::TakeDatePart() {
     int number = 0;
-    while (IsDigit(Next()) && place_ - begin < mostDigits) {
+    int digits = 0;
+    for (; digits < MostDigits && IsDigit(Next()); ++digits) {
         number = number * 10 + (*place_++ - u'0');
     }
-    return place_ == begin ? -1 : number;
+    return digits == 0 ? -1 : number;
 }
 
 bool Scanner::TakeDateSeparator() {
@@ -175,12 +170,12 @@ bool Scanner::TakeDateSeparator() {
 
 void Scanner::TakeDate() {
     const Place begin = place_++;
-    const int month = TakeDatePart(2);
+    const int month = TakeDatePart<2>();
     const bool firstSeparator = TakeDateSeparator();
-    const int day = TakeDatePart(2);
+    const int day = TakeDatePart<2>();
     const bool secondSeparator = TakeDateSeparator();
     const Place yearBegin = place_;
-    const int year = TakeDatePart(4);
+    const int year = TakeDatePart<4>();
     // Years of two digits would leave the century to a guess.
     const bool isWritten = firstSeparator && secondSeparator && place_ - yearBegin == 4 && Next() == u'#';
     if (!isWritten || !QDate::isValid(year, month, day)) {
