@@ -36,7 +36,7 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& statemen
 
 std::unique_ptr<Recordset> SqliteDatabase::Open(const QString& statement, short type, short lockEdit) {
     dialect::ShapedStatement shaped;
-    const PreparedStatement& prepared = *PrepareText(statement, shaped, statements_);
+    const PreparedStatement& prepared = *statements_.ForText(statement, shaped);
     if (prepared.parsed.kind != dialect::StatementKind::Select) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: only a select has rows."));

@@ -23,6 +23,12 @@ void RequireColumns(const TableSchema& table, const std::vector<std::string>& na
 
 }  // namespace
 
+const std::shared_ptr<PreparedStatement>& StatementCache::ForText(const QString& text,
+                                                                  dialect::ShapedStatement& shaped) {
+    tokenizer_.Tokenize(text, shaped);
+    return ForShape(shaped.Shape());
+}
+
 const std::shared_ptr<PreparedStatement>& StatementCache::ForShape(std::string_view shape) {
     if (lastPrepared_ && shape == lastShape_) {
         return lastPrepared_;

@@ -73,12 +73,6 @@ QString Describe(const Write& write) {
     return description;
 }
 
-const std::shared_ptr<PreparedStatement>& PrepareText(const QString& text, dialect::ShapedStatement& shaped,
-                                                      StatementCache& statements) {
-    dialect::Tokenize(text, shaped);
-    return statements.ForShape(shaped.Shape());
-}
-
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
                   const dialect::ShapedStatement& shaped, size_t row) {
     const size_t count = shaped.literals.size();
@@ -99,7 +93,7 @@ void WriteExecutor::Prepare(const Write& write) {
 }
 
 void WriteExecutor::PrepareStatement(const QString& text) {
-    statement_ = PrepareText(text, shaped_, statements_);
+    statement_ = statements_.ForText(text, shaped_);
     if (statement_->parsed.kind == dialect::StatementKind::Select) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Cannot execute a select query: it is opened as a row set."));

@@ -46,10 +46,6 @@ private:
     sqlite3_stmt* ready_ = nullptr;
 };
 
-/// Tokenizes a statement and finds what was prepared for its shape.
-const std::shared_ptr<PreparedStatement>& PrepareText(const QString& text, dialect::ShapedStatement& shaped,
-                                                      StatementCache& statements);
-
 /// Binds the literals of a statement to a compiled form of it, as those of the row at this place where the
 /// form is one for many rows. The literals must live until the statement has run.
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
