@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
+
 namespace platform {
 
 namespace {
@@ -39,8 +41,12 @@ bool FileExists(const QString& path) {
 }
 
 bool AppendLine(const QString& path, const QString& text) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
+    // A pipe of this name must not hold the program up until somebody reads it.
+    const int opened = ::open(QFile::encodeName(path).constData(),
+                              O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+    QFile file;
+    if (opened < 0 ||
+        !file.open(opened, QIODevice::WriteOnly | QIODevice::Append, QFileDevice::AutoCloseHandle)) {
         return false;
     }
     const QByteArray line = Utf8FromText(text) + '\n';
