@@ -20,7 +20,7 @@ std::string RowSql(const RowWrite& row) {
     }
     switch (row.kind) {
         case RowWrite::Kind::Update:
-            return "update " + row.table->sqlName + " set " + columns + keyed;
+            return "update or abort " + row.table->sqlName + " set " + columns + keyed;
         case RowWrite::Kind::Delete:
             return "delete from " + row.table->sqlName + keyed;
         case RowWrite::Kind::Insert:
@@ -31,8 +31,8 @@ std::string RowSql(const RowWrite& row) {
         columns += separator + row.table->rowKey;
         places += separator + "?";
     }
-    return columns.empty() ? "insert into " + row.table->sqlName + " default values"
-                           : "insert into " + row.table->sqlName + "(" + columns + ") values(" + places + ")";
+    const std::string insert = "insert or abort into " + row.table->sqlName;
+    return insert + (columns.empty() ? " default values" : "(" + columns + ") values(" + places + ")");
 }
 
 }  // namespace
