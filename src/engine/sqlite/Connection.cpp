@@ -1,6 +1,9 @@
 #include "engine/sqlite/Connection.h"
 
 #include "engine/sqlite/ErrorMapping.h"
+#include "engine/sqlite/Hardening.h"
+#include "engine/sqlite/SideFiles.h"
+#include "engine/sqlite/SoundFile.h"
 
 #include <algorithm>
 #include <thread>
@@ -21,7 +24,11 @@ constexpr const char* PageCache = "pragma cache_size = -8192";
 Connection::Connection(const QString& path, Mode mode) {
     try {
         OpenFile(path, mode);
+        CheckSideFiles(handle_);
         CheckFile();
+        if (mode == Mode::Existing) {
+            RequireSound(*this);
+        }
     } catch (...) {
         Close();
         throw;
@@ -51,17 +58,17 @@ void Connection::OpenFile(const QString& path, Mode mode) {
     sqlite3_busy_handler(handle_, WaitForLock, this);
     // Room for the cursors of a running statement, so that each insert doesn't ask the system for it.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_LOOKASIDE, nullptr, 4096, 64);
-    // Names in brackets are names and nothing else; and a file from elsewhere is data, not a program.
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    Harden(handle_);
 }
 
 void Connection::CheckFile() {
+    {
+        // The first look into the file: it finds foreign, damaged and locked ones.
+        const ReadingBudget budget(handle_);
+        Run("select 1 from sqlite_master limit 1");
+    }
     Run("pragma synchronous = full");
     Run(PageCache);
-    // The first look into the file: it finds foreign, damaged and locked ones.
-    Run("select 1 from sqlite_master limit 1");
     if (sqlite3_db_readonly(handle_, "main") == 1) {
         Raise(SQLITE_READONLY);
     }

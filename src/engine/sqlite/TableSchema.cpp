@@ -125,6 +125,10 @@ std::shared_ptr<const TableSchema> SchemaCache::Table(const std::string& name) {
 }
 
 std::shared_ptr<const TableSchema> SchemaCache::Read(const std::string& name) {
+    if (!HasTable(name)) {
+        throw Error(ErrorNumber::NoSuchTable,
+                    QStringLiteral("Could not find the table '%1'.").arg(QString::fromStdString(name)));
+    }
     auto table = std::make_shared<TableSchema>();
     table->name = name;
     table->sqlName = dialect::QuotedName(name);
@@ -138,26 +142,29 @@ std::shared_ptr<const TableSchema> SchemaCache::Read(const std::string& name) {
     if (step != SQLITE_DONE) {
         connection_.Raise(step);
     }
-    if (table->columns.empty()) {
-        throw Error(ErrorNumber::NoSuchTable,
-                    QStringLiteral("Could not find the table '%1'.").arg(QString::fromStdString(name)));
-    }
     table->rowKey = RowKeyFor(table->columns);
     table->takesAnyRow = TakesAnyRow(name);
     return table;
+}
+
+// A view is none, nor is what only a module of SQLite could make a table of.
+bool SchemaCache::HasTable(const std::string& name) {
+    const StatementHandle tables = connection_.Prepare(
+        "select 1 from sqlite_master where type = 'table' and rootpage > 0 and name = ? collate nocase");
+    sqlite3_bind_text(tables.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+    const int step = sqlite3_step(tables.get());
+    if (step != SQLITE_ROW && step != SQLITE_DONE) {
+        connection_.Raise(step);
+    }
+    return step == SQLITE_ROW;
 }
 
 // Plain columns and plain indexes only. Whatever else a table declares might refuse a row.
 bool SchemaCache::TakesAnyRow(const std::string& name) {
     const StatementHandle obstacles = connection_.Prepare(
         "select exists(select 1 from pragma_table_info(?1) where \"notnull\" <> 0 or pk <> 0)"
-        " or exists(select 1 from pragma_index_list(?1) where \"unique\" <> 0 or partial <> 0)"
-        " or exists(select 1 from pragma_index_list(?1) as list, pragma_index_info(list.name) as part where "
-        "part.cid < 0)"
-        " or exists(select 1 from pragma_foreign_key_list(?1))"
-        " or exists(select 1 from sqlite_master where tbl_name = ?1 collate nocase and (type = 'trigger' or"
-        "   type = 'view' or sql like '%check%(%' or sql like '%strict%' or sql like '%generated%' or"
-        "   sql like '%as (%'))");
+        " or exists(select 1 from pragma_index_list(?1) where \"unique\" <> 0)"
+        " or exists(select 1 from sqlite_master where name = ?1 collate nocase and sql like '%strict%')");
     sqlite3_bind_text(obstacles.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
     const int step = sqlite3_step(obstacles.get());
     if (step != SQLITE_ROW) {

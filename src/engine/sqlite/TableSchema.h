@@ -25,7 +25,7 @@ struct TableSchema {
     std::string sqlName;  ///< Quoted.
     std::string rowKey;   ///< The name by which SQLite gives the key of a row, not hidden by a column.
     std::vector<Column> columns;
-    /// Nothing that the file declares can turn a row away: no keys, no checks, no triggers.
+    /// Nothing that the file declares can turn a row away: no keys and no rules.
     bool takesAnyRow = false;
 
     /// The place of a column, names compared without regard to case. Fails with 3061.
@@ -49,6 +49,7 @@ public:
 
 private:
     std::shared_ptr<const TableSchema> Read(const std::string& name);
+    bool HasTable(const std::string& name);
     bool TakesAnyRow(const std::string& name);
 
     Connection& connection_;
