@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
+
 #include <filesystem>
 
 namespace platform {
@@ -68,8 +70,13 @@ bool FileExists(const QString& path) {
 
 bool AppendLine(const QString& path, const QString& text) {
     const std::optional<QString> name = AbsoluteName(path);
-    QFile file(name.value_or(QString()));
-    if (!name || !file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
+    // A pipe of this name must not hold the program up until somebody reads it.
+    const int opened = name ? ::open(QFile::encodeName(*name).constData(),
+                                     O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666)
+                            : -1;
+    QFile file;
+    if (opened < 0 ||
+        !file.open(opened, QIODevice::WriteOnly | QIODevice::Append, QFileDevice::AutoCloseHandle)) {
         return false;
     }
     const QByteArray line = Utf8FromText(text) + '\n';

@@ -28,7 +28,7 @@ QString WhyNoName();
 bool FileExists(const QString& path);
 
 /// Opens the file for appending (creating it), writes the text and a line end as UTF-8 and closes it again.
-/// False if any of that failed.
+/// False if any of that failed. Never waits: a pipe that nobody reads is a failure.
 bool AppendLine(const QString& path, const QString& text);
 
 }  // namespace platform

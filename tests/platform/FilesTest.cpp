@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -102,6 +103,13 @@ TEST(AppendLine, SaysWhenItCanNot) {
     const QTemporaryDir folder;
     EXPECT_FALSE(platform::AppendLine(folder.path(), QStringLiteral("into a folder")));
     EXPECT_FALSE(platform::AppendLine(folder.filePath(QStringLiteral("no/such/folder/log")), QString()));
+}
+
+TEST(AppendLine, DoesNotWaitForAReader) {
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(QStringLiteral("log"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(platform::AppendLine(pipe, QStringLiteral("text")));
 }
 
 TEST(AppendLine, SaysWhenTheDiskIsFull) {

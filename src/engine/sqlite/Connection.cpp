@@ -2,6 +2,9 @@
 
 #include "engine/Waiting.h"
 #include "engine/sqlite/ErrorMapping.h"
+#include "engine/sqlite/Hardening.h"
+#include "engine/sqlite/SideFiles.h"
+#include "engine/sqlite/SoundFile.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -25,7 +28,11 @@ constexpr const char* LookIntoTheFile = "select 1 from sqlite_master limit 1";
 Connection::Connection(const QString& path, Mode mode) {
     try {
         OpenFile(path, mode);
+        CheckSideFiles(handle_);
         CheckFile();
+        if (mode == Mode::Existing) {
+            RequireSound(*this);
+        }
     } catch (...) {
         Close();
         throw;
@@ -56,10 +63,7 @@ void Connection::OpenFile(const QString& path, Mode mode) {
     inserted_.Watch(handle_);
     // Room for the cursors of a running statement, so that each insert doesn't ask the system for it.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_LOOKASIDE, nullptr, 4096, 64);
-    // Names in brackets are names and nothing else; and a file from elsewhere is data, not a program.
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    Harden(handle_);
 }
 
 void Connection::CheckFile() {
@@ -69,10 +73,13 @@ void Connection::CheckFile() {
                     QStringLiteral("The database lies under a name that is not a valid path: %1.")
                         .arg(platform::WhyNoName()));
     }
+    {
+        // The first look into the file: it finds foreign, damaged and locked ones.
+        const ReadingBudget budget(handle_);
+        Run(LookIntoTheFile);
+    }
     Run("pragma synchronous = full");
     Run(PageCache);
-    // The first look into the file: it finds foreign, damaged and locked ones.
-    Run(LookIntoTheFile);
     if (sqlite3_db_readonly(handle_, "main") == 1) {
         Raise(SQLITE_READONLY);
     }

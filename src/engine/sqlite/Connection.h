@@ -24,15 +24,16 @@ struct ResetStatement {
 };
 using RunningStatement = std::unique_ptr<sqlite3_stmt, ResetStatement>;
 
-/// An open SQLite file. Locks of other programs are waited for, up to 5 seconds each time, unless the program
-/// is about to end (see Waiting.h).
+/// An open SQLite file, taken for data only (see Hardening.h). Locks of other programs are waited for, up to
+/// 5 seconds each time, unless the program is about to end (see Waiting.h).
 class Connection {
 public:
     enum class Mode { Existing, New };
 
     /// The path is absolute. Fails with 3044 if it leads to a file whose own name is no text, 3343 if the
-    /// file is no SQLite database after all, 3027 if it can't be written or has no room beside it for a
-    /// journal, 3183 if the disk is full, 3260 if locked.
+    /// file is no SQLite database after all or holds what no file of Hearthbook's does, 3027 if it can't be
+    /// written or has no room beside it for a journal, 3183 if the disk is full, 3260 if locked, 3049 if it is
+    /// damaged (see SoundFile.h) or has files beside it that can't be its own (see SideFiles.h).
     Connection(const QString& path, Mode mode);
     ~Connection();
     Connection(const Connection&) = delete;

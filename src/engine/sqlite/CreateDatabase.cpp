@@ -2,6 +2,7 @@
 
 #include "engine/FileName.h"
 #include "engine/NewFile.h"
+#include "engine/dialect/Names.h"
 #include "engine/sqlite/SqliteDatabase.h"
 #include "engine/sqlite/TableSchema.h"
 
@@ -16,27 +17,27 @@ namespace engine::sqlite {
 
 namespace {
 
-std::string Bracketed(const QString& name) {
-    return "[" + name.toStdString() + "]";
+std::string Quoted(const QString& name) {
+    return dialect::QuotedName(name.toStdString());
 }
 
 std::string CreateTableSql(const TableDefinition& table) {
     std::string columns;
     for (const ColumnDefinition& column : table.columns) {
         columns += columns.empty() ? "" : ", ";
-        columns += Bracketed(column.name) + " " + DeclaredType(column.type, column.size).toStdString();
+        columns += Quoted(column.name) + " " + DeclaredType(column.type, column.size).toStdString();
     }
-    return "create table " + Bracketed(table.name) + "(" + columns + ")";
+    return "create table " + Quoted(table.name) + "(" + columns + ")";
 }
 
 std::string CreateIndexSql(const TableDefinition& table, const IndexDefinition& index) {
     std::string columns;
     for (const QString& column : index.columns) {
         columns += columns.empty() ? "" : ", ";
-        columns += Bracketed(column);
+        columns += Quoted(column);
     }
-    return std::string("create ") + (index.unique ? "unique " : "") + "index " + Bracketed(index.name) +
-           " on " + Bracketed(table.name) + "(" + columns + ")";
+    return std::string("create ") + (index.unique ? "unique " : "") + "index " + Quoted(index.name) + " on " +
+           Quoted(table.name) + "(" + columns + ")";
 }
 
 // SQLite keeps files of these names beside a database, plays them back and removes them.

@@ -22,14 +22,14 @@ std::string RowSql(const RowWrite& row) {
     }
     switch (row.kind) {
         case RowWrite::Kind::Update:
-            return "update " + row.table->sqlName + " set " + columns + keyed;
+            return "update or abort " + row.table->sqlName + " set " + columns + keyed;
         case RowWrite::Kind::Delete:
             return "delete from " + row.table->sqlName + keyed;
         case RowWrite::Kind::Insert:
             break;
     }
-    return columns.empty() ? "insert into " + row.table->sqlName + " default values"
-                           : "insert into " + row.table->sqlName + "(" + columns + ") values(" + places + ")";
+    const std::string insert = "insert or abort into " + row.table->sqlName;
+    return insert + (columns.empty() ? " default values" : "(" + columns + ") values(" + places + ")");
 }
 
 // A copy, narrowed to the one row with a key.

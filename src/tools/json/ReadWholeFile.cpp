@@ -20,14 +20,19 @@ std::optional<QByteArray> ReadWholeFile(const QString& path, Faults& faults) {
     if (!name) {
         return RefuseUnread(faults, platform::WhyNoName());
     }
-    if (QFileInfo(*name).isDir()) {
+    const QFileInfo info(*name);
+    if (info.isDir()) {
         return RefuseUnread(faults, QStringLiteral("it is a folder"));
+    }
+    // A pipe may be waited at for ever, and a device may never end.
+    if (info.exists() && !info.isFile()) {
+        return RefuseUnread(faults, QStringLiteral("it is not a regular file"));
     }
     QFile file(*name);
     if (!file.open(QIODevice::ReadOnly)) {
         return RefuseUnread(faults, file.errorString());
     }
-    // Bounded reading rather than a look at the size: a pipe has none.
+    // Bounded reading rather than a look at the size, which some file systems don't tell.
     QByteArray bytes = file.read(LargestFile + 1);
     if (file.error() != QFileDevice::NoError) {
         return RefuseUnread(faults, file.errorString());
