@@ -49,6 +49,10 @@ void SqliteDatabase::Flush() {
     group_.Commit();
 }
 
+void SqliteDatabase::LockForImport() {
+    importLock_->Take();
+}
+
 void SqliteDatabase::CopyTo(const QString& path) {
     Flush();
     CopyDatabaseFile(connection_, path);

@@ -106,6 +106,7 @@ void WriteGroup::Begin() {
     if (open_) {
         return;
     }
+    importLock_.Require();
     KeepJournal();
     connection_.Run("begin immediate");
     open_ = true;

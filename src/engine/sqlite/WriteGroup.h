@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Error.h"
+#include "engine/ImportLock.h"
 #include "engine/sqlite/InsertBatch.h"
 #include "engine/sqlite/WriteExecutor.h"
 #include "engine/sqlite/WriteLog.h"
@@ -20,8 +21,12 @@ class WriteGroup {
 public:
     using LostWriteListener = std::function<void(const Error& error, const QString& write)>;
 
-    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor)
-        : connection_(connection), executor_(executor), batch_(connection, statements) {}
+    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor,
+               ImportLock& importLock)
+        : connection_(connection),
+          executor_(executor),
+          importLock_(importLock),
+          batch_(connection, statements) {}
 
     void OnLostWrite(LostWriteListener listener) { lostWriteListener_ = std::move(listener); }
 
@@ -58,6 +63,7 @@ private:
 
     Connection& connection_;
     WriteExecutor& executor_;
+    ImportLock& importLock_;
     InsertBatch batch_;
     LostWriteListener lostWriteListener_;
 

@@ -56,7 +56,7 @@ listed all at once, each with the place where it stands, and nothing is changed 
 
 Exit status: 0 done; 1 done, but with failures, which were reported and logged, or ended halfway by a failure
 that the last message tells; 2 nothing was done: bad usage, a portfolio that can't be read or has faults, no
-database, or the answer was No.
+database, another import under way in it, or the answer was No.
 )");
 }
 
