@@ -35,6 +35,12 @@ public:
     /// try. For a program that only pauses.
     virtual void FlushUnlessHeldUp() { Flush(); }
 
+    /// Keeps imports in other processes from writing to the file until all databases of this process that are
+    /// open on it are closed, or the process ends. Writing does the same; an import that is to change nothing
+    /// unless it can change all asks first. Fails at once with 3260, naming who keeps this one out; then all
+    /// writes fail so until this succeeds.
+    virtual void LockForImport() = 0;
+
     /// Copies the whole database, as it stands now, to a new file. Fails with 3044 if no file can have
     /// this name, 3204 if the file is there already, 3219 under a name that the database uses for itself.
     virtual void CopyTo(const QString& path) = 0;

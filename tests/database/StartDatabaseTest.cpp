@@ -1,8 +1,10 @@
 #include "database/Database.h"
 #include "database/RecordAccess.h"
 #include "platform/Failure.h"
+#include "platform/FileLock.h"
 #include "platform/Files.h"
 #include "support/FakeDatabase.h"
+#include "support/OtherProcess.h"
 #include "support/PrintQt.h"
 #include "support/RecordingMessageBoxes.h"
 #include "support/Workplace.h"
@@ -327,6 +329,25 @@ TEST_F(StartDatabaseTest, AnEmptyFileIsRefusedAndStaysEmpty) {
     EXPECT_FALSE(StartDatabase());
     ExpectErrorBox(0, "3343 - ");
     EXPECT_EQ(file.size(), 0);
+}
+
+TEST_F(StartDatabaseTest, AnImportUnderWayIsAFailureOfAnOpeningForAnImportAlone) {
+    HoldEarlierDatabase();
+    const QString path = MakeDatabase("property.mdb");
+    OtherProcess other([&] { return (new platform::FileLock(path))->TryTake(); });
+    EXPECT_FALSE(StartDatabase(database::Opening::ForImport));
+    EXPECT_TRUE(HoldsEarlierDatabase());
+    ASSERT_EQ(boxes_.requests.size(), 2U);
+    ExpectErrorBox(0,
+                   "3260 - Couldn't write; another import is filling the database: database_test, process ");
+    EXPECT_EQ(BoxText(1), QStringLiteral("No networking enabled, using ") + path);
+
+    EXPECT_TRUE(StartDatabase());
+    EXPECT_FALSE(HoldsEarlierDatabase());
+    other.Kill();
+    EXPECT_TRUE(StartDatabase(database::Opening::ForImport));
+    EXPECT_EQ(boxes_.requests.size(), 2U);
+    WriteNumber();
 }
 
 TEST_F(StartDatabaseTest, AFileThatIsNamedTakesThePlaceOfTheSettings) {

@@ -59,6 +59,10 @@ void SqliteDatabase::FlushUnlessHeldUp() {
     group_.CommitUnlessHeldUp();
 }
 
+void SqliteDatabase::LockForImport() {
+    importLock_->Take();
+}
+
 void SqliteDatabase::CopyTo(const QString& path) {
     Flush();
     CopyDatabaseFile(connection_, path);

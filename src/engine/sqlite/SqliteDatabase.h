@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Database.h"
+#include "engine/ImportLock.h"
 #include "engine/sqlite/WriteGroup.h"
 
 namespace engine::sqlite {
@@ -19,6 +20,7 @@ public:
     std::unique_ptr<Recordset> OpenRecordset(const QString& statement, short type, short lockEdit) override;
     void Flush() override;
     void FlushUnlessHeldUp() override;
+    void LockForImport() override;
     void CopyTo(const QString& path) override;
     void OnLostWrite(LostWriteListener listener) override;
 
@@ -30,10 +32,11 @@ private:
 
     QString path_;
     Connection connection_;
+    std::shared_ptr<ImportLock> importLock_ = ImportLock::Of(path_);
     SchemaCache schemas_{connection_};
     StatementCache statements_{connection_, schemas_};
     WriteExecutor executor_{connection_, statements_};
-    WriteGroup group_{connection_, statements_, executor_};
+    WriteGroup group_{connection_, statements_, executor_, *importLock_};
 };
 
 }  // namespace engine::sqlite

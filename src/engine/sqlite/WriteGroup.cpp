@@ -158,6 +158,7 @@ void WriteGroup::Begin() {
     if (transaction_.IsOpen()) {
         return;
     }
+    importLock_.Require();
     KeepJournal();
     connection_.RenewPatience();
     if (!transaction_.TryBegin()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Error.h"
+#include "engine/ImportLock.h"
 #include "engine/sqlite/HeldKeys.h"
 #include "engine/sqlite/InsertBatch.h"
 #include "engine/sqlite/MadeRows.h"
@@ -26,8 +27,12 @@ class WriteGroup {
 public:
     using LostWriteListener = std::function<void(const Error& error, const QString& write)>;
 
-    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor)
-        : connection_(connection), executor_(executor), batch_(connection, statements) {}
+    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor,
+               ImportLock& importLock)
+        : connection_(connection),
+          executor_(executor),
+          importLock_(importLock),
+          batch_(connection, statements) {}
 
     void OnLostWrite(LostWriteListener listener) { lostWriteListener_ = std::move(listener); }
 
@@ -82,6 +87,7 @@ private:
 
     Connection& connection_;
     WriteExecutor& executor_;
+    ImportLock& importLock_;
     InsertBatch batch_;
     Transaction transaction_{connection_};
     LostWriteListener lostWriteListener_;

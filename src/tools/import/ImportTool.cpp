@@ -63,14 +63,27 @@ QString Objection(const ImportOptions& options) {
     return isConfirmed ? QString() : QStringLiteral("nothing was changed");
 }
 
+int RefuseFor(const platform::Failure& failure, const QString& what) {
+    return Refuse(QStringLiteral("%1: %2 - %3").arg(what).arg(failure.Number()).arg(failure.Description()));
+}
+
+/// From here on no other import writes to the database. False if one does.
+bool KeepOtherImportsOut() {
+    try {
+        database::CurrentDatabase().LockForImport();
+        return true;
+    } catch (const platform::Failure& failure) {
+        RefuseFor(failure, QStringLiteral("nothing was changed"));
+        return false;
+    }
+}
+
 bool MakeBackup(const QString& file) {
     try {
         database::CurrentDatabase().CopyTo(file);
         return true;
     } catch (const platform::Failure& failure) {
-        Refuse(QStringLiteral("the backup could not be made, nothing was changed: %1 - %2")
-                   .arg(failure.Number())
-                   .arg(failure.Description()));
+        RefuseFor(failure, QStringLiteral("the backup could not be made, nothing was changed"));
         return false;
     }
 }
@@ -128,6 +141,9 @@ int Run(const ImportOptions& options) {
         return Show(QStringLiteral("The following items will be created.\n") +
                     records::CountsOf(records::TheCollections()) +
                     QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
+    }
+    if (!KeepOtherImportsOut()) {
+        return ExitStatus::NothingDone;
     }
     if (!options.backup.isEmpty() && !MakeBackup(options.backup)) {
         return ExitStatus::NothingDone;
