@@ -3,7 +3,7 @@
 namespace engine {
 
 /// What a program wants to know, and to decide, while an engine can't go on: another program holds the file,
-/// or writes that have failed together run again one by one.
+/// or writes that have failed together run a second time.
 class WaitingListener {
 public:
     WaitingListener() = default;

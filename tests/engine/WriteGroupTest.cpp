@@ -315,10 +315,10 @@ TEST_F(WriteGroupTest, WithoutAListenerALossIsToldAsABox) {
 
 TEST_F(WriteGroupTest, ALockIsWaitedForAndThenAnError) {
     std::atomic<bool> held = false;
-    std::thread other([&] {
+    std::jthread other([&] {
         RunElsewhere(path,
                      "begin exclusive; insert into notes values('other');"
-                     "with recursive n(i) as (select 1 union all select i + 1 from n where i < 3000000)"
+                     "with recursive n(i) as (select 1 union all select i + 1 from n where i < 500000)"
                      "select max(i) from n; commit");
         held = true;
     });
