@@ -36,7 +36,7 @@ TEST_F(GroupTimeTest, NoWriteWaitsForTheDiskLongerThanPromised) {
         ASSERT_EQ(Import(database), 0);
     }
     EXPECT_FALSE(oldest) << "everything is on the disk at the end";
-    EXPECT_GT(groups, 30);
+    EXPECT_GT(groups, 10) << "writes come to the disk in groups; the faster the machine, the fewer";
     EXPECT_GT(ReadRows(database, "select count(*) from revenues where disburse_id = -1").value(0).toInt(),
               100'000)
         << "the last update has to be long";
