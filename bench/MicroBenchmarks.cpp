@@ -44,6 +44,16 @@ void TokenizeAPeriod(benchmark::State& state) {
 }
 BENCHMARK(TokenizeAPeriod);
 
+void TokenizeAPeriodAfterOthers(benchmark::State& state) {
+    engine::dialect::RepeatTokenizer tokenizer;
+    engine::dialect::ShapedStatement statement;
+    for (auto _ : state) {
+        tokenizer.Tokenize(PeriodStatement, statement);
+        benchmark::DoNotOptimize(statement);
+    }
+}
+BENCHMARK(TokenizeAPeriodAfterOthers);
+
 }  // namespace
 
 BENCHMARK_MAIN();

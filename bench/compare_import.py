@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Measures the import against the sqlite3 program doing the very same writes, side by side in one run.
+"""Measures the import against the sqlite3 program and against prepared statements doing the very same writes, side
+by side in one run.
 
     bench/compare_import.py --programs build/release/bin
 
@@ -19,6 +20,7 @@ import time
 
 TODAY = "2026-11-21"
 WORK = "work.mdb"
+ROWS_OF_AN_INSERT = 16
 TABLES = ["glcodes", "owner", "property", "tenancy", "tenant_bond", "rent_periods", "revenues"]
 
 
@@ -50,10 +52,10 @@ class Bench:
     def import_command(self, portfolio, database, program="wrenfield-import", *first):
         return [self.program(program), *first, portfolio, "--database", database, "--yes", "--today", TODAY]
 
-    def timed(self, command, standard_input=None):
+    def timed(self, command, standard_input=None, standard_output=subprocess.DEVNULL):
         """Seconds, and the peak memory of the process in bytes."""
         began = time.monotonic()
-        process = subprocess.Popen(command, stdin=standard_input, stdout=subprocess.DEVNULL)
+        process = subprocess.Popen(command, stdin=standard_input, stdout=standard_output)
         _, status, usage = os.wait4(process.pid, 0)
         seconds = time.monotonic() - began
         process.returncode = os.waitstatus_to_exitcode(status)
@@ -77,6 +79,15 @@ class Bench:
             seconds, _ = self.timed(["sqlite3", database], file)
         return seconds, row_counts(database)
 
+    def time_prepared(self, script, rows):
+        """Without the time that it takes to read the script."""
+        database = self.fresh_copy()
+        answer = self.path("seconds")
+        with open(answer, "w") as file:
+            self.timed([self.program("prepared-writes"), script, database, str(rows)], standard_output=file)
+        with open(answer) as file:
+            return float(file.read()), row_counts(database)
+
 
 def row_counts(database):
     connection = sqlite3.connect(database)
@@ -86,7 +97,7 @@ def row_counts(database):
         connection.close()
 
 
-def compare_with_shell(bench, tenants, start, rounds):
+def compare_in_one_transaction(bench, tenants, start, rounds):
     portfolio = bench.portfolio(tenants, start, "Week")
     writes = bench.recorded_writes(portfolio)
     transaction = bench.path("transaction.sql")
@@ -94,19 +105,27 @@ def compare_with_shell(bench, tenants, start, rounds):
         target.write(b"begin;\n")
         shutil.copyfileobj(source, target)
         target.write(b"commit;\n")
-    ours, shells = [], []
+    others = {
+        "sqlite3": lambda: bench.time_shell(transaction),
+        "prepared statements": lambda: bench.time_prepared(writes, 1),
+        f"prepared statements of {ROWS_OF_AN_INSERT} rows": lambda: bench.time_prepared(writes, ROWS_OF_AN_INSERT),
+    }
+    ours, theirs = [], {name: [] for name in others}
     for _ in range(rounds):
         seconds, _, counts = bench.time_import(portfolio)
         ours.append(seconds)
-        seconds, shell_counts = bench.time_shell(transaction)
-        shells.append(seconds)
-        if counts != shell_counts:
-            sys.exit(f"the rows differ: {counts} and {shell_counts}")
+        for name, write in others.items():
+            seconds, their_counts = write()
+            theirs[name].append(seconds)
+            if counts != their_counts:
+                sys.exit(f"the rows differ: {counts} and {their_counts}")
     rows = sum(counts)
     print(f"{tenants} weekly tenancies since {start}: {counts[5]} periods, {counts[6]} receipts, {rows} rows")
-    ratio = statistics.median(shells) / statistics.median(ours)
-    print(f"  import {rows / statistics.median(ours):,.0f} rows/s, sqlite3 in one transaction "
-          f"{rows / statistics.median(shells):,.0f} rows/s: {ratio:.2f} times as fast")
+    print(f"  import {rows / statistics.median(ours):,.0f} rows/s")
+    for name, measured in theirs.items():
+        ratio = statistics.median(own / their for own, their in zip(ours, measured))
+        print(f"  {name} in one transaction {rows / statistics.median(measured):,.0f} rows/s: "
+              f"the import takes {ratio:.2f} times as long")
     return rows / statistics.median(ours)
 
 
@@ -213,12 +232,12 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         bench = Bench(arguments.programs, folder)
         if arguments.brief:
-            compare_with_shell(bench, 20, "2025-11-24", 1)
+            compare_in_one_transaction(bench, 20, "2025-11-24", 1)
             compare_with_autocommit(bench, 5, "2026-08-03")
             compare_tenant_counts(bench, 10, 80, "2026-10-05")
             compare_memory(bench, 5, ["2026-09-01"])
             return
-        ours = compare_with_shell(bench, 2000, "2021-11-22", 5)
+        ours = compare_in_one_transaction(bench, 2000, "2021-11-22", 5)
         autocommit = compare_with_autocommit(bench, 20, "2021-11-22")
         print(f"  the import is {ours / autocommit:.0f} times as fast")
         for start, *options in (["2021-11-22"], ["2021-11-22", "mixed"], ["2026-05-25", "mixed"]):

@@ -2,8 +2,6 @@
 #include "platform/Failure.h"
 #include "platform/Locale.h"
 
-#include <QVarLengthArray>
-
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -23,19 +21,29 @@ void AppendPadded(QString& text, int number, int width) {
     text += digits;
 }
 
-using DateLiteral = QVarLengthArray<QChar, 32>;
-
-void AppendDigits(DateLiteral& literal, int number, int highest) {
-    for (int digit = highest; digit > 0; digit /= 10) {
-        literal.append(QLatin1Char(static_cast<char>('0' + number / digit % 10)));
+QChar* PutDigits(QChar* place, int number, int digits) {
+    for (QChar* digit = place + digits; digit != place; number /= 10) {
+        *--digit = QLatin1Char(static_cast<char>('0' + number % 10));
     }
+    return place + digits;
 }
 
 // The engine doesn't read dates with dots, which is what the locale's separator often is.
-void AppendDateSeparator(DateLiteral& literal) {
+QChar* PutDateSeparator(QChar* place) {
     for (const QChar character : platform::DateSeparator()) {
-        literal.append(character == QLatin1Char('.') ? QLatin1Char('/') : character);
+        *place++ = character == QLatin1Char('.') ? QLatin1Char('/') : character;
     }
+    return place;
+}
+
+// A year that Hearthbook's dates don't reach keeps all its digits: the engine refuses it then, where the last
+// four would be another date.
+int DigitsOfYear(int year) {
+    int digits = 4;
+    for (int rest = year / 10000; rest > 0; rest /= 10) {
+        ++digits;
+    }
+    return digits;
 }
 
 /// A number as its decimal digits, of which the first stands in front of the decimal mark, and a power of
@@ -94,21 +102,17 @@ void AppendSqlDate(QString& statement, QDate date) {
     int month = 0;
     int day = 0;
     date.getDate(&year, &month, &day);
-    DateLiteral literal;
-    literal.append(QLatin1Char('#'));
-    AppendDigits(literal, month, 10);
-    AppendDateSeparator(literal);
-    AppendDigits(literal, day, 10);
-    AppendDateSeparator(literal);
-    // A year that Hearthbook's dates don't reach keeps all its digits: the engine refuses it then, where the
-    // last four would be another date.
-    int highest = 1000;
-    while (year / highest > 9) {
-        highest *= 10;
-    }
-    AppendDigits(literal, year, highest);
-    literal.append(QLatin1Char('#'));
-    statement.append(literal.constData(), literal.size());
+    const int digitsOfYear = DigitsOfYear(year);
+    const qsizetype begin = statement.size();
+    statement.resize(begin + 2 + 2 + 2 + digitsOfYear + 2 * platform::DateSeparator().size());
+    QChar* place = statement.data() + begin;
+    *place++ = QLatin1Char('#');
+    place = PutDigits(place, month, 2);
+    place = PutDateSeparator(place);
+    place = PutDigits(place, day, 2);
+    place = PutDateSeparator(place);
+    place = PutDigits(place, year, digitsOfYear);
+    *place = QLatin1Char('#');
 }
 
 QString SqlDate(QDate date) {

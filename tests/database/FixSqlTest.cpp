@@ -36,6 +36,14 @@ TEST(FixSqlTruth, WordsInsideOtherWordsAndQuotedTextsChangeToo) {
                 "insert into t values ('Blue-1 Ltd', '0work')");
 }
 
+TEST(FixSqlTruth, WordsAreFoundAtAnyPlace) {
+    for (size_t place = 0; place < 100; ++place) {
+        const std::string before(place, 'x');
+        ExpectFixed((before + "true").c_str(), (before + "-1").c_str());
+        ExpectFixed((before + "false").c_str(), (before + "0").c_str());
+    }
+}
+
 TEST(FixSqlTruth, NumbersAreCountedIntoPlacesOfApostrophes) {
     // The apostrophe stands at the fourth place only before "true" has become shorter.
     EXPECT_THROW(Fixed("true'xyz"), platform::Failure);

@@ -1,16 +1,15 @@
-#include "engine/Error.h"
 #include "engine/dialect/Grammar.h"
-#include "engine/dialect/Tokenizer.h"
+#include "support/TakenApart.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
-// Any text is either a statement of the dialect, whose literals are all accounted for, or an engine error.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+namespace {
+
+void RequireLiteralsAccountedFor(const QString& text) {
     engine::dialect::ShapedStatement statement;
     try {
         engine::dialect::Tokenize(text, statement);
@@ -25,7 +24,26 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
         }
     } catch (const engine::Error&) {
-        return 0;
+        return;
     }
+}
+
+void RequireTheSameOneAfterTheOther(const QStringList& statements) {
+    engine::dialect::RepeatTokenizer tokenizer;
+    for (const QString& statement : statements) {
+        if (TakenApartAfterOthers(tokenizer, statement) != TakenApartAlone(statement)) {
+            std::abort();
+        }
+    }
+}
+
+}  // namespace
+
+// Any text is either a statement of the dialect, whose literals are all accounted for, or an engine error.
+// And what a statement is doesn't hang on those before it: each line is one.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    RequireLiteralsAccountedFor(text);
+    RequireTheSameOneAfterTheOther(text.split(QLatin1Char('\n')));
     return 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QStringView>
 
 #include <algorithm>
 #include <string_view>
@@ -26,6 +27,12 @@ public:
     void Put(QByteArrayView characters) {
         std::copy(characters.begin(), characters.end(), room_.begin() + static_cast<std::ptrdiff_t>(size_));
         size_ += static_cast<size_t>(characters.size());
+    }
+
+    /// Characters below 0x80.
+    void PutAscii(QStringView characters) {
+        std::transform(characters.begin(), characters.end(), Extend(static_cast<size_t>(characters.size())),
+                       [](QChar character) { return static_cast<char>(character.unicode()); });
     }
 
     /// Room for this many characters more, to be written by the caller.

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +20,8 @@ struct Literal {
     size_t offset = 0;         ///< Where the text begins in `texts`, in bytes.
     size_t length = 0;         ///< In bytes.
     qsizetype characters = 0;  ///< In UTF-16 units, as the lengths of columns count.
+    qsizetype begin = 0;       ///< Where it stands in the text of the statement, with its quotes.
+    qsizetype end = 0;
 };
 
 /// A statement whose literals have been lifted out: statements that differ in nothing else share a shape, and
@@ -45,5 +48,27 @@ struct ShapedStatement {
 /// Fails with engine error 3075 on a text, name or date that doesn't end or isn't one, and with 3142 if
 /// anything follows the ";" that ends the statement.
 void Tokenize(const QString& text, ShapedStatement& statement);
+
+/// Does what Tokenize does for one statement after the other. One that differs from the one before in nothing
+/// but its literals is not taken apart again: what stands between them is compared, and they alone are read.
+class RepeatTokenizer {
+public:
+    void Tokenize(const QString& text, ShapedStatement& statement);
+
+private:
+    /// The text before a literal, and what the literal begins with.
+    struct Gap {
+        size_t size = 0;
+        char16_t beginning = 0;
+    };
+
+    bool TakeAsBefore(const QString& text, ShapedStatement& statement) const;
+    void Remember(QStringView text, const ShapedStatement& statement);
+
+    // The statement before; at first the one without any text.
+    std::u16string fixed_;  ///< Its text without its literals.
+    std::vector<Gap> gaps_;
+    std::string shape_;
+};
 
 }  // namespace engine::dialect

@@ -20,7 +20,7 @@ std::string ForMostRows(const dialect::ParsedStatement& insert) {
 
 InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
     dialect::ShapedStatement& shaped = shaped_.at(rows_);
-    const std::shared_ptr<PreparedStatement>& prepared = PrepareText(statement, shaped, statements_);
+    const std::shared_ptr<PreparedStatement>& prepared = statements_.ForText(statement, shaped);
     if (!prepared->canWait) {
         return Answer::CannotWait;
     }
@@ -41,6 +41,7 @@ InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
 void InsertBatch::Run() {
     const size_t rows = rows_;
     rows_ = 0;
+    connection_.Inserted().Forget();
     if (rows == MostRows) {
         Step(waiting_->compiledForMany.get());
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/dialect/Grammar.h"
+#include "engine/dialect/Tokenizer.h"
 #include "engine/sqlite/Connection.h"
 #include "engine/sqlite/TableSchema.h"
 
@@ -18,6 +19,7 @@ namespace engine::sqlite {
 struct PreparedStatement {
     dialect::ParsedStatement parsed;
     std::shared_ptr<const TableSchema> table;
+    std::shared_ptr<const TableSchema> source;  ///< Whose rows an insert copies, or null.
     /// For the literal at each place the column that it will be stored in, or null.
     std::vector<const Column*> storedIn;
     StatementHandle compiled;
@@ -35,19 +37,23 @@ public:
     StatementCache(Connection& connection, SchemaCache& schemas)
         : connection_(connection), schemas_(schemas) {}
 
-    /// Fails with 3075, 3346, 3078 or 3061 for a statement that can't run.
-    const std::shared_ptr<PreparedStatement>& ForShape(std::string_view shape);
+    /// Takes the text apart and finds what was prepared for its shape. Fails with 3075, 3142, 3346, 3078 or
+    /// 3061 for a statement that can't run.
+    const std::shared_ptr<PreparedStatement>& ForText(const QString& text, dialect::ShapedStatement& shaped);
 
     /// A compiled statement, reset and owned by the cache. The caller must be done with it before asking for
     /// the same text again.
     sqlite3_stmt* ForSql(const std::string& sql);
 
 private:
+    const std::shared_ptr<PreparedStatement>& ForShape(std::string_view shape);
     std::shared_ptr<PreparedStatement> Prepare(std::string_view shape);
-    void CheckColumns(const PreparedStatement& prepared) const;
+    static void CheckColumns(const PreparedStatement& prepared);
 
     Connection& connection_;
     SchemaCache& schemas_;
+    dialect::RepeatTokenizer tokenizer_;
+
     struct HashOfText {
         using is_transparent = void;
         size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
