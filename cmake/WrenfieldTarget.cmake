@@ -81,6 +81,19 @@ function(wrenfield_test_options target)
   target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1 -g1>)
 endfunction()
 
+# wrenfield_long_test(<name> <seconds>)
+# A test that may take so long is begun early, or it would run alone at the end.
+function(wrenfield_long_test name seconds)
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${seconds} COST ${seconds})
+endfunction()
+
+# wrenfield_busy_test(<name> <seconds>)
+# One that computes all the while, as others wait for screens. Where four tests run at a time, it counts as two.
+function(wrenfield_busy_test name seconds)
+  wrenfield_long_test(${name} ${seconds})
+  set_tests_properties(${name} PROPERTIES PROCESSORS 2)
+endfunction()
+
 # wrenfield_test(<name> SOURCES ... USES ...)
 # A program of tests. One that uses widget_test_support has an application with windows, any other one without.
 function(wrenfield_test name)
@@ -97,6 +110,6 @@ function(wrenfield_test name)
     wrenfield_precompile(${name} test_support)
   endif()
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT}
-                       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+  wrenfield_busy_test(${name} ${ARG_TIMEOUT})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()

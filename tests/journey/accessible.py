@@ -1,8 +1,11 @@
 """The controls of a running program as a screen reader sees them."""
 
+import functools
+
 from desktop import wait_for
 
 
+@functools.cache
 def library():
     # Only now: the library connects to the desktop of the environment that it is first loaded in.
     import gi
@@ -42,21 +45,29 @@ class Accessible:
     def showing(self, but_not_in=()):
         """Itself and all below it that is on show, without what lies within controls of these roles. A control that
         is gone by the time it is asked is none."""
+        return (node for node, _ in self._walk(but_not_in))
+
+    def focused(self, but_not_in=()):
+        """Those of the same that have the focus."""
+        return [node for node, states in self._walk(but_not_in) if states.contains(library().StateType.FOCUSED)]
+
+    def _walk(self, but_not_in):
+        """Each question is a message to the program and back, and there are many controls: none is asked twice."""
         try:
-            if not self.is_showing():
+            states = self.node.get_state_set()
+            if not states.contains(library().StateType.SHOWING):
                 return
-            yield self
-            children = [] if but_not_in and self.role in but_not_in else self.children()
+            yield self, states
+            children = self.children()
+            if children and but_not_in and self.role in but_not_in:
+                return
         except Exception:
             return
         for child in children:
-            yield from child.showing(but_not_in)
+            yield from child._walk(but_not_in)
 
     def is_showing(self):
         return self.node.get_state_set().contains(library().StateType.SHOWING)
-
-    def is_focused(self):
-        return self.node.get_state_set().contains(library().StateType.FOCUSED)
 
     def all(self, role=None, name=None):
         return [node for node in self.showing()

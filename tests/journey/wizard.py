@@ -106,7 +106,7 @@ class Wizard:
         """Role and name of what has the focus, or None."""
         try:
             # The toolkit calls an entry of a list focused that isn't even open.
-            focused = [node for node in self.front().showing(but_not_in=("combo box",)) if node.is_focused()]
+            focused = self.front().focused(but_not_in=("combo box",))
             return (focused[-1].role, focused[-1].name) if focused else None
         except Exception:  # A window that is gone by the time it is asked has no focus.
             return None
