@@ -11,24 +11,6 @@ namespace shell {
 
 namespace {
 
-/// Topic 2 is not in use.
-std::optional<int> TopicOfPage(int tabIndex) {
-    switch (tabIndex) {
-        case 1:
-            return 1;  // Bank Accounts
-        case 2:
-            return 6;  // User Type
-        case 3:
-            return 3;  // Owners
-        case 4:
-            return 4;  // Properties
-        case 5:
-            return 5;  // Tenants
-        default:
-            return std::nullopt;
-    }
-}
-
 void CallHelpContents() {
     platform::OpenHelp(HelpFilePath(), std::nullopt);
 }
@@ -50,14 +32,6 @@ void TellPendingFailure() {
 QString HelpFilePath() {
     return platform::WithPlatformSeparators(platform::ProgramDirectory() +
                                             QStringLiteral("\\WrenfieldHelp.chm"));
-}
-
-void ShowHelpForPage(int tabIndex) {
-    if (const std::optional<int> topic = TopicOfPage(tabIndex)) {
-        ShowHelpTopic(*topic);
-    } else {
-        ShowHelpContents();
-    }
 }
 
 void ShowHelpContents() {

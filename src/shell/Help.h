@@ -9,14 +9,10 @@ namespace shell {
 /// asked: the program that shows help says so itself.
 QString HelpFilePath();
 
-/// Opens the help for a page, by its place among the tabs: the topic of that page, or the contents on the
-/// first and the last one. The page of a landlord's own name shares its topic with the list of owners.
-///
-/// A program for showing help that can't be started is told in a message box where the contents were asked
-/// for; where a topic was, the failure goes on to the caller.
-void ShowHelpForPage(int tabIndex);
-
+/// Opens the help at its contents. A program for showing help that can't be started is told in a message box.
 void ShowHelpContents();
+
+/// Opens the help at a topic, as each page that has one does. A failure goes on to the caller.
 void ShowHelpTopic(int topic);
 
 }  // namespace shell

@@ -11,17 +11,15 @@
 #include "platform/MessageBox.h"
 #include "platform/Process.h"
 #include "records/Collections.h"
-#include "records/ImportSettings.h"
 #include "shell/Help.h"
 #include "shell/MainModule.h"
 #include "shell/Pictures.h"
 #include "shell/TutorialLink.h"
 #include "shell/UI.h"
-#include "shell/ctlFinish.h"
-#include "shell/ctlPageIntro.h"
-#include "shell/ctlPageType.h"
 
 #include <QPainter>
+
+#include <algorithm>
 
 namespace shell {
 
@@ -32,14 +30,18 @@ namespace {
 
 constexpr int innerWidth = 11970;
 constexpr int innerHeight = 8895;
-constexpr int lastTab = 6;
 constexpr int margin = 240;
-
-enum Tab { Introduction, BankAccounts, UserType, OwnersTab, PropertiesTab, TenantsTab, Finished };
+constexpr qint16 firstTab = 0;
 
 }  // namespace
 
-frmMain::frmMain(const QString& commandLine) : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
+frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
+    for (PageKind& kind : kinds) {
+        const bool sharesTab = !pages_.empty() && pages_.back().kind.tab == kind.tab;
+        const int tab = pages_.empty() ? firstTab : pages_.back().tab + (sharesTab ? 0 : 1);
+        pages_.push_back({.kind = std::move(kind), .tab = tab});
+    }
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Wrenfield Wizard"));
     setWindowIcon(WizardIcon());
@@ -55,11 +57,16 @@ frmMain::frmMain(const QString& commandLine) : QWidget(nullptr, Qt::Window | Qt:
 }
 
 void frmMain::AddHeading() {
-    HeadingControl_ = new ctlPageHeading(
-        {.Caption = QStringLiteral("Hearthbook Wrenfield Wizard"),
-         .Tabs = QStringLiteral("Introduction|Bank Accounts|User Type|Owners|Properties|Tenants|Finished|"),
-         .CloseButton = true},
-        this);
+    QStringList tabs;
+    for (const FormPage& page : pages_) {
+        if (page.tab == tabs.size()) {
+            tabs.append(page.kind.tab);
+        }
+    }
+    HeadingControl_ = new ctlPageHeading({.Caption = QStringLiteral("Hearthbook Wrenfield Wizard"),
+                                          .Tabs = tabs.join(u'|') + u'|',
+                                          .CloseButton = true},
+                                         this);
     HeadingControl_->setObjectName(QStringLiteral("HeadingControl"));
     screens::PutAt(*HeadingControl_, {15, 15, 11895, 1095});
     connect(HeadingControl_, &ctlPageHeading::TabSelect, this, &frmMain::SelectTab);
@@ -67,21 +74,13 @@ void frmMain::AddHeading() {
 }
 
 void frmMain::AddPages() {
-    const auto add = [this](auto*& page, const QString& name) {
-        page = new std::remove_reference_t<decltype(*page)>(this);
-        page->setObjectName(name);
-        page->hide();
+    for (FormPage& page : pages_) {
         constexpr int top = 1410;
-        screens::PutAt(*page, {margin, top, innerWidth - 2 * margin, 6500});
-    };
-    add(ctlPageIntro1_, QStringLiteral("ctlPageIntro1"));
-    add(ctlPageAccounts1_, QStringLiteral("ctlPageAccounts1"));
-    add(ctlPageType1_, QStringLiteral("ctlPageType1"));
-    add(ctlPageOwner1_, QStringLiteral("ctlPageOwner1"));
-    add(ctlSingleOwner1_, QStringLiteral("ctlSingleOwner1"));
-    add(ctlPageProperty1_, QStringLiteral("ctlPageProperty1"));
-    add(ctlPageTenant1_, QStringLiteral("ctlPageTenant1"));
-    add(ctlFinish1_, QStringLiteral("ctlFinish1"));
+        page.widget = page.kind.Make(this);
+        page.widget->setObjectName(page.kind.name);
+        page.widget->hide();
+        screens::PutAt(*page.widget, {margin, top, innerWidth - 2 * margin, 6500});
+    }
 }
 
 void frmMain::AddButtons() {
@@ -136,8 +135,8 @@ void frmMain::ActivateOnce() {
             "least once."));
         platform::EndProcess(1);
     }
-    for (qint16 tab = 0; tab <= lastTab; ++tab) {
-        HeadingControl_->ChangeTabEnabled(tab, tab == Introduction);
+    for (qint16 tab = firstTab; tab <= LastTab(); ++tab) {
+        HeadingControl_->ChangeTabEnabled(tab, tab == firstTab);
     }
     cmdBack_->SetEnabled(false);
     cmdFinish_->SetEnabled(false);
@@ -161,66 +160,30 @@ void frmMain::closeEvent(QCloseEvent* /*event*/) {
     Close();
 }
 
-void frmMain::ShowPage() {
-    const int index = HeadingControl_->CurrentTabIndex();
-    const bool isLandlord = records::CurrentSettings().IsLandlord;
-    // The page that shows comes up once and in its place; one that is on show already isn't touched.
-    ctlPageIntro1_->setVisible(index == Introduction);
-    ctlPageAccounts1_->setVisible(index == BankAccounts);
-    ctlPageType1_->setVisible(index == UserType);
-    ctlPageOwner1_->setVisible(index == OwnersTab && !isLandlord);
-    ctlSingleOwner1_->setVisible(index == OwnersTab && isLandlord);
-    ctlPageProperty1_->setVisible(index == PropertiesTab);
-    ctlPageTenant1_->setVisible(index == TenantsTab);
-    ctlFinish1_->setVisible(index == Finished);
-    switch (index) {
-        case BankAccounts:
-            ctlPageAccounts1_->Initialise();
-            break;
-        case OwnersTab:
-            if (isLandlord) {
-                ctlSingleOwner1_->Initialise();
-            } else {
-                ctlPageOwner1_->Initialise();
-            }
-            break;
-        case PropertiesTab:
-            ctlPageProperty1_->Initialise();
-            break;
-        case TenantsTab:
-            ctlPageTenant1_->Initialise();
-            break;
-        case Finished:
-            ctlFinish1_->Initialise();
-            break;
-        default:
-            break;
-    }
+const frmMain::FormPage& frmMain::CurrentPage() const {
+    return *std::find_if(pages_.begin(), pages_.end(), [this](const FormPage& page) {
+        return page.tab == HeadingControl_->CurrentTabIndex() && page.kind.IsMeant();
+    });
 }
 
-bool frmMain::IsPageValid(int tabIndex) {
-    switch (tabIndex) {
-        case BankAccounts:
-            return ctlPageAccounts1_->IsValid();
-        case UserType:
-            return ctlPageType1_->IsValid();
-        case OwnersTab:
-            return records::CurrentSettings().IsLandlord ? ctlSingleOwner1_->IsValid()
-                                                         : ctlPageOwner1_->IsValid();
-        case PropertiesTab:
-            return ctlPageProperty1_->IsValid();
-        case TenantsTab:
-            return ctlPageTenant1_->IsValid();
-        default:
-            return true;
+int frmMain::LastTab() const {
+    return pages_.back().tab;
+}
+
+void frmMain::ShowPage() {
+    const FormPage& current = CurrentPage();
+    // The page that shows comes up once and in its place; one that is on show already isn't touched.
+    for (const FormPage& page : pages_) {
+        page.widget->setVisible(&page == &current);
     }
+    current.kind.Initialise(*current.widget);
 }
 
 void frmMain::EnableButtons() {
     const int index = HeadingControl_->CurrentTabIndex();
-    cmdBack_->SetEnabled(index > 0);
-    cmdNext_->SetEnabled(index != lastTab);
-    cmdFinish_->SetEnabled(index == lastTab);
+    cmdBack_->SetEnabled(index > firstTab);
+    cmdNext_->SetEnabled(index != LastTab());
+    cmdFinish_->SetEnabled(index == LastTab());
     // A button that can't be clicked any more must not keep the keyboard. Finish doesn't get it by itself:
     // one more Enter would delete what is in the database.
     if (const auto* focused = qobject_cast<ctlButton*>(focusWidget()); focused && !focused->Enabled()) {
@@ -229,7 +192,7 @@ void frmMain::EnableButtons() {
 }
 
 void frmMain::GoNext() {
-    if (!IsPageValid(HeadingControl_->CurrentTabIndex())) {
+    if (const FormPage& current = CurrentPage(); !current.kind.IsValid(*current.widget)) {
         return;
     }
     HeadingControl_->ChangeTab(static_cast<qint16>(HeadingControl_->CurrentTabIndex() + 1));
@@ -250,7 +213,11 @@ void frmMain::SelectTab() {
 }
 
 void frmMain::ShowHelp() {
-    ShowHelpForPage(HeadingControl_->CurrentTabIndex());
+    if (const std::optional<int> topic = CurrentPage().kind.helpTopic) {
+        ShowHelpTopic(*topic);
+    } else {
+        ShowHelpContents();
+    }
 }
 
 void frmMain::RestartApplication() const {

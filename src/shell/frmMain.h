@@ -1,9 +1,12 @@
 #pragma once
 
-#include "screens/ListPages.h"
-#include "screens/ctlSingleOwner.h"
+#include "screens/Paper.h"
+#include "shell/Pages.h"
 
+#include <QStringList>
 #include <QWidget>
+
+#include <vector>
 
 namespace controls {
 class ctlButton;
@@ -11,10 +14,6 @@ class ctlPageHeading;
 }  // namespace controls
 
 namespace shell {
-
-class ctlFinish;
-class ctlPageIntro;
-class ctlPageType;
 
 /// The wizard: the heading with its seven tabs, the pages stacked at one place below it, and five buttons. It
 /// has no border and no title bar of its own; its frame is drawn, and its close button is the one of the
@@ -28,7 +27,7 @@ class frmMain : public QWidget {
 public:
     /// Opens the database and makes the collections; the process ends here if the database can't be opened.
     /// The command line is what follows the program's name.
-    explicit frmMain(const QString& commandLine);
+    explicit frmMain(const QString& commandLine, std::vector<PageKind> kinds = Pages());
 
     /// Starts Hearthbook, if the command line asked for that and it lies beside the program. It is not waited
     /// for.
@@ -41,6 +40,12 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    struct FormPage {
+        PageKind kind;
+        int tab = 0;
+        QWidget* widget = nullptr;
+    };
+
     void AddHeading();
     void AddPages();
     void AddButtons();
@@ -51,10 +56,10 @@ private:
     /// What has to be done once, when the form first shows.
     void ActivateOnce();
 
+    const FormPage& CurrentPage() const;
+    int LastTab() const;
     /// Shows the page of the current tab, filled anew.
     void ShowPage();
-    /// Whether the page may be left forward.
-    bool IsPageValid(int tabIndex);
     /// The buttons that the position allows.
     void EnableButtons();
 
@@ -69,14 +74,7 @@ private:
     bool ActivatedOnce_ = false;
     bool RestartRequested_ = false;
     controls::ctlPageHeading* HeadingControl_ = nullptr;
-    ctlPageIntro* ctlPageIntro1_ = nullptr;
-    screens::ctlPageAccounts* ctlPageAccounts1_ = nullptr;
-    ctlPageType* ctlPageType1_ = nullptr;
-    screens::ctlPageOwner* ctlPageOwner1_ = nullptr;
-    screens::ctlSingleOwner* ctlSingleOwner1_ = nullptr;
-    screens::ctlPageProperty* ctlPageProperty1_ = nullptr;
-    screens::ctlPageTenant* ctlPageTenant1_ = nullptr;
-    ctlFinish* ctlFinish1_ = nullptr;
+    std::vector<FormPage> pages_;
     controls::ctlButton* cmdBack_ = nullptr;
     controls::ctlButton* cmdNext_ = nullptr;
     controls::ctlButton* cmdFinish_ = nullptr;

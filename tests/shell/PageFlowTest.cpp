@@ -67,6 +67,36 @@ TEST_F(PageFlowTest, EachPageHasItsTabAndItsButtons) {
     }
 }
 
+// Once as the tab changes, and once more by the button; the second time finds what the first has left.
+TEST_F(PageFlowTest, AButtonFillsThePageTwiceAndATabOnce) {
+    AddOneOfEach();
+    EXPECT_EQ(filled, (QHash<QString, int>{{QStringLiteral("ctlPageIntro1"), 1}}));
+    const auto fills = [this](const auto& move) {
+        filled.clear();
+        move();
+        return filled;
+    };
+    const QStringList pages{QStringLiteral("ctlPageIntro1"),    QStringLiteral("ctlPageAccounts1"),
+                            QStringLiteral("ctlPageType1"),     QStringLiteral("ctlSingleOwner1"),
+                            QStringLiteral("ctlPageProperty1"), QStringLiteral("ctlPageTenant1"),
+                            QStringLiteral("ctlFinish1")};
+    for (int tab = 1; tab < pages.size(); ++tab) {
+        EXPECT_EQ(fills([&] { GoTo(tab); }), (QHash<QString, int>{{pages[tab], 2}}));
+    }
+    for (int tab = 5; tab >= 0; --tab) {
+        EXPECT_EQ(fills([&] { Press("cmdBack"); }), (QHash<QString, int>{{pages[tab], 2}}));
+    }
+    EXPECT_EQ(fills([&] { Heading().ChangeTab(4); }), (QHash<QString, int>{{pages[4], 1}}));
+}
+
+TEST_F(PageFlowTest, APageThatMayNotBeLeftIsNotFilledAnew) {
+    GoTo(4);
+    filled.clear();
+    Press("cmdNext");
+    ASSERT_EQ(boxes.requests.size(), 1U);
+    EXPECT_TRUE(filled.isEmpty());
+}
+
 TEST_F(PageFlowTest, BackAsksNothingAndKeepsTabsEnabled) {
     AddOneOfEach();
     GoTo(6);

@@ -8,7 +8,7 @@
 WizardForm::WizardForm() {
     tools::CreateHearthbookDatabase(workplace.Path(QStringLiteral("property.mdb")));
     records::CurrentSettings() = {};
-    form = std::make_unique<shell::frmMain>(QString());
+    form = std::make_unique<shell::frmMain>(QString(), CountedPages());
     ShowAndActivate(*form);
 }
 
@@ -17,12 +17,22 @@ WizardForm::~WizardForm() {
     database::SetCurrentDatabase(nullptr);
 }
 
+std::vector<shell::PageKind> WizardForm::CountedPages() {
+    std::vector<shell::PageKind> pages = shell::Pages();
+    for (shell::PageKind& page : pages) {
+        page.Initialise = [this, name = page.name, initialise = page.Initialise](QWidget& widget) {
+            ++filled[name];
+            initialise(widget);
+        };
+    }
+    return pages;
+}
+
 QStringList WizardForm::PagesOnShow() const {
     QStringList names;
-    for (const char* name : {"ctlPageIntro1", "ctlPageAccounts1", "ctlPageType1", "ctlPageOwner1",
-                             "ctlSingleOwner1", "ctlPageProperty1", "ctlPageTenant1", "ctlFinish1"}) {
-        if (Find(name).isVisible()) {
-            names += QLatin1String(name);
+    for (const shell::PageKind& page : shell::Pages()) {
+        if (Find(page.name.toLatin1().constData()).isVisible()) {
+            names += page.name;
         }
     }
     return names;

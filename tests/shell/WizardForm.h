@@ -6,6 +6,8 @@
 #include "support/RecordingMessageBoxes.h"
 #include "support/Workplace.h"
 
+#include <QHash>
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -30,7 +32,13 @@ protected:
     /// The pages that are on show; there has to be one.
     QStringList PagesOnShow() const;
 
+    /// How often each page has been filled anew since this was last emptied, by its name.
+    QHash<QString, int> filled;
+
     Workplace workplace;
     RecordingMessageBoxes boxes;
     std::unique_ptr<shell::frmMain> form;
+
+private:
+    std::vector<shell::PageKind> CountedPages();
 };

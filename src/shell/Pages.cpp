@@ -1,0 +1,66 @@
+#include "shell/Pages.h"
+
+#include "records/ImportSettings.h"
+#include "screens/ListPages.h"
+#include "screens/ctlSingleOwner.h"
+#include "shell/ctlFinish.h"
+#include "shell/ctlPageIntro.h"
+#include "shell/ctlPageType.h"
+
+namespace shell {
+
+namespace {
+
+constexpr std::optional<int> contents;
+
+bool IsForAll() {
+    return true;
+}
+
+bool IsForLandlords() {
+    return records::CurrentSettings().IsLandlord;
+}
+
+bool IsForManagers() {
+    return !IsForLandlords();
+}
+
+/// A page has Initialise and IsValid if there is something to fill in or to check.
+template <typename Page>
+PageKind KindOf(const QString& tab, const QString& name, std::optional<int> helpTopic,
+                bool (*isMeant)() = IsForAll) {
+    PageKind kind{.tab = tab,
+                  .name = name,
+                  .helpTopic = helpTopic,
+                  .IsMeant = isMeant,
+                  .Make = [](QWidget* parent) { return new Page(parent); },
+                  .Initialise = [](QWidget& /*page*/) {},
+                  .IsValid = [](QWidget& /*page*/) { return true; }};
+    if constexpr (requires(Page page) { page.Initialise(); }) {
+        kind.Initialise = [](QWidget& page) { static_cast<Page&>(page).Initialise(); };
+    }
+    if constexpr (requires(Page page) { page.IsValid(); }) {
+        kind.IsValid = [](QWidget& page) { return static_cast<Page&>(page).IsValid(); };
+    }
+    return kind;
+}
+
+}  // namespace
+
+const std::vector<PageKind>& Pages() {
+    using namespace screens;
+    // Topic 2 of the help is not in use.
+    static const std::vector<PageKind> pages{
+        KindOf<ctlPageIntro>(QStringLiteral("Introduction"), QStringLiteral("ctlPageIntro1"), contents),
+        KindOf<ctlPageAccounts>(QStringLiteral("Bank Accounts"), QStringLiteral("ctlPageAccounts1"), 1),
+        KindOf<ctlPageType>(QStringLiteral("User Type"), QStringLiteral("ctlPageType1"), 6),
+        KindOf<ctlPageOwner>(QStringLiteral("Owners"), QStringLiteral("ctlPageOwner1"), 3, IsForManagers),
+        KindOf<ctlSingleOwner>(QStringLiteral("Owners"), QStringLiteral("ctlSingleOwner1"), 3,
+                               IsForLandlords),
+        KindOf<ctlPageProperty>(QStringLiteral("Properties"), QStringLiteral("ctlPageProperty1"), 4),
+        KindOf<ctlPageTenant>(QStringLiteral("Tenants"), QStringLiteral("ctlPageTenant1"), 5),
+        KindOf<ctlFinish>(QStringLiteral("Finished"), QStringLiteral("ctlFinish1"), contents)};
+    return pages;
+}
+
+}  // namespace shell
