@@ -24,6 +24,7 @@ inline constexpr QLatin1String BalanceOptionRequired{
     "You need to select one of the options to either enter the rent balance or leave it blank"};
 inline constexpr QLatin1String NameExists{"Another record already exists with the same name"};
 
+inline constexpr QLatin1String TypeRequired{"You must select a type"};
 inline constexpr QLatin1String NoBankAccounts{"You need to have at least one bank account"};
 inline constexpr QLatin1String NoProperties{"You have not entered any properties"};
 inline constexpr QLatin1String NoTenants{"You have not entered any tenants"};

@@ -7,6 +7,21 @@
 namespace records {
 namespace {
 
+struct Check {
+    bool isBroken;
+    EntryFault fault;
+};
+
+EntryFaults Broken(std::initializer_list<Check> checks) {
+    EntryFaults faults;
+    for (const Check& check : checks) {
+        if (check.isBroken) {
+            faults.push_back(check.fault);
+        }
+    }
+    return faults;
+}
+
 void WriteEntry(BankAccount& record, const BankAccountEntry& entry) {
     record.BalanceAmount = entry.BalanceAmount;
     record.BankAccountName = entry.BankAccountName;
@@ -23,32 +38,24 @@ void WriteEntry(Property& record, const PropertyEntry& entry) {
 
 }  // namespace
 
-QString FirstFault(const BankAccountEntry& entry) {
-    return entry.BankAccountName.isEmpty() ? QString(EntryMessage::AccountNameRequired) : QString();
+EntryFaults FaultsOf(const BankAccountEntry& entry) {
+    return Broken(
+        {{entry.BankAccountName.isEmpty(), {"BankAccountName", EntryMessage::AccountNameRequired}}});
 }
 
-QString FirstFault(const OwnerEntry& entry) {
-    return entry.OwnersName.isEmpty() ? QString(EntryMessage::NameRequired) : QString();
+EntryFaults FaultsOf(const OwnerEntry& entry) {
+    return Broken({{entry.OwnersName.isEmpty(), {"OwnersName", EntryMessage::NameRequired}}});
 }
 
-QString FirstFault(const PropertyEntry& entry) {
-    return entry.Address1.isEmpty() ? QString(EntryMessage::Address1Required) : QString();
+EntryFaults FaultsOf(const PropertyEntry& entry) {
+    return Broken({{entry.Address1.isEmpty(), {"Address1", EntryMessage::Address1Required}}});
 }
 
-QString FirstFault(const TenantEntry& entry) {
-    if (entry.Name.isEmpty()) {
-        return EntryMessage::NameRequired;
-    }
-    if (entry.PropertyName.isEmpty()) {
-        return EntryMessage::PropertyRequired;
-    }
-    if (platform::IsNoDate(entry.StartDate)) {
-        return EntryMessage::StartDateRequired;
-    }
-    if (!entry.Setbalance.has_value()) {
-        return EntryMessage::BalanceOptionRequired;
-    }
-    return {};
+EntryFaults FaultsOf(const TenantEntry& entry) {
+    return Broken({{entry.Name.isEmpty(), {"Name", EntryMessage::NameRequired}},
+                   {entry.PropertyName.isEmpty(), {"PropertyName", EntryMessage::PropertyRequired}},
+                   {platform::IsNoDate(entry.StartDate), {"StartDate", EntryMessage::StartDateRequired}},
+                   {!entry.Setbalance.has_value(), {"Setbalance", EntryMessage::BalanceOptionRequired}}});
 }
 
 bool NeedsZeroRentAnswer(const TenantEntry& entry) {

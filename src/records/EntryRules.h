@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 /// The rules that decide what may enter the collections, for everything that lets records in: the dialogs and
 /// the batch tool. No rule here shows a message, but NameExists of the collections does.
@@ -52,12 +53,19 @@ struct TenantEntry {
     qint16 MonthDay = 1;
 };
 
-/// The message of the first check that fails, in the order in which the user is told; empty if all pass.
+/// What is wrong with an entry, and the member of it that is to be mended.
+struct EntryFault {
+    const char* Field;
+    QLatin1String Message;
+};
+
+/// All faults of an entry, in the order in which a user is told them one by one; none if it may be taken.
 /// Whether the name is free, and whether a rent of zero is meant, is looked at after these.
-QString FirstFault(const BankAccountEntry& entry);
-QString FirstFault(const OwnerEntry& entry);
-QString FirstFault(const PropertyEntry& entry);
-QString FirstFault(const TenantEntry& entry);
+using EntryFaults = std::vector<EntryFault>;
+EntryFaults FaultsOf(const BankAccountEntry& entry);
+EntryFaults FaultsOf(const OwnerEntry& entry);
+EntryFaults FaultsOf(const PropertyEntry& entry);
+EntryFaults FaultsOf(const TenantEntry& entry);
 
 /// Whether EntryQuestion::ZeroRent has to be asked.
 bool NeedsZeroRentAnswer(const TenantEntry& entry);

@@ -1,6 +1,7 @@
 #include "records/RentFrequency.h"
 
-#include <QHash>
+#include <algorithm>
+#include <array>
 
 namespace records {
 
@@ -8,15 +9,58 @@ namespace {
 
 constexpr int DaysOfWeek = 7;
 
+struct NamedFrequency {
+    Frequency frequency;
+    QLatin1String name;
+    bool isOffered = true;
+};
+
+constexpr std::array<NamedFrequency, 5> frequencies = {{
+    {Frequency::Day, QLatin1String("Day")},
+    {Frequency::Week, QLatin1String("Week")},
+    {Frequency::Month, QLatin1String("Month")},
+    {Frequency::Year, QLatin1String("Year")},
+    // Hearthbook knows it, for one period that is as long as the tenancy.
+    {Frequency::Duration, QLatin1String("Duration"), false},
+}};
+
 }  // namespace
 
 Frequency FrequencyOf(const QString& every_freq) {
-    static const QHash<QString, Frequency> frequencies = {
-        {QStringLiteral("Day"), Frequency::Day},           {QStringLiteral("Week"), Frequency::Week},
-        {QStringLiteral("Month"), Frequency::Month},       {QStringLiteral("Year"), Frequency::Year},
-        {QStringLiteral("Duration"), Frequency::Duration},
-    };
-    return frequencies.value(every_freq, Frequency::Unknown);
+    const auto* const found =
+        std::find_if(frequencies.begin(), frequencies.end(),
+                     [&](const NamedFrequency& each) { return each.name == every_freq; });
+    return found == frequencies.end() ? Frequency::Unknown : found->frequency;
+}
+
+const QStringList& OfferedFrequencies() {
+    static const QStringList offered = [] {
+        QStringList names;
+        for (const NamedFrequency& each : frequencies) {
+            if (each.isOffered) {
+                names.append(each.name);
+            }
+        }
+        return names;
+    }();
+    return offered;
+}
+
+QString DefaultFrequency() {
+    return QStringLiteral("Week");
+}
+
+QString FrequencyRequired() {
+    QStringList names;
+    for (const QString& name : OfferedFrequencies()) {
+        names.append(u'"' + name + u'"');
+    }
+    const QString last = names.takeLast();
+    return QStringLiteral("Must be %1 or %2").arg(names.join(QStringLiteral(", ")), last);
+}
+
+bool HasMonthDay(const QString& frequency) {
+    return FrequencyOf(frequency) == Frequency::Month;
 }
 
 QDate StepFrom(QDate day, Frequency frequency, qint16 every_amt) {

@@ -94,8 +94,8 @@ protected:
 
     void Save() override {
         Entry entry = Entered();
-        if (const QString fault = records::FirstFault(entry); !fault.isEmpty()) {
-            platform::ShowMessageBox(fault);
+        if (const records::EntryFaults faults = records::FaultsOf(entry); !faults.empty()) {
+            platform::ShowMessageBox(faults.front().Message);
             return;
         }
         if (!IsConfirmed(entry) || Records().NameExists(NameIn(entry), edit_)) {

@@ -3,6 +3,7 @@
 #include "controls/Font.h"
 #include "platform/NoDate.h"
 #include "platform/Rounding.h"
+#include "records/RentFrequency.h"
 
 #include <QLabel>
 #include <QRadioButton>
@@ -110,11 +111,8 @@ void frmTenant::AddMonthDayFields() {
 
 void frmTenant::Load() {
     connect(cboFrequency_, &QComboBox::currentTextChanged, this, &frmTenant::ShowMonthDay);
-    for (const QString& unit :
-         {QStringLiteral("Day"), QStringLiteral("Week"), QStringLiteral("Month"), QStringLiteral("Year")}) {
-        cboFrequency_->addItem(unit);
-    }
-    cboFrequency_->setCurrentText(QStringLiteral("Week"));
+    cboFrequency_->addItems(records::OfferedFrequencies());
+    cboFrequency_->setCurrentText(records::DefaultFrequency());
     ShowMonthDay();
     for (const auto& property : records::TheCollections().Properties) {
         if (records::CanBeLet(*property)) {
@@ -127,10 +125,10 @@ void frmTenant::Load() {
 }
 
 void frmTenant::ShowMonthDay() {
-    const bool isMonthly = cboFrequency_->currentText() == QStringLiteral("Month");
-    lblMonthDay1_->setVisible(isMonthly);
-    lblMonthDay2_->setVisible(isMonthly);
-    txtMonthDay_->setVisible(isMonthly);
+    const bool hasMonthDay = records::HasMonthDay(cboFrequency_->currentText());
+    lblMonthDay1_->setVisible(hasMonthDay);
+    lblMonthDay2_->setVisible(hasMonthDay);
+    txtMonthDay_->setVisible(hasMonthDay);
 }
 
 records::Tenants& frmTenant::Records() {

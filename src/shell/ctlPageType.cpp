@@ -5,6 +5,7 @@
 #include "controls/ctlTextBox.h"
 #include "platform/MessageBox.h"
 #include "platform/NoDate.h"
+#include "records/EntryMessages.h"
 #include "records/ImportSettings.h"
 #include "screens/Paper.h"
 
@@ -73,7 +74,7 @@ void ctlPageType::UpdateControls() {
 
 bool ctlPageType::IsValid() {
     if (!optLandlord_->isChecked() && !optManager_->isChecked()) {
-        platform::ShowMessageBox(QStringLiteral("You must select a type"));
+        platform::ShowMessageBox(records::EntryMessage::TypeRequired);
         return false;
     }
     records::CurrentSettings() = {.IsLandlord = optLandlord_->isChecked(),

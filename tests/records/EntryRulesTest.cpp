@@ -5,8 +5,19 @@ namespace {
 
 using namespace records;
 
+/// Field and message of each fault.
+using Faults = std::vector<std::pair<std::string, std::string>>;
+
 class EntryRulesTest : public RecordsTest {
 protected:
+    static Faults Told(const EntryFaults& faults) {
+        Faults told;
+        for (const EntryFault& fault : faults) {
+            told.emplace_back(fault.Field, fault.Message.data());
+        }
+        return told;
+    }
+
     static TenantEntry CompleteTenant() {
         TenantEntry entry;
         entry.Name = u"Ada Finch"_s;
@@ -24,26 +35,35 @@ protected:
 };
 
 TEST_F(EntryRulesTest, NamesAreRequired) {
-    EXPECT_EQ(FirstFault(BankAccountEntry{}), u"An account name is required"_s);
-    EXPECT_EQ(FirstFault(BankAccountEntry{u" "_s, {}, 0}), QString());
-    EXPECT_EQ(FirstFault(OwnerEntry{}), u"A name is required"_s);
-    EXPECT_EQ(FirstFault(OwnerEntry{u"x"_s}), QString());
-    EXPECT_EQ(FirstFault(PropertyEntry{}), u"An address 1 is required"_s);
-    EXPECT_EQ(FirstFault(PropertyEntry{u"x"_s, {}, {}, {}, {}, {}}), QString());
+    EXPECT_EQ(Told(FaultsOf(BankAccountEntry{})),
+              Faults({{"BankAccountName", "An account name is required"}}));
+    EXPECT_EQ(Told(FaultsOf(BankAccountEntry{u" "_s, {}, 0})), Faults());
+    EXPECT_EQ(Told(FaultsOf(OwnerEntry{})), Faults({{"OwnersName", "A name is required"}}));
+    EXPECT_EQ(Told(FaultsOf(OwnerEntry{u"x"_s})), Faults());
+    EXPECT_EQ(Told(FaultsOf(PropertyEntry{})), Faults({{"Address1", "An address 1 is required"}}));
+    EXPECT_EQ(Told(FaultsOf(PropertyEntry{u"x"_s, {}, {}, {}, {}, {}})), Faults());
 }
 
-TEST_F(EntryRulesTest, ATenantsFaultsComeInTheirOrder) {
+TEST_F(EntryRulesTest, ATenantsFaultsComeAllAndInTheirOrder) {
+    Faults faults{
+        {"Name", "A name is required"},
+        {"PropertyName", "A property selection is required"},
+        {"StartDate", "A start date is required."},
+        {"Setbalance",
+         "You need to select one of the options to either enter the rent balance or leave it blank"}};
     TenantEntry entry;
-    EXPECT_EQ(FirstFault(entry), u"A name is required"_s);
-    entry.Name = u"Ada"_s;
-    EXPECT_EQ(FirstFault(entry), u"A property selection is required"_s);
+    EXPECT_EQ(Told(FaultsOf(entry)), faults);
     entry.PropertyName = u"12 Main Road"_s;
-    EXPECT_EQ(FirstFault(entry), u"A start date is required."_s);
+    faults.erase(faults.begin() + 1);
+    EXPECT_EQ(Told(FaultsOf(entry)), faults);
+    entry.Name = u"Ada"_s;
+    faults.erase(faults.begin());
+    EXPECT_EQ(Told(FaultsOf(entry)), faults);
     entry.StartDate = QDate(2026, 1, 1);
-    EXPECT_EQ(FirstFault(entry),
-              u"You need to select one of the options to either enter the rent balance or leave it blank"_s);
-    entry.Setbalance = true;
-    EXPECT_EQ(FirstFault(entry), QString());
+    faults.erase(faults.begin());
+    EXPECT_EQ(Told(FaultsOf(entry)), faults);
+    entry.Setbalance = false;
+    EXPECT_EQ(Told(FaultsOf(entry)), Faults());
 }
 
 TEST_F(EntryRulesTest, OnlyARentOfZeroIsAskedAbout) {

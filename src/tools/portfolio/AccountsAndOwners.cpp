@@ -19,9 +19,7 @@ records::BankAccountEntry ReadAccount(ObjectReader& account, records::BankAccoun
     entry.BalanceAmount = account.Number("BalanceAmount").value_or(0);
     account.RefuseUnknownMembers();
     entry.BankAccountName = name.value_or(QString());
-    if (const QString message = records::FirstFault(entry); name && !message.isEmpty()) {
-        account.Refuse(accountName, message);
-    }
+    RefuseFaults(account, records::FaultsOf(entry));
     EnterName(account, accountName, name, names);
     return entry;
 }
@@ -60,9 +58,8 @@ void ReadOwner(const JsonValue& value, const QString& pointer, Reading& reading)
     const std::optional<QString> name = owner.Text("OwnersName", limit);
     owner.RefuseUnknownMembers();
     const records::OwnerEntry entry{name.value_or(QString())};
-    const QString message = reading.isLandlord ? QString() : records::FirstFault(entry);
-    if (name && !message.isEmpty()) {
-        owner.Refuse("OwnersName", message);
+    if (!reading.isLandlord) {
+        RefuseFaults(owner, records::FaultsOf(entry));
     }
     EnterName(owner, "OwnersName", name, reading.owners);
     reading.collections.Owners.Add(records::MakeRecord(entry));

@@ -20,6 +20,7 @@ const JsonValue* ObjectReader::Value(const char* name) {
 
 void ObjectReader::Refuse(const char* name, const QString& rule) {
     const JsonValue* value = Value(name);
+    refused_.insert(QLatin1String(name));
     faults_.push_back({PointerTo(name), rule, value ? value->Shown() : QStringLiteral("nothing")});
 }
 

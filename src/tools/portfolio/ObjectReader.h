@@ -38,6 +38,8 @@ public:
     /// A fault about a member that has been read.
     void Refuse(const char* name, const QString& rule);
 
+    bool IsRefused(const char* name) const { return refused_.contains(QLatin1String(name)); }
+
     /// To be called when all has been read: any other member is a fault.
     void RefuseUnknownMembers();
 
@@ -50,6 +52,7 @@ private:
     QString pointer_;
     Faults& faults_;
     QSet<QString> known_;
+    QSet<QString> refused_;
 };
 
 /// Whether the value is an object, with a fault if it isn't.

@@ -17,7 +17,7 @@ void ReadUserType(ObjectReader& portfolio, Reading& reading) {
     const std::optional<QString> type = portfolio.Text("UserType");
     reading.isLandlord = type == QLatin1String("Landlord");
     if (type && type->isEmpty()) {
-        portfolio.Refuse("UserType", QStringLiteral("You must select a type"));
+        portfolio.Refuse("UserType", records::EntryMessage::TypeRequired);
     } else if (type && !reading.isLandlord && *type != QLatin1String("Manager")) {
         portfolio.Refuse("UserType", QStringLiteral("Must be \"Landlord\" or \"Manager\""));
     }
@@ -53,6 +53,14 @@ void RefuseTooManyRecords(ObjectReader& portfolio, const char* section, qsizetyp
         faults.push_back({portfolio.PointerTo(section),
                           QStringLiteral("At most %1 records are allowed").arg(mostRecords),
                           QString::number(count)});
+    }
+}
+
+void RefuseFaults(ObjectReader& record, const records::EntryFaults& faults) {
+    for (const records::EntryFault& fault : faults) {
+        if (!record.IsRefused(fault.Field)) {
+            record.Refuse(fault.Field, fault.Message);
+        }
     }
 }
 

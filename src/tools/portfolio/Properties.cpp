@@ -25,9 +25,7 @@ records::PropertyEntry ReadPropertyEntry(ObjectReader& property, Reading& readin
     const std::optional<QString> account = property.Text("BankAccount");
     const std::optional<QString> units = property.Text("UnitNumbers");
     property.RefuseUnknownMembers();
-    if (const QString message = records::FirstFault(entry); address && !message.isEmpty()) {
-        property.Refuse("Address1", message);
-    }
+    RefuseFaults(property, records::FaultsOf(entry));
     EnterName(property, "Address1", address, reading.properties);
     RefuseUnknownReference(property, "Owner", owner, reading.owners,
                            QStringLiteral("No owner has this name"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/Collections.h"
+#include "records/EntryRules.h"
 #include "tools_core/portfolio/NameBook.h"
 #include "tools_core/portfolio/ObjectReader.h"
 
@@ -28,6 +29,10 @@ void ReadTenants(ObjectReader& portfolio, Reading& reading);
 /// Places in a collection are counted in 16 bits.
 void RefuseTooManyRecords(ObjectReader& portfolio, const char* section, qsizetype count, Faults& faults);
 bool FitsACollection(qsizetype count);
+
+/// Refuses what the rules of entry find, member by member. One that is refused already could not be read, or
+/// the user has something to mend there anyway.
+void RefuseFaults(ObjectReader& record, const records::EntryFaults& faults);
 
 /// Notes a record's name: one that is taken already is a fault. Without a name (it couldn't be read) the book
 /// knows that it is incomplete.

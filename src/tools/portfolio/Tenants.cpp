@@ -9,12 +9,10 @@ namespace tools {
 namespace {
 
 void RefuseUnletProperty(ObjectReader& tenant, const std::optional<QString>& name, const Reading& reading) {
-    if (!name) {
+    if (!name || name->isEmpty()) {
         return;
     }
-    if (name->isEmpty()) {
-        tenant.Refuse("PropertyName", records::EntryMessage::PropertyRequired);
-    } else if (!reading.properties.MayHold(*name)) {
+    if (!reading.properties.MayHold(*name)) {
         tenant.Refuse("PropertyName", QStringLiteral("No property has this name"));
     } else if (reading.properties.Holds(*name) && !reading.lettable.MayHold(*name)) {
         tenant.Refuse("PropertyName", QStringLiteral("A building with units can't be let itself"));
@@ -23,15 +21,13 @@ void RefuseUnletProperty(ObjectReader& tenant, const std::optional<QString>& nam
 
 QString ReadFrequency(ObjectReader& tenant) {
     if (!tenant.Value("RentFrequency")) {
-        return QStringLiteral("Week");
+        return records::DefaultFrequency();
     }
-    QString frequency = tenant.Text("RentFrequency").value_or(QStringLiteral("Week"));
-    static const QStringList offered{QStringLiteral("Day"), QStringLiteral("Week"), QStringLiteral("Month"),
-                                     QStringLiteral("Year")};
-    if (!offered.contains(frequency)) {
-        tenant.Refuse("RentFrequency", QStringLiteral("Must be \"Day\", \"Week\", \"Month\" or \"Year\""));
+    const std::optional<QString> frequency = tenant.Text("RentFrequency");
+    if (frequency && !records::OfferedFrequencies().contains(*frequency)) {
+        tenant.Refuse("RentFrequency", records::FrequencyRequired());
     }
-    return frequency;
+    return frequency.value_or(records::DefaultFrequency());
 }
 
 double ReadRent(ObjectReader& tenant) {
@@ -77,13 +73,9 @@ void ReadTenant(ObjectReader& tenant, Reading& reading) {
     entry.Setbalance = tenant.Boolean("Setbalance").value_or(false);
     entry.BalanceAmount = tenant.Number("BalanceAmount").value_or(0);
     tenant.RefuseUnknownMembers();
-    if (name && name->isEmpty()) {
-        tenant.Refuse("Name", records::EntryMessage::NameRequired);
-    }
+    RefuseFaults(tenant, records::FaultsOf(entry));
     RefuseUnletProperty(tenant, property, reading);
-    if (start && platform::IsNoDate(*start)) {
-        tenant.Refuse("StartDate", records::EntryMessage::StartDateRequired);
-    } else if (start) {
+    if (!platform::IsNoDate(entry.StartDate)) {
         RefusePeriodBeyondReach(tenant, entry);
     }
     EnterName(tenant, "Name", name, reading.tenants);
