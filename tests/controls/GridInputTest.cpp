@@ -221,6 +221,13 @@ TEST_F(GridInputTest, AHandlerMayLayTheListOutAnewWhileItIsClicked) {
     });
     ClickAt(Inside(4, 2));
     EXPECT_EQ(Events().last(), u"Click"_s);
+    EXPECT_EQ(grid->Rows(), 0);
+    EXPECT_EQ(grid->ColumnHeadings(), u"A|"_s);
+    QObject::disconnect(grid.get(), &akGrid::RowColumnChange, &window, nullptr);
+    Fill(2);
+    ClickAt(Inside(2, 1));
+    EXPECT_EQ(grid->Row(), 2);
+    EXPECT_EQ(Events().last(), u"Click"_s);
 }
 
 TEST_F(GridInputTest, TabAndClickGiveTheFocus) {

@@ -54,8 +54,14 @@ TEST_F(LaunchTest, AWebPageIsHandedToTheDesktop) {
     EXPECT_EQ(Note(), QStringLiteral("/\n1\nhttps://www.hearthbook.example/a b?c=1&d\n"));
 }
 
-TEST_F(LaunchTest, ADesktopThatOpensNoLinksIsToldAndNothingElseHappens) {
+TEST_F(LaunchTest, WithoutAProgramThatOpensLinksTheCallSaysSoAndStartsNoOther) {
+    for (const char* browser :
+         {"firefox", "sensible-browser", "www-browser", "x-www-browser", "gio", "kde-open"}) {
+        AddProgram(QLatin1String(browser));
+    }
     EXPECT_FALSE(platform::OpenWebPage(QStringLiteral("https://www.hearthbook.example/")));
+    QThread::msleep(50);
+    EXPECT_FALSE(QFile::exists(NoteFile()));
 }
 
 TEST_F(LaunchTest, AProgramIsStartedWithoutArguments) {

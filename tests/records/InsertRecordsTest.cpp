@@ -173,6 +173,9 @@ TEST_F(InsertRecordsTest, ARowThatCannotBeSavedIsReportedAndTheNextIsWritten) {
     Insert();
     ASSERT_EQ(boxes_.requests.size(), 1U);
     EXPECT_EQ(boxes_.requests[0].title, u"Update Record"_s);
+    EXPECT_TRUE(boxes_.requests[0].text.contains(
+        u"3163 - The field 'name' is too small to accept the amount of data: 60 characters, of which it takes 50."_s))
+        << boxes_.requests[0].text.toStdString();
     EXPECT_EQ(Rows(u"select name from owner"_s), QStringList{u"Jones"_s});
 }
 

@@ -3,7 +3,10 @@
 #include "support/FakeDatabaseInPlace.h"
 #include "support/RecordsTest.h"
 
+#include <chrono>
 #include <csignal>
+#include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -32,9 +35,31 @@ protected:
         database_->rows.AddField("result", engine::dbDate, end);
     }
 
+    /// Periods that bring the end no nearer: the first three, as "from-to;".
+    void ExpectToGoOn(const QString& every_freq, int every_amt, const char* firstPeriods) {
+        EXPECT_EXIT(GenerateForAMoment(every_freq, every_amt), ::testing::ExitedWithCode(128 + SIGTERM),
+                    firstPeriods);
+    }
+
     FakeDatabaseInPlace database_;
     QDate start_;
     bool force_ = true;
+
+private:
+    void GenerateForAMoment(const QString& every_freq, int every_amt) {
+        platform::HandleEndSignals();
+        platform::AtProcessEnd([this] {
+            for (const QString& row : database_->statements.mid(0, 3)) {
+                const QString period = row.section(u'#', 1, 1) + u'-' + row.section(u'#', 3, 3) + u';';
+                std::fputs(period.toLatin1().constData(), stderr);
+            }
+        });
+        std::thread([] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            std::raise(SIGTERM);
+        }).detach();
+        Generate(QDate(2026, 6, 1), 100, every_freq, every_amt);
+    }
 };
 
 TEST_F(RentPeriodsTest, AFirstPartOfAMonthIsChargedByDays) {
@@ -184,12 +209,16 @@ TEST_F(RentPeriodsTest, MoneyHasTheMarkOfTheLocaleAndDatesHaveNot) {
 }
 
 TEST_F(RentPeriodsTest, PeriodsOfNoLengthGoOnUntilTheProcessIsAskedToEnd) {
-    const auto run = [this] {
-        platform::HandleEndSignals();
-        std::raise(SIGTERM);
-        Generate(QDate(2026, 6, 1), 100, u"Week"_s, 0);
-    };
-    EXPECT_EXIT(run(), ::testing::ExitedWithCode(128 + SIGTERM), "");
+    for (const auto& every_freq : {u"Day"_s, u"Week"_s, u"Month"_s, u"Year"_s}) {
+        ExpectToGoOn(every_freq, 0, "06/01/2026-05/31/2026;06/01/2026-05/31/2026;06/01/2026-05/31/2026;");
+    }
+}
+
+TEST_F(RentPeriodsTest, PeriodsOfLessThanNoLengthRunBackwardsForAsLong) {
+    ExpectToGoOn(u"Day"_s, -1, "06/01/2026-05/30/2026;05/31/2026-05/29/2026;05/30/2026-05/28/2026;");
+    ExpectToGoOn(u"Week"_s, -1, "06/01/2026-05/24/2026;05/25/2026-05/17/2026;05/18/2026-05/10/2026;");
+    ExpectToGoOn(u"Month"_s, -1, "06/01/2026-04/30/2026;05/01/2026-03/31/2026;04/01/2026-02/28/2026;");
+    ExpectToGoOn(u"Year"_s, -2, "06/01/2026-05/31/2024;06/01/2024-05/31/2022;06/01/2022-05/31/2020;");
 }
 
 }  // namespace

@@ -106,6 +106,7 @@ TEST_F(AccountDialogTest, ItSaysWhatTheBalanceIsFor) {
               "can keep track of the current account balance."_s);
     EXPECT_EQ(Box("txtName").MaxLength(), 30);
     EXPECT_FALSE(Date("datBalance").IncludeNone());
+    ExpectNumberBox("txtBalance", 2, true);
 }
 
 TEST_F(OwnerDialogTest, ANameIsRequiredAndMustBeFree) {

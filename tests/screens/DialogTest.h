@@ -40,6 +40,14 @@ protected:
     controls::akDate& Date(const char* name) const { return Find<controls::akDate>(name); }
     QComboBox& List(const char* name) const { return Find<QComboBox>(name); }
 
+    /// A box that lets through numbers with so many decimals, with or without a minus sign.
+    void ExpectNumberBox(const char* name, int decimals, bool allowsNegative) const {
+        EXPECT_TRUE(Box(name).IsNumeric()) << name;
+        EXPECT_EQ(Box(name).DecimalPlaces(), decimals) << name;
+        EXPECT_EQ(Box(name).AllowNegative(), allowsNegative) << name;
+        EXPECT_EQ(Box(name).Alignment(), 1) << name;
+    }
+
     /// Goes to the box and types over what is in it.
     void Type(const char* box, const QString& text) const {
         Box(box).setFocus();

@@ -50,6 +50,14 @@ TEST_F(PropertyDialogTest, OnlyTheFirstAddressLineIsRequired) {
     EXPECT_EQ(TheCollections().Properties.Item(1)->BankAccount, QString());
 }
 
+TEST_F(PropertyDialogTest, UnitsAreCountedInWholeNumbersAndNumberedFreely) {
+    Open();
+    ExpectNumberBox("txtUnitCount", 0, false);
+    EXPECT_EQ(Box("txtUnitCount").MaxLength(), 30);
+    EXPECT_FALSE(Box("txtUnitNumbers").IsNumeric());
+    EXPECT_EQ(Box("txtUnitNumbers").MaxLength(), 0) << "a building may have any number of them";
+}
+
 TEST_F(PropertyDialogTest, ASingleOwnerAndASingleAccountNeedNoChoosing) {
     AddOwner(u"A. Smith"_s);
     AddAccount(u"Kestrel"_s);

@@ -2,6 +2,8 @@
 #include "screens/ctlSingleOwner.h"
 #include "support/RecordsTest.h"
 
+#include <QLabel>
+
 namespace {
 
 class SingleOwnerTest : public RecordsTest {
@@ -11,6 +13,13 @@ protected:
 
     screens::ctlSingleOwner page{nullptr};
 };
+
+TEST_F(SingleOwnerTest, SaysWhatItAsksFor) {
+    EXPECT_EQ(page.findChild<QLabel*>(u"Label1"_s)->text(),
+              u"As a landlord, enter your name or company name or trust name as the property owner."_s);
+    EXPECT_EQ(page.findChild<QLabel*>(u"Label2"_s)->text(), u"Owner Name"_s);
+    EXPECT_FALSE(Name().IsNumeric());
+}
 
 TEST_F(SingleOwnerTest, AnEmptyNameIsAnOwnerToo) {
     EXPECT_EQ(Name().MaxLength(), 30);

@@ -54,6 +54,16 @@ TEST_F(TenantDialogTest, StartsWithTheDefaults) {
     EXPECT_FALSE(MonthDayIsOnShow());
 }
 
+TEST_F(TenantDialogTest, NumbersHaveTheirDecimalsAndSigns) {
+    Open();
+    ExpectNumberBox("txtRent", 2, false);
+    ExpectNumberBox("txtFreqNumber", 0, false);
+    ExpectNumberBox("txtBond", 2, true);
+    ExpectNumberBox("txtBalance", 2, true);
+    ExpectNumberBox("txtMonthDay", 0, false);
+    EXPECT_FALSE(Box("txtName").IsNumeric());
+}
+
 TEST_F(TenantDialogTest, TheChecksComeInTheirOrder) {
     Open();
     Save();

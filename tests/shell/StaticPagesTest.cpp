@@ -57,6 +57,26 @@ TEST_F(StaticPagesTest, TheLastPageCountsInThePluralAndWarnsAgain) {
                     "0 properties\n0 tenants\n"));
 }
 
+TEST_F(StaticPagesTest, ThePageOfTypesSaysWhatItAsksFor) {
+    const QWidget& page = Find("ctlPageType1");
+    EXPECT_TRUE(Has(page, "What type of user are you?"));
+    EXPECT_TRUE(Has(page, "Typical management fee % including all taxes is"));
+    EXPECT_TRUE(Has(page, "%"));
+    EXPECT_TRUE(Has(page, "Date of last disbursement"));
+    EXPECT_EQ(Find<QRadioButton>("optLandlord").text(),
+              QStringLiteral("I am a landlord.  I only manage my own properties."));
+    EXPECT_EQ(Find<QRadioButton>("optManager").text(),
+              QStringLiteral("I am a property manager.  I manage properties on behalf of other owners"));
+}
+
+TEST_F(StaticPagesTest, TheFeeHasFourDecimalsAndNoSign) {
+    EXPECT_TRUE(Fee().IsNumeric());
+    EXPECT_EQ(Fee().DecimalPlaces(), 4);
+    EXPECT_FALSE(Fee().AllowNegative());
+    EXPECT_EQ(Fee().Alignment(), 1);
+    EXPECT_TRUE(Disbursement().IncludeNone());
+}
+
 TEST_F(StaticPagesTest, NobodyIsALandlordOrAManagerAtFirst) {
     EXPECT_FALSE(Find<QRadioButton>("optLandlord").isChecked());
     EXPECT_FALSE(Find<QRadioButton>("optManager").isChecked());

@@ -1,4 +1,5 @@
 #include "controls/Palette.h"
+#include "support/ProcessLimits.h"
 
 #include <QApplication>
 #include <QStyleFactory>
@@ -6,6 +7,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+    LimitProcesses();
     // One look for all machines: the style of the desktop would otherwise have a say.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QApplication application(argc, argv);
