@@ -1,5 +1,5 @@
-#include "controls/Palette.h"
 #include "controls/akGrid.h"
+#include "controls/base/Palette.h"
 #include "controls/ctlTextBox.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "controls/Calendar.h"
-#include "controls/CalendarDrawing.h"
-#include "controls/Control.h"
-#include "controls/DateSegments.h"
-#include "controls/PictureButton.h"
+#include "controls/base/Control.h"
+#include "controls/date/Calendar.h"
+#include "controls/date/CalendarDrawing.h"
+#include "controls/date/DateSegments.h"
+#include "controls/date/PictureButton.h"
 
 #include <QDate>
 #include <QPointer>

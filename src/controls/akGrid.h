@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/Control.h"
-#include "controls/GridColumn.h"
-#include "controls/GridLabel.h"
-#include "controls/GridRowStore.h"
+#include "controls/base/Control.h"
+#include "controls/grid/GridColumn.h"
+#include "controls/grid/GridLabel.h"
+#include "controls/grid/GridRowStore.h"
 
 #include <QRect>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/Canvas.h"
-#include "controls/Gradient.h"
-#include "controls/GradientBands.h"
+#include "controls/base/Canvas.h"
+#include "controls/skin/Gradient.h"
+#include "controls/skin/GradientBands.h"
 
 namespace controls {
 

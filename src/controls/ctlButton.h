@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/ButtonLook.h"
-#include "controls/Control.h"
+#include "controls/base/Control.h"
+#include "controls/button/ButtonLook.h"
 
 #include <QPixmap>
 

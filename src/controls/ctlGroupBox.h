@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/Colour.h"
-#include "controls/Control.h"
+#include "controls/base/Colour.h"
+#include "controls/base/Control.h"
 
 namespace controls {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "controls/Canvas.h"
-#include "controls/Control.h"
-#include "controls/Drawing.h"
-#include "controls/Gradient.h"
-#include "controls/HeadingTabs.h"
+#include "controls/base/Canvas.h"
+#include "controls/base/Control.h"
+#include "controls/base/Drawing.h"
+#include "controls/heading/HeadingTabs.h"
+#include "controls/skin/Gradient.h"
 
 class QLabel;
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/Colour.h"
-#include "controls/Control.h"
-#include "controls/TextBoxRules.h"
-#include "controls/UpDownImage.h"
+#include "controls/base/Colour.h"
+#include "controls/base/Control.h"
+#include "controls/text/TextBoxRules.h"
+#include "controls/text/UpDownImage.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "controls/Palette.h"
+#include "controls/base/Palette.h"
 #include "gallery/DarkDesktop.h"
 #include "gallery/GalleryWindow.h"
 #include "gallery/Pictures.h"

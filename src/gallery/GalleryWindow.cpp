@@ -1,7 +1,7 @@
 #include "gallery/GalleryWindow.h"
 
-#include "controls/Display.h"
-#include "controls/Font.h"
+#include "controls/base/Display.h"
+#include "controls/base/Font.h"
 #include "gallery/EventLog.h"
 #include "gallery/Pages.h"
 #include "gallery/Sheet.h"

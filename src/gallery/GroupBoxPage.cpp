@@ -1,6 +1,6 @@
-#include "controls/Display.h"
-#include "controls/Font.h"
 #include "controls/akDate.h"
+#include "controls/base/Display.h"
+#include "controls/base/Font.h"
 #include "controls/ctlButton.h"
 #include "controls/ctlGroupBox.h"
 #include "controls/ctlTextBox.h"

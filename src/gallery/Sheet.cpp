@@ -1,8 +1,8 @@
 #include "gallery/Sheet.h"
 
-#include "controls/Control.h"
-#include "controls/Display.h"
-#include "controls/Font.h"
+#include "controls/base/Control.h"
+#include "controls/base/Display.h"
+#include "controls/base/Font.h"
 
 #include <QLabel>
 

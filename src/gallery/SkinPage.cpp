@@ -1,4 +1,4 @@
-#include "controls/Palette.h"
+#include "controls/base/Palette.h"
 #include "gallery/Pages.h"
 #include "gallery/Sheet.h"
 #include "gallery/SkinSample.h"

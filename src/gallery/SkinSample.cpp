@@ -1,6 +1,6 @@
 #include "gallery/SkinSample.h"
 
-#include "controls/Accessible.h"
+#include "controls/base/Accessible.h"
 
 #include <QAccessibleWidget>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/Control.h"
-#include "controls/Drawing.h"
+#include "controls/base/Control.h"
+#include "controls/base/Drawing.h"
 #include "controls/clsSkin.h"
 
 namespace gallery {

@@ -1,6 +1,6 @@
 #include "screens/DropDownList.h"
 
-#include "controls/Accessible.h"
+#include "controls/base/Accessible.h"
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>

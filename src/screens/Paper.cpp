@@ -1,7 +1,7 @@
 #include "screens/Paper.h"
 
-#include "controls/Display.h"
-#include "controls/Font.h"
+#include "controls/base/Display.h"
+#include "controls/base/Font.h"
 
 #include <QLabel>
 

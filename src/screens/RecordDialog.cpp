@@ -1,8 +1,8 @@
 #include "screens/RecordDialog.h"
 
-#include "controls/Display.h"
-#include "controls/Font.h"
-#include "controls/NumberText.h"
+#include "controls/base/Display.h"
+#include "controls/base/Font.h"
+#include "controls/base/NumberText.h"
 #include "screens/DropDownList.h"
 
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #include "screens/frmProperty.h"
 
-#include "controls/Font.h"
+#include "controls/base/Font.h"
 #include "platform/Rounding.h"
 
 #include <QCheckBox>

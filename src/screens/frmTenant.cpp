@@ -1,6 +1,6 @@
 #include "screens/frmTenant.h"
 
-#include "controls/Font.h"
+#include "controls/base/Font.h"
 #include "platform/NoDate.h"
 #include "platform/Rounding.h"
 #include "records/RentFrequency.h"

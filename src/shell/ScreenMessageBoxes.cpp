@@ -1,6 +1,6 @@
 #include "shell/ScreenMessageBoxes.h"
 
-#include "controls/Display.h"
+#include "controls/base/Display.h"
 
 #include <QApplication>
 #include <QGridLayout>

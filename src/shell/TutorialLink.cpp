@@ -1,7 +1,7 @@
 #include "shell/TutorialLink.h"
 
-#include "controls/Font.h"
-#include "controls/HandCursor.h"
+#include "controls/base/Font.h"
+#include "controls/base/HandCursor.h"
 #include "platform/Launch.h"
 
 namespace shell {

@@ -1,7 +1,7 @@
 #include "shell/UI.h"
 
-#include "controls/Canvas.h"
-#include "controls/Palette.h"
+#include "controls/base/Canvas.h"
+#include "controls/base/Palette.h"
 #include "database/Database.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"

@@ -1,7 +1,7 @@
 #include "shell/ctlPageType.h"
 
-#include "controls/Font.h"
 #include "controls/akDate.h"
+#include "controls/base/Font.h"
 #include "controls/ctlTextBox.h"
 #include "platform/MessageBox.h"
 #include "platform/NoDate.h"

@@ -1,8 +1,8 @@
 #include "shell/frmMain.h"
 
-#include "controls/Canvas.h"
-#include "controls/Display.h"
-#include "controls/Palette.h"
+#include "controls/base/Canvas.h"
+#include "controls/base/Display.h"
+#include "controls/base/Palette.h"
 #include "controls/ctlButton.h"
 #include "controls/ctlPageHeading.h"
 #include "database/Database.h"

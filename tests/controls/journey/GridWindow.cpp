@@ -1,8 +1,8 @@
 // A form with a list of rows and an empty one: tells their events, their first rows on view, and where
 // the focus is.
 
-#include "controls/SystemBeep.h"
 #include "controls/akGrid.h"
+#include "controls/grid/SystemBeep.h"
 #include "journey/Story.h"
 
 #include <QLineEdit>

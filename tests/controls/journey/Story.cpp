@@ -1,6 +1,6 @@
 #include "journey/Story.h"
 
-#include "controls/Palette.h"
+#include "controls/base/Palette.h"
 
 #include <QStyleFactory>
 

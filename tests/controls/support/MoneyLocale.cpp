@@ -1,6 +1,6 @@
 #include "support/MoneyLocale.h"
 
-#include "controls/Regional.h"
+#include "controls/base/Regional.h"
 
 CountryLocale::CountryLocale(const QByteArray& name) : locale_(name) {
     controls::ForgetRegionalSettings();

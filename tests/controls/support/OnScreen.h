@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Display.h"
+#include "controls/base/Display.h"
 
 #include <QImage>
 #include <QWidget>

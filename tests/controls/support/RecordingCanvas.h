@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Canvas.h"
+#include "controls/base/Canvas.h"
 
 #include <ostream>
 #include <vector>

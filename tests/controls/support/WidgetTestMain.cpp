@@ -1,4 +1,4 @@
-#include "controls/Palette.h"
+#include "controls/base/Palette.h"
 #include "support/ProcessLimits.h"
 
 #include <QApplication>

@@ -1,0 +1,18 @@
+#include "controls/base/Font.h"
+
+#include "controls/base/Display.h"
+
+#include <algorithm>
+
+namespace controls {
+
+QFont ControlFont(double points, Weight weight, const QString& name) {
+    constexpr double twipsPerPoint = 20.0;
+    QFont font(name);
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(std::max(1, ToPixels(points * twipsPerPoint)));
+    font.setBold(weight == Weight::Bold);
+    return font;
+}
+
+}  // namespace controls

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "controls/base/EntryBox.h"
+
+namespace controls {
+
+/// One of the three boxes of a date. Digits fill it and move on to the next box by themselves when it is
+/// full.
+///
+/// - A digit replaces a selected text whole, otherwise it is added at the end, wherever the caret stands.
+/// - "/", "\" and "-" go on to the next box, as users type them between the parts of a date.
+/// - Left and Right go to the previous and the next box, wherever the caret stands.
+/// - Backspace doesn't delete: it puts a "." at the caret or in place of the selection. The text is read by
+///   its leading number all the same.
+/// - All other characters do nothing. Pasted text is taken as it is, up to the maximum length.
+class DateSegmentBox : public EntryBox {
+    Q_OBJECT
+
+public:
+    using EntryBox::EntryBox;
+
+    void KeyTyped(QChar character) override;
+
+Q_SIGNALS:
+    void NextSegment();
+    void PreviousSegment();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+}  // namespace controls

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "controls/base/EntryBox.h"
+
+namespace controls {
+
+/// The box with "<None>" that lies over the boxes of a date while there is none. Its text can be copied and
+/// not changed: any character typed on it wants the date back, and is meant for that.
+class NoneBox : public EntryBox {
+    Q_OBJECT
+
+public:
+    explicit NoneBox(QWidget* parent);
+
+    void KeyTyped(QChar character) override;
+
+Q_SIGNALS:
+    void DateWanted(QChar character);
+};
+
+}  // namespace controls

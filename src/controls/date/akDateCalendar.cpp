@@ -1,0 +1,176 @@
+// The date control's calendar: opening and closing it, moving through the months, picking a day, painting.
+
+#include "controls/akDate.h"
+#include "controls/base/Display.h"
+#include "controls/base/Font.h"
+#include "controls/base/LeadingNumber.h"
+#include "controls/date/DateAccessible.h"
+#include "controls/date/DateLayout.h"
+#include "controls/date/DateSegmentBox.h"
+#include "controls/date/NoneBox.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace controls {
+
+namespace {
+
+void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layout, const QColor& lettering) {
+    const int onePixel = TwipsPerPixel();
+    const int right = width - onePixel;
+    const int bottom = DateLayout::BorderHeight - onePixel;
+    canvas.Line(0, 0, right, bottom, White, LineForm::FilledBox);
+    canvas.Line(0, 0, right, bottom, Black, LineForm::Outline);
+    canvas.SetFont(ControlFont());
+    const QString slash = QStringLiteral("/");
+    for (const int left : layout.slashLefts) {
+        canvas.Print(left + (DateLayout::SlashWidth - canvas.TextWidth(slash)) / 2.0,
+                     (DateLayout::BorderHeight - canvas.TextHeight(slash)) / 2.0, slash, lettering);
+    }
+}
+
+}  // namespace
+
+void akDate::DropDown() {
+    if (DroppedDown_) {
+        CloseUp();
+        return;
+    }
+    DroppedDown_ = true;
+    // Growing is news to the form, which must find the month there that it will see.
+    Redraw();
+    RaiseOverNeighbours();
+    SetOwnSize(CalendarPlaces::Width, OpenHeight(IncludeNone_));
+    for (PictureButton* button : CalendarButtons()) {
+        button->show();
+    }
+    NotifyCalendarOpened(*this);
+}
+
+void akDate::CloseUp() {
+    if (!DroppedDown_) {
+        return;
+    }
+    NotifyCalendarClosing(*this);
+    for (PictureButton* button : CalendarButtons()) {
+        if (HasFocus(button)) {
+            // A hidden button would hand the focus on to whatever comes next, out of the control.
+            cmdOpen_->setFocus();
+        }
+    }
+    DroppedDown_ = false;
+    for (PictureButton* button : CalendarButtons()) {
+        button->hide();
+    }
+    SetOwnSize(borderWidth_, DateLayout::BorderHeight);
+    GoBackBelowNeighbours();
+    update();
+}
+
+void akDate::Navigate(CalendarMonth (*step)(CalendarMonth)) {
+    display_ = step(display_);
+    Redraw();
+}
+
+void akDate::Redraw() {
+    calendar_ = {.shown = display_,
+                 .days = BuildDayGrid(display_),
+                 .markedDay = DayToMark(),
+                 .IncludeNone = IncludeNone_,
+                 .closedHeight = DateLayout::BorderHeight};
+    for (PictureButton* button : CalendarButtons()) {
+        // Who can't see the title hears it with the button that changes it.
+        button->setAccessibleDescription(MonthTitle(display_));
+    }
+    NotifyCalendarChanged(*this);
+    update();
+}
+
+std::optional<int> akDate::DayToMark() const {
+    const bool isOnShow = LeadingNumber(txtDate(order_.YearIndex)->text()) == display_.year &&
+                          LeadingNumber(txtDate(order_.MonthIndex)->text()) == display_.month;
+    return isOnShow ? std::optional(DisplayDay_) : std::nullopt;
+}
+
+void akDate::PickDay(CalendarCell cell) {
+    if (!DroppedDown_ || cell.column < 0 || cell.column > DayColumns || cell.row < 0 || cell.row > DayRows) {
+        return;
+    }
+    const int day = calendar_.days.at(static_cast<size_t>(cell.column)).at(static_cast<size_t>(cell.row));
+    if (day == -1) {
+        return;
+    }
+    SetSegments(day, display_.month, display_.year);
+    CloseUp();
+    HideNone();
+}
+
+void akDate::PickNone() {
+    if (DroppedDown_) {
+        ShowNone();
+        CloseUp();
+    }
+}
+
+void akDate::mousePressEvent(QMouseEvent* event) {
+    if (!DroppedDown_) {
+        return;
+    }
+    const int X = TwipsAt(event->position().x());
+    const int Y = TwipsAt(event->position().y());
+    if (Y >= CalendarPlaces::GridTop && Y <= CalendarPlaces::GridEnd) {
+        if (const auto cell = CellAt(X, Y)) {
+            PickDay(*cell);
+        }
+        // A click that no day takes ends here, on the grid's last line too.
+        if (DroppedDown_) {
+            return;
+        }
+    }
+    if (Y >= CalendarPlaces::GridEnd) {
+        ShowNone();
+        CloseUp();
+    }
+}
+
+void akDate::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), ToQColor(BackColor_));
+    PaintedCanvas canvas(&painter, width(), height());
+    const QColor lettering = Enabled_ && isEnabled()
+                                 ? ToQColor(Black)
+                                 : ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText));
+    DrawClosedControl(canvas, borderWidth_, order_.IsYearFirst() ? YearFirstLayout : YearLastLayout,
+                      lettering);
+    if (DroppedDown_) {
+        DrawFrame(canvas, calendar_);
+        DrawDays(canvas, calendar_);
+    }
+}
+
+void akDate::RaiseOverNeighbours() {
+    neighbourAbove_ = nullptr;
+    if (parentWidget() == nullptr) {
+        return;
+    }
+    const QObjectList& siblings = parentWidget()->children();
+    for (auto place = siblings.indexOf(this) + 1; place < siblings.size(); ++place) {
+        auto* sibling = qobject_cast<QWidget*>(siblings[place]);
+        if (sibling != nullptr && !sibling->isWindow()) {
+            neighbourAbove_ = sibling;
+            break;
+        }
+    }
+    raise();
+}
+
+void akDate::GoBackBelowNeighbours() {
+    // The order in which a screen reader goes through the form is that of the stack.
+    if (neighbourAbove_ != nullptr && neighbourAbove_->parentWidget() == parentWidget()) {
+        stackUnder(neighbourAbove_);
+    }
+    neighbourAbove_ = nullptr;
+}
+
+}  // namespace controls

@@ -1,0 +1,118 @@
+#include "controls/grid/GridAccessiblePart.h"
+
+#include "controls/akGrid.h"
+
+#include <limits>
+
+namespace controls {
+
+GridPart::GridPart(akGrid* grid, int row, int column) : grid_(grid), row_(row), column_(column) {
+}
+
+int GridPart::IndexInTable() const {
+    const qint64 index = isValid() ? qint64{row_} * grid_->Cols() + column_ - 1 : -1;
+    return index <= std::numeric_limits<int>::max() ? static_cast<int>(index) : -1;
+}
+
+void* GridPart::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::TableCellInterface) {
+        return static_cast<QAccessibleTableCellInterface*>(this);
+    }
+    if (type == QAccessible::ActionInterface) {
+        return static_cast<QAccessibleActionInterface*>(this);
+    }
+    return nullptr;
+}
+
+bool GridPart::isValid() const {
+    return !grid_.isNull() && row_ <= grid_->Rows() && column_ <= grid_->Cols();
+}
+
+QString GridPart::text(QAccessible::Text type) const {
+    if (!isValid() || (type != QAccessible::Name && type != QAccessible::Value)) {
+        return {};
+    }
+    if (IsHeader()) {
+        return type == QAccessible::Name ? grid_->ColumnHeading(column_) : QString();
+    }
+    return grid_->CellText(row_, column_);
+}
+
+const GridLabel* GridPart::Label() const {
+    if (!isValid()) {
+        return nullptr;
+    }
+    const std::vector<GridLabel>& labels = IsHeader() ? grid_->HeadingLabels() : grid_->CellLabels();
+    const int windowRow = IsHeader() ? 0 : row_ - grid_->TopRow();
+    if (windowRow < 0 || windowRow >= (IsHeader() ? 1 : grid_->VisibleRows())) {
+        return nullptr;
+    }
+    const auto index = static_cast<size_t>(windowRow * grid_->Cols() + column_ - 1);
+    return index < labels.size() && labels[index].Visible ? &labels[index] : nullptr;
+}
+
+QRect GridPart::rect() const {
+    const GridLabel* label = Label();
+    if (label == nullptr || !grid_->isVisible()) {
+        return {};
+    }
+    const QRect pixels = label->Pixels().intersected(grid_->rect());
+    return pixels.isEmpty() ? QRect() : QRect(grid_->mapToGlobal(pixels.topLeft()), pixels.size());
+}
+
+QAccessible::Role GridPart::role() const {
+    return IsHeader() ? QAccessible::ColumnHeader : QAccessible::Cell;
+}
+
+QAccessible::State GridPart::state() const {
+    QAccessible::State state;
+    if (!isValid()) {
+        state.invalid = true;
+        return state;
+    }
+    state.readOnly = true;
+    state.disabled = !grid_->isEnabled();
+    state.invisible = !grid_->isVisible() || grid_->ColWidth(column_) == 0;
+    state.offscreen = rect().isEmpty();
+    if (!IsHeader()) {
+        state.selectable = true;
+        state.selected = isSelected();
+        state.focusable = true;
+        state.focused = grid_->hasFocus() && grid_->AbsoluteRow() == row_ && grid_->Col() == column_;
+    }
+    return state;
+}
+
+bool GridPart::isSelected() const {
+    return isValid() && !IsHeader() && grid_->IsSelected(row_, column_);
+}
+
+QList<QAccessibleInterface*> GridPart::columnHeaderCells() const {
+    return isValid() ? QList<QAccessibleInterface*>{table()->child(column_ - 1)}
+                     : QList<QAccessibleInterface*>();
+}
+
+QAccessibleInterface* GridPart::table() const {
+    return grid_.isNull() ? nullptr : QAccessible::queryAccessibleInterface(grid_);
+}
+
+QStringList GridPart::actionNames() const {
+    return isValid() && grid_->isEnabled() ? QStringList{pressAction()} : QStringList();
+}
+
+void GridPart::doAction(const QString& actionName) {
+    if (!actionNames().contains(actionName)) {
+        return;
+    }
+    if (IsHeader()) {
+        auto index = static_cast<qint16>(column_ - 1);
+        Q_EMIT grid_->HeadClick(index);
+        return;
+    }
+    grid_->SetAbsoluteRow(row_);
+    int row = grid_->Row();
+    int column = column_;
+    grid_->SetCurrentCell(row, column, false);
+}
+
+}  // namespace controls

@@ -1,0 +1,52 @@
+#include "controls/akGrid.h"
+#include "controls/base/Canvas.h"
+#include "controls/base/Display.h"
+#include "controls/grid/GridAccessible.h"
+
+#include <QFocusEvent>
+#include <QPainter>
+
+namespace controls {
+
+namespace {
+
+/// The highlight of some desktops can hardly be told from the ground.
+Colour FocusColour() {
+    const QColor colour =
+        ReadableOn(ToQColor(SystemColours::ApplicationWorkspace), ToQColor(SystemColours::Highlight));
+    return RGB(static_cast<std::uint32_t>(colour.red()), static_cast<std::uint32_t>(colour.green()),
+               static_cast<std::uint32_t>(colour.blue()));
+}
+
+}  // namespace
+
+void akGrid::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    PaintedCanvas canvas(&painter, width(), height());
+    const int right = ToTwips(width() - 1);
+    const int bottom = ToTwips(height() - 1);
+    canvas.Line(0, 0, right, bottom, SystemColours::ApplicationWorkspace, LineForm::FilledBox);
+    if (hasFocus()) {
+        canvas.Line(0, 0, right, bottom, FocusColour(), LineForm::Outline);
+    }
+    const GridLook look = isEnabled() ? GridLook::Enabled : GridLook::Disabled;
+    for (const GridLabel& heading : headings_) {
+        PaintLabel(&painter, heading, look);
+    }
+    for (const GridLabel& cell : cells_) {
+        PaintLabel(&painter, cell, look);
+    }
+}
+
+void akGrid::focusInEvent(QFocusEvent* event) {
+    Control::focusInEvent(event);
+    update();
+    AnnounceCurrentCell();
+}
+
+void akGrid::focusOutEvent(QFocusEvent* event) {
+    Control::focusOutEvent(event);
+    update();
+}
+
+}  // namespace controls
