@@ -1,6 +1,7 @@
 #include "database/RecordAccess.h"
 
 #include "database/Database.h"
+#include "database/ErrorReport.h"
 #include "database/FixSql.h"
 #include "platform/Failure.h"
 
@@ -163,6 +164,17 @@ QDate LookupDate(const QString& column, const QString& table, const QString& res
         // A row that can't be read is to the caller what a set that can't be opened is.
         ReportError(QStringLiteral("Data Create Set"), statement);
         return defaultDate;
+    }
+}
+
+void CheckWritten() {
+    const QString label = QStringLiteral("Import Data");
+    try {
+        for (const engine::Error& difference : CurrentDatabase().CheckWritten()) {
+            ReportFailure(difference, label, DatabaseFile());
+        }
+    } catch (...) {
+        ReportError(label, DatabaseFile());
     }
 }
 

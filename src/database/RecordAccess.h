@@ -56,6 +56,10 @@ QDate LookupDate(const QString& column, const QString& table, const QString& res
 /// The value, or the fallback if the value is null.
 engine::Value Nz(const engine::Value& value, const engine::Value& fallback);
 
+/// Brings everything to the disk and tells the user of each difference between what was written and what the
+/// database file holds ("Import Data").
+void CheckWritten();
+
 /// Tells the user of the failure being handled, in a box titled with the label, and logs it with the extra
 /// text. An error whose source is exactly "Microsoft JET Database Engine" is shown without its description.
 void ReportError(const QString& label, const QString& extra);

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace engine {
 
@@ -40,6 +41,12 @@ public:
     /// unless it can change all asks first. Fails at once with 3260, naming who keeps this one out; then all
     /// writes fail so until this succeeds.
     virtual void LockForImport() = 0;
+
+    /// Brings all that was written to the disk and looks whether the file is still the one that was opened,
+    /// and whether each table holds at least the rows that this database has added to it. One failure for
+    /// each difference; none if nothing was added. What is read afterwards comes from the file itself.
+    /// Fails if the file can't be read.
+    virtual std::vector<Error> CheckWritten() = 0;
 
     /// Copies the whole database, as it stands now, to a new file. Fails with 3044 if no file can have
     /// this name, 3204 if the file is there already, 3219 under a name that the database uses for itself.

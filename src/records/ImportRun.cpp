@@ -3,6 +3,7 @@
 #include "database/Database.h"
 #include "database/RecordAccess.h"
 #include "records/Collections.h"
+#include "records/ImportCheck.h"
 #include "records/ImportSettings.h"
 
 #include <QLatin1String>
@@ -57,9 +58,14 @@ constexpr std::array WipeStatements{
 }  // namespace
 
 void ImportData(const ImportProgress& progress) {
+    const int reportedBefore = database::ReportedErrors();
     PrepareCodes();
     WipeDatabase();
     InsertAllRecords(progress);
+    database::CheckWritten();
+    if (database::ReportedErrors() == reportedBefore) {
+        CheckRecords();
+    }
 }
 
 void PrepareCodes() {

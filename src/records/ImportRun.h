@@ -11,7 +11,8 @@ using ImportProgress = std::function<void(int done, int total)>;
 
 /// The import, without any question: makes the codes, deletes what Hearthbook's database holds and writes
 /// what the user has entered. Each statement and each row is final at once. Failures of statements and rows
-/// are reported and passed over; any other comes out of here with everything done so far left done.
+/// are reported and passed over; any other comes out of here with everything done so far left done. At the
+/// end everything is on the disk, and what is missing there has been reported as well.
 void ImportData(const ImportProgress& progress = {});
 
 /// The codes of all four collections. Raises platform failure 6 for more than 32767 records.

@@ -51,6 +51,25 @@ TEST_F(RecordAccess, CreateSetWithoutADatabaseIsReported) {
     ExpectReported("Data Create Set", NotSet, QStringLiteral("select"));
 }
 
+TEST_F(RecordAccess, CheckWrittenTellsOfEachDifference) {
+    database::CheckWritten();
+    ExpectNothingReported();
+    database_->differences = {{3167, QStringLiteral("Rows are missing.")}, {3024, QStringLiteral("Gone.")}};
+    database::CheckWritten();
+    ASSERT_EQ(boxes_.requests.size(), 2U);
+    EXPECT_EQ(boxes_.requests[0], (platform::MessageBoxRequest{
+                                      QStringLiteral("General Errors...\n\n3167 - Rows are missing.\n\n"),
+                                      QStringLiteral("Import Data")}));
+    EXPECT_EQ(boxes_.requests[1].title, QStringLiteral("Import Data"));
+    EXPECT_TRUE(workplace_.ErrorLog().contains(QStringLiteral("3024 - Gone.")));
+}
+
+TEST_F(RecordAccess, ACheckThatFailsIsToldAsWell) {
+    database_->failures.emplace("CheckWritten", Refused);
+    database::CheckWritten();
+    ExpectReported("Import Data", Refused, database::DatabaseFile());
+}
+
 TEST_F(RecordAccess, ExecuteSqlRunsTheRewrittenStatement) {
     QString statement = QStringLiteral("update t set a = 'O'Brien' and b");
     EXPECT_TRUE(database::ExecuteSql(statement));

@@ -432,6 +432,26 @@ TEST_F(HeldUpTest, AMessageBoxCostsNothing) {
     EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("3")});
 }
 
+TEST_F(HeldUpTest, WhatWasHeldUpIsLookedForWhenItIsInTheFile) {
+    Reader reader(path);
+    BeHeldUp();
+    ASSERT_EQ(listener.told, std::vector<bool>{true});
+    reader.LetGo();
+    EXPECT_TRUE(database->CheckWritten().empty());
+    ASSERT_TRUE(RunElsewhere(path, "delete from notes"));
+    const std::vector<Error> differences = database->CheckWritten();
+    ASSERT_EQ(differences.size(), 1U);
+    EXPECT_EQ(differences[0].Description(),
+              QStringLiteral("Rows of the table 'notes' are missing: 3 were written, 0 are there."));
+}
+
+TEST_F(HeldUpTest, WhatAReaderKeepsOutForGoodIsToldAndNotLookedFor) {
+    const Reader reader(path);
+    Insert(1);
+    EXPECT_TRUE(database->CheckWritten().empty());
+    EXPECT_EQ(lost.size(), 1);
+}
+
 TEST_F(HeldUpTest, AWriteBeyondTheRoomInMemoryMeetsALock) {
     Reader reader(path);
     BeHeldUp();

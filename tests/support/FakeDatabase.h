@@ -122,12 +122,17 @@ public:
     }
     void Flush() override {}
     void LockForImport() override { FailIfAsked(failures, "LockForImport"); }
+    std::vector<engine::Error> CheckWritten() override {
+        FailIfAsked(failures, "CheckWritten");
+        return differences;
+    }
     void CopyTo(const QString&) override {}
     void OnLostWrite(LostWriteListener listener) override { lostWriteListener = std::move(listener); }
 
     QStringList statements;
     short lastType = 0;
     short lastLock = 0;
+    std::vector<engine::Error> differences;
     FakeFailures failures;
     FakeRows rows;
     LostWriteListener lostWriteListener;

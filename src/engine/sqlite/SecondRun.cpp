@@ -120,6 +120,7 @@ void SecondRun::RunOne(size_t place) {
     } else {
         executor_.Run(write);
     }
+    transaction_.Wrote(executor_.Table().name, executor_.Added());
     rows_.MadeAgain(place, connection_.Inserted().Runs());
 }
 

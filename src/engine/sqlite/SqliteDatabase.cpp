@@ -1,6 +1,7 @@
 #include "engine/sqlite/SqliteDatabase.h"
 
 #include "engine/OpenDatabases.h"
+#include "engine/sqlite/CheckWritten.h"
 #include "engine/sqlite/CreateDatabase.h"
 #include "engine/sqlite/Dynaset.h"
 #include "engine/sqlite/ForwardOnlySet.h"
@@ -61,6 +62,11 @@ void SqliteDatabase::FlushUnlessHeldUp() {
 
 void SqliteDatabase::LockForImport() {
     importLock_->Take();
+}
+
+std::vector<Error> SqliteDatabase::CheckWritten() {
+    Flush();
+    return sqlite::CheckWritten(connection_, transaction_, path_, importLock_->File());
 }
 
 void SqliteDatabase::CopyTo(const QString& path) {

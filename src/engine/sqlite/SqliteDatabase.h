@@ -21,6 +21,7 @@ public:
     void Flush() override;
     void FlushUnlessHeldUp() override;
     void LockForImport() override;
+    std::vector<Error> CheckWritten() override;
     void CopyTo(const QString& path) override;
     void OnLostWrite(LostWriteListener listener) override;
 
@@ -36,7 +37,8 @@ private:
     SchemaCache schemas_{connection_};
     StatementCache statements_{connection_, schemas_};
     WriteExecutor executor_{connection_, statements_};
-    WriteGroup group_{connection_, statements_, executor_, *importLock_};
+    Transaction transaction_{connection_};
+    WriteGroup group_{connection_, statements_, executor_, transaction_, *importLock_};
 };
 
 }  // namespace engine::sqlite

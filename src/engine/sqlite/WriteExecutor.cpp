@@ -137,6 +137,13 @@ void WriteExecutor::Run(const Write& write) {
     if (row != nullptr && row->kind != RowWrite::Kind::Insert && changed == 0) {
         throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
     }
+    added_ = IsRemoval(write) ? -changed : connection_.Inserted().Count();
+}
+
+bool WriteExecutor::IsRemoval(const Write& write) const {
+    const auto* row = std::get_if<RowWrite>(&write);
+    return row != nullptr ? row->kind == RowWrite::Kind::Delete
+                          : statement_->parsed.kind == dialect::StatementKind::Delete;
 }
 
 bool WriteExecutor::CopyOne(qint64 key) {

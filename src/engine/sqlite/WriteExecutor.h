@@ -32,7 +32,11 @@ public:
     /// isn't there any more fails with 3167.
     void Run(const Write& write);
 
+    /// How many rows that has added to the table, or removed from it if the number is negative.
+    qint64 Added() const { return added_; }
+
 private:
+    bool IsRemoval(const Write& write) const;
     void PrepareStatement(const QString& text);
     void PrepareRow(const RowWrite& row);
     /// How many rows the statement has changed.
@@ -44,6 +48,7 @@ private:
     std::shared_ptr<PreparedStatement> statement_;  ///< Null where a change of a row was prepared.
     std::shared_ptr<const TableSchema> table_;
     sqlite3_stmt* ready_ = nullptr;
+    qint64 added_ = 0;
 };
 
 /// Binds the literals of a statement to a compiled form of it, as those of the row at this place where the

@@ -97,6 +97,7 @@ void WriteGroup::RunBatch() {
         TellOfLosses();
         return;
     }
+    transaction_.Wrote(table.name, static_cast<qint64>(rows));
     rows_.Add(log_.Size() - rows, rows, table, connection_.Inserted().Runs());
 }
 
@@ -127,6 +128,7 @@ void WriteGroup::RunNow(Write write) {
     if (executor_.IsCopy()) {
         copyTook_ = Clock::now() - began;
     }
+    transaction_.Wrote(executor_.Table().name, executor_.Added());
     rows_.Add(log_.Size(), 1, executor_.Table(), connection_.Inserted().Runs());
     log_.Add(std::move(write));
 }

@@ -28,9 +28,10 @@ public:
     using LostWriteListener = std::function<void(const Error& error, const QString& write)>;
 
     WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor,
-               ImportLock& importLock)
+               Transaction& transaction, ImportLock& importLock)
         : connection_(connection),
           executor_(executor),
+          transaction_(transaction),
           importLock_(importLock),
           batch_(connection, statements) {}
 
@@ -87,9 +88,9 @@ private:
 
     Connection& connection_;
     WriteExecutor& executor_;
+    Transaction& transaction_;
     ImportLock& importLock_;
     InsertBatch batch_;
-    Transaction transaction_{connection_};
     LostWriteListener lostWriteListener_;
 
     WriteLog log_;

@@ -103,8 +103,6 @@ int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
         progressBar.Show(done, total);
         platform::EndIfRequested();
     });
-    // What can't be brought to the disk is reported now, while it still counts.
-    database::CurrentDatabase().Flush();
     progressBar.Clear();
     const int failures = boxes.Shown() - shownBefore;
     const QString result = records::CountsOf(records::TheCollections()) +

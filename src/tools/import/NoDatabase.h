@@ -12,6 +12,7 @@ public:
     std::unique_ptr<engine::Recordset> OpenRecordset(const QString&, short, short) override { Refuse(); }
     void Flush() override {}
     void LockForImport() override { Refuse(); }
+    std::vector<engine::Error> CheckWritten() override { Refuse(); }
     void CopyTo(const QString&) override { Refuse(); }
     void OnLostWrite(LostWriteListener) override {}
 
