@@ -3,7 +3,6 @@
 #include "database/ErrorReport.h"
 #include "database/General.h"
 #include "database/IntegerText.h"
-#include "database/RecordAccess.h"
 #include "engine/OpenDatabases.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"

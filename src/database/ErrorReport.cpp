@@ -1,6 +1,5 @@
 #include "database/ErrorReport.h"
 
-#include "database/RecordAccess.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"

@@ -73,29 +73,33 @@ bool ExecuteSql(QString&& statement) {
     return ExecuteSql(statement);
 }
 
-void AddRecord(const RecordsetReference& recordset) {
+bool AddRecord(const RecordsetReference& recordset) {
     try {
         Opened(recordset).AddNew();
+        return true;
     } catch (...) {
         ReportError(QStringLiteral("Add Record"), QString());
+        return false;
     }
 }
 
-void EditRecord(const RecordsetReference& recordset) {
+bool EditRecord(const RecordsetReference& recordset) {
     try {
         Opened(recordset).Edit();
+        return true;
     } catch (...) {
         ReportError(QStringLiteral("Edit Record"), QString());
+        return false;
     }
 }
 
-void UpdateRecord(const RecordsetReference& recordset) {
+bool UpdateRecord(const RecordsetReference& recordset) {
     try {
         Opened(recordset).Update(engine::dbUpdateRegular, false);
     } catch (...) {
         ReportError(QStringLiteral("Update Record"), QString());
         CancelQuietly(recordset);
-        return;
+        return false;
     }
     try {
         bool replaced = false;
@@ -111,6 +115,7 @@ void UpdateRecord(const RecordsetReference& recordset) {
     } catch (...) {
         // A saved row is not being edited, so the first replacement ends here: the row stays as it was saved.
     }
+    return true;
 }
 
 bool DataIsEmpty(const RecordsetReference& recordset) {
@@ -141,11 +146,13 @@ bool DataEof(const RecordsetReference& recordset) {
     }
 }
 
-void MoveNextRecord(const RecordsetReference& recordset) {
+bool MoveNextRecord(const RecordsetReference& recordset) {
     try {
         Opened(recordset).MoveNext();
+        return true;
     } catch (...) {
         ReportError(QStringLiteral("Move Next"), QString());
+        return false;
     }
 }
 

@@ -1,4 +1,5 @@
-#include "database/RecordAccess.h"
+#include "database/StatementText.h"
+
 #include "platform/Failure.h"
 #include "platform/Locale.h"
 

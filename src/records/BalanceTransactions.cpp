@@ -1,6 +1,7 @@
 #include "records/BalanceTransactions.h"
 
 #include "database/RecordAccess.h"
+#include "database/StatementText.h"
 #include "records/Collections.h"
 #include "records/NewRow.h"
 

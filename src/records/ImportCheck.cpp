@@ -2,7 +2,6 @@
 
 #include "database/Database.h"
 #include "database/ErrorReport.h"
-#include "database/RecordAccess.h"
 #include "platform/Utf8.h"
 #include "records/Collections.h"
 

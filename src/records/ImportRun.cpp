@@ -1,7 +1,9 @@
 #include "records/ImportRun.h"
 
 #include "database/Database.h"
+#include "database/ErrorReport.h"
 #include "database/RecordAccess.h"
+#include "database/StatementText.h"
 #include "records/Collections.h"
 #include "records/ImportCheck.h"
 #include "records/ImportSettings.h"

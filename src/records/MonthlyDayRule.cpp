@@ -1,7 +1,7 @@
 #include "records/MonthlyDayRule.h"
 
 #include "platform/Failure.h"
-#include "records/Tenants.h"
+#include "records/RentPeriods.h"
 
 namespace records {
 
@@ -21,8 +21,8 @@ MonthlyPeriod MonthlyPeriodFrom(QDate dStartDate, qint16 MonthDay, engine::Curre
     try {
         engine::Currency Split1;
         engine::Currency Split2;
-        Tenants::RentSplit(NextStart.addMonths(-1), NextStart.addDays(-1), dStartDate.addDays(-1),
-                           nCurrentRent, Split1, Split2);
+        RentSplit(NextStart.addMonths(-1), NextStart.addDays(-1), dStartDate.addDays(-1), nCurrentRent,
+                  Split1, Split2);
         return {NextStart, Split2};
     } catch (const platform::Failure&) {
         return {NextStart, nCurrentRent};

@@ -1,5 +1,6 @@
 #include "records/NewRow.h"
 
+#include "database/RecordAccess.h"
 #include "platform/Failure.h"
 #include "records/SetFieldDefaults.h"
 
@@ -19,13 +20,11 @@ database::RecordsetReference OpenForChange(QString statement) {
 }
 
 void AddRow(const database::RecordsetReference& recordset, std::initializer_list<ColumnValue> values) {
-    const int reportedBefore = database::ReportedErrors();
-    database::AddRecord(recordset);
+    const bool hasBegun = database::AddRecord(recordset);
     if (!recordset) {
         platform::RaiseObjectNotSet();
     }
-    // The layer tells of a failure by reporting it alone. Nothing can be set in a row that was never begun.
-    if (database::ReportedErrors() != reportedBefore) {
+    if (!hasBegun) {
         return;
     }
     SetFieldDefaults(*recordset);

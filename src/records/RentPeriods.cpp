@@ -1,4 +1,7 @@
+#include "records/RentPeriods.h"
+
 #include "database/RecordAccess.h"
+#include "database/StatementText.h"
 #include "platform/Clock.h"
 #include "platform/Failure.h"
 #include "platform/MessageBox.h"
@@ -6,7 +9,6 @@
 #include "platform/Process.h"
 #include "records/MonthlyDayRule.h"
 #include "records/RentFrequency.h"
-#include "records/Tenants.h"
 
 #include <cmath>
 #include <limits>
@@ -67,9 +69,9 @@ qint16 DaysBetween(QDate first, QDate last) {
 
 }  // namespace
 
-void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency nCurrentRent,
-                              bool& bForceAtLeastOne, qint16 MonthDay, QDate EndDate, qint16 every_amt,
-                              const QString& every_freq) {
+void GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency nCurrentRent,
+                     bool& bForceAtLeastOne, qint16 MonthDay, QDate EndDate, qint16 every_amt,
+                     const QString& every_freq) {
     PeriodWriter writer(sTenant, nCurrentRent);
     const QDate StopDate = platform::IsNoDate(EndDate) ? platform::Today() : EndDate;
     const Frequency frequency = FrequencyOf(every_freq);
@@ -114,8 +116,8 @@ void Tenants::GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine:
     }
 }
 
-void Tenants::RentSplit(QDate PeriodFrom, QDate PeriodTo, QDate EndDate, engine::Currency RentAmount,
-                        engine::Currency& Split1, engine::Currency& Split2) {
+void RentSplit(QDate PeriodFrom, QDate PeriodTo, QDate EndDate, engine::Currency RentAmount,
+               engine::Currency& Split1, engine::Currency& Split2) {
     const qint16 TotalDays = DaysBetween(PeriodFrom, PeriodTo);
     const qint16 FirstDays = DaysBetween(PeriodFrom, EndDate);
     if (TotalDays == 0) {

@@ -1,5 +1,7 @@
 #include "records/Tenants.h"
 
+#include "database/RecordAccess.h"
+#include "database/StatementText.h"
 #include "platform/Clock.h"
 #include "records/BalanceTransactions.h"
 #include "records/Collections.h"
@@ -53,9 +55,9 @@ void InsertBond(const Tenant& tenant) {
 void InsertRentPeriods(const Tenant& tenant) {
     QDate dStartDate = tenant.StartDate;
     bool bForceAtLeastOne = true;
-    Tenants::GeneratePeriods(dStartDate, tenant.Code, engine::Currency::FromDouble(tenant.CurrentRent),
-                             bForceAtLeastOne, tenant.MonthDay, tenant.EndDate, tenant.FrequencyNumber,
-                             tenant.RentFrequency);
+    GeneratePeriods(dStartDate, tenant.Code, engine::Currency::FromDouble(tenant.CurrentRent),
+                    bForceAtLeastOne, tenant.MonthDay, tenant.EndDate, tenant.FrequencyNumber,
+                    tenant.RentFrequency);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "DatabaseFixture.h"
+#include "database/ErrorReport.h"
 #include "database/RecordAccess.h"
 
 namespace {

@@ -1,5 +1,5 @@
 #include "DatabaseFixture.h"
-#include "database/RecordAccess.h"
+#include "database/ErrorReport.h"
 #include "platform/Files.h"
 #include "support/CommaLocale.h"
 

@@ -1,4 +1,5 @@
 #include "DatabaseFixture.h"
+#include "database/ErrorReport.h"
 #include "database/RecordAccess.h"
 
 namespace {
@@ -110,25 +111,25 @@ TEST_F(RecordAccess, FailuresThatAreNotTheEnginesAreReportedToo) {
 struct StepCase {
     const char* label;
     const char* operation;
-    void (*step)(const RecordsetReference&);
+    bool (*step)(const RecordsetReference&);
 };
 
 class RowStep : public RecordAccess, public ::testing::WithParamInterface<StepCase> {};
 
 TEST_P(RowStep, CallsTheEngine) {
-    GetParam().step(Opened());
+    EXPECT_TRUE(GetParam().step(Opened()));
     EXPECT_EQ(Rows().calls, QStringList{QString::fromLatin1(GetParam().operation)});
     ExpectNothingReported();
 }
 
 TEST_P(RowStep, ReportsAFailure) {
     Rows().failures.emplace(GetParam().operation, Refused);
-    GetParam().step(Opened());
+    EXPECT_FALSE(GetParam().step(Opened()));
     ExpectReported(GetParam().label, Refused, QString());
 }
 
 TEST_P(RowStep, ReportsAnEmptyReference) {
-    GetParam().step(nullptr);
+    EXPECT_FALSE(GetParam().step(nullptr));
     ExpectReported(GetParam().label, NotSet, QString());
 }
 

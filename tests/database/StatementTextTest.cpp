@@ -1,4 +1,4 @@
-#include "database/RecordAccess.h"
+#include "database/StatementText.h"
 #include "platform/Failure.h"
 #include "support/CommaLocale.h"
 #include "support/PrintQt.h"

@@ -7,7 +7,7 @@ const platform::Failure TooSmall = FakeFailure(3163, "The field is too small.");
 
 class UpdateRecord : public DatabaseFixture {
 protected:
-    void Update() { database::UpdateRecord(std::make_unique<FakeRecordset>(Rows())); }
+    bool Update() { return database::UpdateRecord(std::make_unique<FakeRecordset>(Rows())); }
 
     QString FieldText(size_t place) {
         const engine::Value value = Rows().fields.at(place)->Get();
@@ -16,7 +16,7 @@ protected:
 };
 
 TEST_F(UpdateRecord, SavesTheRow) {
-    Update();
+    EXPECT_TRUE(Update());
     EXPECT_EQ(Rows().calls, QStringList{QStringLiteral("Update 1 0")});
     ExpectNothingReported();
 }
@@ -24,7 +24,7 @@ TEST_F(UpdateRecord, SavesTheRow) {
 TEST_F(UpdateRecord, ThatFailsIsReportedAndCancelled) {
     Rows().failures.emplace("Update", TooSmall);
     Rows().AddField("memo", engine::dbMemo, QStringLiteral("a''b"));
-    Update();
+    EXPECT_FALSE(Update());
     EXPECT_EQ(Rows().calls, (QStringList{QStringLiteral("Update 1 0"), QStringLiteral("CancelUpdate 1")}));
     EXPECT_EQ(FieldText(0), QStringLiteral("a''b"));
     ExpectReported("Update Record", TooSmall, QString());
@@ -38,7 +38,7 @@ TEST_F(UpdateRecord, ACancelThatFailsTooIsNotTold) {
 }
 
 TEST_F(UpdateRecord, OfAnEmptyReferenceIsReported) {
-    database::UpdateRecord(nullptr);
+    EXPECT_FALSE(database::UpdateRecord(nullptr));
     ExpectReported("Update Record",
                    platform::Failure(91, QStringLiteral("Object variable or With block variable not set")),
                    QString());
@@ -77,7 +77,7 @@ TEST_F(UpdateRecord, LeavesTextColumnsAndOneApostropheAlone) {
 TEST_F(UpdateRecord, EndsSilentlyAtAReplacementThatFails) {
     Rows().AddField("memo", engine::dbMemo, QStringLiteral("a''b"));
     Rows().failures.emplace("Set", FakeFailure(3020, "Update without edit."));
-    Update();
+    EXPECT_TRUE(Update()) << "the row is saved";
     EXPECT_EQ(FieldText(0), QStringLiteral("a''b"));
     EXPECT_EQ(Rows().calls, QStringList{QStringLiteral("Update 1 0")});
     ExpectNothingReported();

@@ -1,7 +1,7 @@
 #include "ImportJourney.h"
 #include "PrefixFinder.h"
 #include "database/Database.h"
-#include "database/RecordAccess.h"
+#include "database/ErrorReport.h"
 #include "platform/Clock.h"
 #include "platform/Failure.h"
 #include "records/ImportRun.h"

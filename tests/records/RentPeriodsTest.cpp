@@ -3,10 +3,8 @@
 #include "support/FakeDatabaseInPlace.h"
 #include "support/RecordsTest.h"
 
-#include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <thread>
 
 namespace {
 
@@ -35,10 +33,10 @@ protected:
         database_->rows.AddField("result", engine::dbDate, end);
     }
 
-    /// Periods that bring the end no nearer: the first three, as "from-to;".
-    void ExpectToGoOn(const QString& every_freq, int every_amt, const char* firstPeriods) {
-        EXPECT_EXIT(GenerateForAMoment(every_freq, every_amt), ::testing::ExitedWithCode(128 + SIGTERM),
-                    firstPeriods);
+    /// Periods that bring the end no nearer, until the process is asked to end: three, as "from-to;".
+    void ExpectToGoOn(const QString& every_freq, int every_amt, const char* periods) {
+        EXPECT_EXIT(GenerateThreePeriods(every_freq, every_amt), ::testing::ExitedWithCode(128 + SIGTERM),
+                    periods);
     }
 
     FakeDatabaseInPlace database_;
@@ -46,18 +44,27 @@ protected:
     bool force_ = true;
 
 private:
-    void GenerateForAMoment(const QString& every_freq, int every_amt) {
+    /// A database that is asks to end with the third row.
+    class EndsWithTheThirdRow : public FakeDatabase {
+    public:
+        void Execute(const QString& statement) override {
+            FakeDatabase::Execute(statement);
+            if (statements.size() == 3) {
+                std::raise(SIGTERM);
+            }
+        }
+    };
+
+    void GenerateThreePeriods(const QString& every_freq, int every_amt) {
         platform::HandleEndSignals();
-        platform::AtProcessEnd([this] {
-            for (const QString& row : database_->statements.mid(0, 3)) {
+        const auto rows = std::make_shared<EndsWithTheThirdRow>();
+        database::SetCurrentDatabase(rows);
+        platform::AtProcessEnd([rows] {
+            for (const QString& row : rows->statements) {
                 const QString period = row.section(u'#', 1, 1) + u'-' + row.section(u'#', 3, 3) + u';';
                 std::fputs(period.toLatin1().constData(), stderr);
             }
         });
-        std::thread([] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-            std::raise(SIGTERM);
-        }).detach();
         Generate(QDate(2026, 6, 1), 100, every_freq, every_amt);
     }
 };

@@ -1,3 +1,4 @@
+#include "database/RecordAccess.h"
 #include "records/NewRow.h"
 #include "records/SetFieldDefaults.h"
 #include "support/FakeDatabase.h"

@@ -1,7 +1,7 @@
 #include "tools_core/import/ImportTool.h"
 
 #include "database/Database.h"
-#include "database/RecordAccess.h"
+#include "database/ErrorReport.h"
 #include "engine/NewFile.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"

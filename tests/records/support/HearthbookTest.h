@@ -1,7 +1,6 @@
 #pragma once
 
 #include "database/Database.h"
-#include "database/RecordAccess.h"
 #include "records/ImportRun.h"
 #include "support/RecordsTest.h"
 #include "support/SecondReader.h"
