@@ -27,8 +27,7 @@ JsonValue Parsed(const QByteArray& json) {
 TEST(JsonDocument, KeepsKindsAndOrder) {
     const JsonValue value = Parsed(R"({"b": [1, -2.5, null], "a": true, "t": "x\u00e9\ud83c\udfe0"})");
     ASSERT_EQ(value.kind, JsonKind::Object);
-    EXPECT_EQ(value.names,
-              (std::vector<QString>{QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("t")}));
+    EXPECT_EQ(value.names, (QStringList{QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("t")}));
     const std::vector<JsonValue>& list = value.Member(QStringLiteral("b"))->items;
     ASSERT_EQ(list.size(), 3U);
     EXPECT_EQ(list[0].number, 1.0);
@@ -37,6 +36,14 @@ TEST(JsonDocument, KeepsKindsAndOrder) {
     EXPECT_TRUE(value.Member(QStringLiteral("a"))->boolean);
     EXPECT_EQ(value.Member(QStringLiteral("t"))->text, QString::fromUtf8("x\xC3\xA9\xF0\x9F\x8F\xA0"));
     EXPECT_EQ(value.Member(QStringLiteral("B")), nullptr);
+}
+
+TEST(JsonDocument, KeepsOnceWhatComesAgain) {
+    const JsonValue value = Parsed(R"([{"a": "Week", "b": 1}, {"a": "Week", "b": 2}])");
+    const JsonValue& first = value.items.at(0);
+    const JsonValue& second = value.items.at(1);
+    EXPECT_EQ(first.names.constData(), second.names.constData());
+    EXPECT_EQ(first.items.at(0).text.constData(), second.items.at(0).text.constData());
 }
 
 TEST(JsonDocument, TakesAByteOrderMark) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -15,7 +16,7 @@ struct JsonValue {
     double number = 0;
     QString text;
     std::vector<JsonValue> items;  ///< Elements of an array, values of an object's members.
-    std::vector<QString> names;    ///< Names of an object's members, in the order of the file.
+    QStringList names;             ///< Names of an object's members, in the order of the file.
 
     /// The member's value, or null if there is none.
     const JsonValue* Member(const QString& name) const;

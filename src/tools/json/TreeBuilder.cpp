@@ -54,14 +54,14 @@ bool TreeBuilder::PlaceNumber(double number, const QString& text) {
     JsonValue placed;
     placed.kind = JsonKind::Number;
     placed.number = number;
-    placed.text = text;
+    placed.text = Shared(text);
     return Place(std::move(placed));
 }
 
 bool TreeBuilder::string(std::string& value) {
     JsonValue placed;
     placed.kind = JsonKind::Text;
-    placed.text = platform::TextFromUtf8(value);
+    placed.text = Shared(platform::TextFromUtf8(value));
     if (placed.text.contains(QChar(QChar::Null))) {
         faults_.push_back({Pointer(),
                            QStringLiteral("The text holds a null character or half of a surrogate pair"),
@@ -84,7 +84,7 @@ bool TreeBuilder::start_array(std::size_t) {
 
 bool TreeBuilder::key(std::string& name) {
     Frame& frame = frames_.back();
-    const QString member = platform::TextFromUtf8(name);
+    const QString member = Shared(platform::TextFromUtf8(name));
     frame.name = member;
     frame.isRepeated = frame.seen.contains(member);
     if (frame.isRepeated) {
@@ -107,6 +107,8 @@ bool TreeBuilder::Open(JsonKind kind) {
 bool TreeBuilder::Close() {
     JsonValue value = std::move(frames_.back().value);
     frames_.pop_back();
+    value.items.shrink_to_fit();
+    value.names = *nameLists_.insert(value.names);
     return Place(std::move(value));
 }
 
@@ -138,6 +140,10 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& lastToken
     const auto place = static_cast<qsizetype>(position) - 1;
     return BreakOff(PlaceInText(bytes_, place) + QStringLiteral(": this isn't valid JSON"),
                     CharacterAt(bytes_, place));
+}
+
+QString TreeBuilder::Shared(const QString& text) {
+    return *texts_.insert(text);
 }
 
 QString TreeBuilder::Pointer() const {

@@ -112,10 +112,10 @@ const std::vector<JsonValue>* ObjectReader::Array(const char* name) {
 }
 
 void ObjectReader::RefuseUnknownMembers() {
-    for (std::size_t i = 0; i < object_.names.size(); ++i) {
+    for (qsizetype i = 0; i < object_.names.size(); ++i) {
         if (!known_.contains(object_.names[i])) {
             faults_.push_back({MemberPointer(pointer_, object_.names[i]), QStringLiteral("Unknown member"),
-                               object_.items[i].Shown()});
+                               object_.items[static_cast<std::size_t>(i)].Shown()});
         }
     }
 }
