@@ -26,9 +26,13 @@ public:
             if (character == '\'') {
                 AddValue(TakeText());
             } else if (IsDigit(character) || (character == '-' && IsDigit(text_[place_ + 1]))) {
-                AddValue(TakeNumber());
-            } else if (character == '[') {
-                Keep(text_.find(']', place_) + 1 - place_);
+                if (IsHint()) {
+                    Keep(text_.find(')', place_) - place_);
+                } else {
+                    AddValue(TakeNumber());
+                }
+            } else if (character == '"') {
+                Keep(text_.find('"', place_ + 1) + 1 - place_);
             } else if (IsOfName(character)) {
                 TakeName();
             } else if (character == ';') {
@@ -44,6 +48,14 @@ private:
     void Keep(size_t characters) {
         statement_ += text_.substr(place_, characters);
         place_ += characters;
+    }
+
+    // Whether what comes is the constant by which a comparison says how seldom it holds: behind the value
+    // that is compared, and before the parenthesis that ends it.
+    bool IsHint() const {
+        const size_t hint = statement_.rfind("likelihood(");
+        return hint != std::string::npos && statement_.find(')', hint) == std::string::npos &&
+               statement_.ends_with(", ");
     }
 
     void TakeName() {

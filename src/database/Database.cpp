@@ -64,12 +64,16 @@ QString FindDatabase() {
 
 }  // namespace
 
-bool StartDatabase() {
+bool StartDatabase(Opening opening) {
     try {
         const QString path = FindDatabase();
         engine::DBEngine& dbEngine = engine::DBEngine::Instance();
         workspace = dbEngine.Workspaces(0);
-        SetCurrentDatabase(dbEngine.OpenDatabase(path, false, false));
+        std::unique_ptr<engine::Database> opened = dbEngine.OpenDatabase(path, false, false);
+        if (opening == Opening::ForImport) {
+            opened->LockForImport();
+        }
+        SetCurrentDatabase(std::move(opened));
         openedFile = path;
         return true;
     } catch (...) {
@@ -108,7 +112,7 @@ void SetCurrentDatabase(std::shared_ptr<engine::Database> database) {
 }
 
 void FlushWrites() {
-    engine::FlushOpenDatabases();
+    engine::FlushOpenDatabasesUnlessHeldUp();
 }
 
 }  // namespace database

@@ -9,10 +9,17 @@
 /// Module Database: finding and opening Hearthbook's database.
 namespace database {
 
+/// What a database is opened for.
+enum class Opening {
+    Shared,     ///< Beside any other program.
+    ForImport,  ///< Beside any other program but one that imports.
+};
+
 /// Finds the database file through Hearthbook's settings and opens it; the new database object takes the
 /// place of the one before. On failure the user has been told, and the answer is false with the database
-/// object of the earlier call still in place; without an earlier one the process ends with status 1.
-bool StartDatabase();
+/// object of the earlier call still in place; without an earlier one the process ends with status 1. An
+/// import that another process has under way in the file is a failure 3260 of the opening for an import.
+bool StartDatabase(Opening opening = Opening::Shared);
 
 /// From here on StartDatabase opens this file and doesn't ask the settings (the road of the batch tool's
 /// --database). Nothing is opened here. An empty path goes back to the settings.
@@ -27,8 +34,8 @@ engine::Database& CurrentDatabase();
 /// Puts a database in place (null takes it away). For programs that open their own, and for tests.
 void SetCurrentDatabase(std::shared_ptr<engine::Database> database);
 
-/// Brings to the disk what was written so far. Message boxes and the end of the process do so themselves; a
-/// program that waits for the user does it when it begins to wait.
+/// Brings to the disk what was written so far, unless another program holds the file up. Message boxes and
+/// the end of the process do so themselves; a program that waits for the user does it when it begins to wait.
 void FlushWrites();
 
 }  // namespace database

@@ -1,5 +1,6 @@
 #include "engine/DBEngine.h"
 
+#include "engine/FileName.h"
 #include "engine/OpenDatabases.h"
 #include "engine/sqlite/CreateDatabase.h"
 #include "engine/sqlite/SqliteDatabase.h"
@@ -45,7 +46,7 @@ QString EngineName() {
 }
 
 DBEngine::DBEngine() : workspace_(std::make_shared<Workspace>()) {
-    platform::BeforeMessageBox(FlushOpenDatabases);
+    platform::BeforeMessageBox(FlushOpenDatabasesUnlessHeldUp);
     platform::AtProcessEnd(FlushOpenDatabases);
 }
 
@@ -62,13 +63,14 @@ std::shared_ptr<Workspace> DBEngine::Workspaces(int place) {
     return workspace_;
 }
 
-std::unique_ptr<Database> DBEngine::OpenDatabase(const QString& path, bool exclusive, bool readOnly) {
+std::unique_ptr<Database> DBEngine::OpenDatabase(const QString& name, bool exclusive, bool readOnly) {
     // Also because looking into a file lets go of the locks that this process holds on it.
     FlushAll();
     if (exclusive || readOnly) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: databases are opened shared and writable only."));
     }
+    const QString path = FileName(name);
     const QByteArray header = FirstBytes(path);
     if (header.isEmpty()) {
         RaiseUnrecognized(path, QStringLiteral("the file is empty"));
@@ -82,8 +84,9 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const QString& path, bool exclu
     RaiseUnrecognized(path, QStringLiteral("it is no database"));
 }
 
-void DBEngine::CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables) {
-    sqlite::CreateDatabaseFile(path, tables);
+void DBEngine::CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables,
+                              const FillDatabase& fill) {
+    sqlite::CreateDatabaseFile(path, tables, fill);
 }
 
 void DBEngine::FlushAll() {

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -44,15 +45,19 @@ public:
     std::shared_ptr<Workspace> Workspaces(int place);
 
     /// Opens an existing database, shared and writable, by what its first bytes say it is. Everything that
-    /// open databases still hold is brought to the disk first. Fails with 3024 if there is no such file, 3343
-    /// if it is a folder, empty or of a format that isn't read here (the description says what was found),
-    /// 3027 if it can't be written, 3260 if it is locked, be it for reading or only for writing.
-    std::unique_ptr<Database> OpenDatabase(const QString& path, bool exclusive = false,
+    /// open databases still hold is brought to the disk first. Fails with 3044 if no file can have this name,
+    /// 3024 if there is no such file, 3343 if it is a folder, empty or of a format that isn't read here (the
+    /// description says what was found), 3027 if it can't be written or no journal can be made beside it,
+    /// 3183 if the disk has no room for one, 3260 if it is locked, be it for reading or only for writing.
+    std::unique_ptr<Database> OpenDatabase(const QString& name, bool exclusive = false,
                                            bool readOnly = false);
 
-    /// Makes a new database file with these tables. Fails with 3204 if the file is there already; a failure
-    /// midway leaves no file.
-    void CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables);
+    /// Makes a new database file with these tables and the rows that `fill` writes into them. Fails with 3044
+    /// if no file can have this name, 3204 if it is there already or one that the database would take for its
+    /// own; a failure midway, of a row too, leaves no file.
+    using FillDatabase = std::function<void(Database& fresh)>;
+    void CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables,
+                        const FillDatabase& fill = {});
 
     /// Brings all that open databases hold to the disk. For the event loop, and for ends of the process.
     void FlushAll();

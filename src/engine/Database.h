@@ -31,8 +31,18 @@ public:
     /// Brings all that was written to the disk.
     virtual void Flush() = 0;
 
-    /// Copies the whole database, as it stands now, to a new file. Fails with 3204 if the file is there
-    /// already, 3219 under a name that the database uses for itself.
+    /// The same, unless another program holds the file up: what was written then stays in memory for a later
+    /// try. For a program that only pauses.
+    virtual void FlushUnlessHeldUp() { Flush(); }
+
+    /// Keeps imports in other processes from writing to the file until all databases of this process that are
+    /// open on it are closed, or the process ends. Writing does the same; an import that is to change nothing
+    /// unless it can change all asks first. Fails at once with 3260, naming who keeps this one out; then all
+    /// writes fail so until this succeeds.
+    virtual void LockForImport() = 0;
+
+    /// Copies the whole database, as it stands now, to a new file. Fails with 3044 if no file can have
+    /// this name, 3204 if the file is there already, 3219 under a name that the database uses for itself.
     virtual void CopyTo(const QString& path) = 0;
 
     /// A write that had succeeded and then could not be stored when its group was brought to the disk: the

@@ -9,6 +9,7 @@ namespace engine {
 /// Numbers of the engine's failures: the ones that the data access interface of Hearthbook has always used.
 namespace ErrorNumber {
 inline constexpr int CannotOpenDatabase = 3024;  ///< The file isn't there.
+inline constexpr int InvalidPath = 3044;         ///< A name that no file can be reached by.
 inline constexpr int UnrecognizedFormat = 3343;  ///< The file isn't a database that any engine here reads.
 inline constexpr int ReadOnlyDatabase = 3027;
 inline constexpr int NoCurrentRecord = 3021;

@@ -15,6 +15,17 @@ std::vector<Database*>& Registered() {
     return databases;
 }
 
+void ForEachOpen(void (Database::*action)()) {
+    // A copy: telling the user of a lost write may open or close databases.
+    const std::vector<Database*> databases = Registered();
+    for (Database* database : databases) {
+        const bool stillOpen = std::count(Registered().begin(), Registered().end(), database) > 0;
+        if (stillOpen) {
+            (database->*action)();
+        }
+    }
+}
+
 }  // namespace
 
 void RegisterDatabase(Database& database) {
@@ -26,14 +37,11 @@ void UnregisterDatabase(Database& database) {
 }
 
 void FlushOpenDatabases() {
-    // A copy: telling the user of a lost write may open or close databases.
-    const std::vector<Database*> databases = Registered();
-    for (Database* database : databases) {
-        const bool stillOpen = std::count(Registered().begin(), Registered().end(), database) > 0;
-        if (stillOpen) {
-            database->Flush();
-        }
-    }
+    ForEachOpen(&Database::Flush);
+}
+
+void FlushOpenDatabasesUnlessHeldUp() {
+    ForEachOpen(&Database::FlushUnlessHeldUp);
 }
 
 }  // namespace engine

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace platform {
 
 /// The directory that the running program lies in, without a separator at its end.
@@ -14,11 +16,19 @@ void SetProgramDirectory(const QString& directory);
 /// place.
 QString WithPlatformSeparators(QString path);
 
+/// The name of a file from the root on, for one that may be told from the working folder. Only such a name
+/// means the same file to everybody: others, such as "file:x" and ":x:", are taken for something else than a
+/// file in places. Links and ".." stay as they are. Nothing if the file can't be told by its name, for the
+/// reason that WhyNoName gives: it is empty, or holds U+FFFD where bytes were no text in UTF-8, or the
+/// working folder is gone or has such a name.
+std::optional<QString> AbsoluteName(const QString& name);
+QString WhyNoName();
+
 /// True for an existing file. A folder is no file, and a failing test counts as a file not found.
 bool FileExists(const QString& path);
 
 /// Opens the file for appending (creating it), writes the text and a line end as UTF-8 and closes it again.
-/// False if any of that failed.
+/// False if any of that failed. Never waits: a pipe that nobody reads is a failure.
 bool AppendLine(const QString& path, const QString& text);
 
 }  // namespace platform

@@ -3,6 +3,9 @@
 #include "platform/Failure.h"
 #include "platform/MessageBox.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -38,6 +41,16 @@ void LetWritesFail() {
     sigemptyset(&action.sa_mask);
     for (const int signalNumber : {SIGPIPE, SIGXFSZ}) {
         sigaction(signalNumber, &action, nullptr);
+    }
+}
+
+// The first files that are opened would take the places of streams that the program was started without, and
+// what is printed would go into them. Nothing can be written to what stands there now.
+void HoldStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) == -1) {
+            static_cast<void>(open("/dev/null", O_RDONLY));
+        }
     }
 }
 
@@ -88,6 +101,7 @@ void EndByFailure() {
 
 void RunProcess(const std::function<int()>& program) {
     LetWritesFail();
+    HoldStandardStreams();
     try {
         EndProcess(program());
     } catch (...) {
@@ -109,6 +123,10 @@ void HandleEndSignals() {
         sigemptyset(&action.sa_mask);
         sigaction(signalNumber, &action, nullptr);
     }
+}
+
+bool IsEndRequested() {
+    return requestedEnd != 0;
 }
 
 void EndIfRequested() {

@@ -3,6 +3,8 @@
 #include <QStringDecoder>
 #include <QStringList>
 
+#include <map>
+
 namespace platform {
 
 namespace {
@@ -143,7 +145,11 @@ public:
                 ReadValueLine(line);
             }
         }
-        return keys_;
+        QHash<QString, RegistryValues> keys;
+        for (auto& [name, values] : keys_) {
+            keys.insert(name, std::move(values));
+        }
+        return keys;
     }
 
 private:
@@ -171,14 +177,22 @@ private:
             throw Unparsable();
         }
         if (deleted) {
-            const QString below = name + QLatin1Char('\\');
-            keys_.removeIf(
-                [&](const auto& entry) { return entry.key() == name || entry.key().startsWith(below); });
+            Delete(name);
             key_.clear();
             return;
         }
         key_ = name;
         keys_[key_];
+    }
+
+    /// With all keys below.
+    void Delete(const QString& name) {
+        keys_.erase(name);
+        const QString below = name + QLatin1Char('\\');
+        auto key = keys_.lower_bound(below);
+        while (key != keys_.end() && key->first.startsWith(below)) {
+            key = keys_.erase(key);
+        }
     }
 
     void ReadValueLine(QStringView line) {
@@ -210,7 +224,8 @@ private:
     QStringList lines_;
     qsizetype place_ = 0;
     QString key_;
-    QHash<QString, RegistryValues> keys_;
+    /// In order, so that a key and those below it are found together however many others there are.
+    std::map<QString, RegistryValues> keys_;
 };
 
 }  // namespace

@@ -1,9 +1,10 @@
 #include "platform/SettingsStore.h"
 
-#include <QDir>
+#include <QByteArrayList>
 #include <QFile>
-#include <QFileInfo>
-#include <QStringList>
+
+#include <cstdio>
+#include <filesystem>
 
 namespace platform {
 
@@ -12,33 +13,32 @@ namespace {
 /// Far more than a whole exported product key; a larger file is something else that got this name.
 constexpr qint64 MostBytes = qint64{4} * 1024 * 1024;
 
-QString Environment(const char* name) {
-    return QFile::decodeName(qgetenv(name));
+// Names of folders are bytes here: those that are no text must not become the name of another folder.
+bool IsAbsolute(const QByteArray& folder) {
+    return folder.startsWith('/');
 }
 
 /// In the order of the base directory rules, which also say that a relative path counts as not set.
-QStringList ConfigurationFolders() {
-    QString home = Environment("XDG_CONFIG_HOME");
-    if (!QDir::isAbsolutePath(home)) {
-        home = QDir::homePath() + QLatin1String("/.config");
+QByteArrayList ConfigurationFolders() {
+    QByteArray home = qgetenv("XDG_CONFIG_HOME");
+    if (!IsAbsolute(home)) {
+        home = qgetenv("HOME") + "/.config";
     }
-    QString others = Environment("XDG_CONFIG_DIRS");
+    QByteArray others = qgetenv("XDG_CONFIG_DIRS");
     if (others.isEmpty()) {
-        others = QStringLiteral("/etc/xdg");
+        others = "/etc/xdg";
     }
-    QStringList folders{home};
-    for (const QString& folder : others.split(QLatin1Char(':'))) {
-        if (QDir::isAbsolutePath(folder)) {
-            folders += folder;
-        }
-    }
+    QByteArrayList folders{home};
+    folders += others.split(':');
+    folders.removeIf([](const QByteArray& folder) { return !IsAbsolute(folder); });
     return folders;
 }
 
-QString SettingsFile() {
-    for (const QString& folder : ConfigurationFolders()) {
-        QString path = folder + QLatin1String("/hearthbook/registry.reg");
-        if (QFileInfo(path).isFile()) {
+QByteArray SettingsFile() {
+    for (const QByteArray& folder : ConfigurationFolders()) {
+        QByteArray path = folder + "/hearthbook/registry.reg";
+        std::error_code cannotBeAsked;
+        if (std::filesystem::is_regular_file(path.toStdString(), cannotBeAsked)) {
             return path;
         }
     }
@@ -46,9 +46,9 @@ QString SettingsFile() {
 }
 
 QHash<QString, RegistryValues> ReadSettingsFile() {
-    const QString path = SettingsFile();
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
+    QFile file;
+    std::FILE* opened = std::fopen(SettingsFile().constData(), "rbe");
+    if (opened == nullptr || !file.open(opened, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
         return {};
     }
     const QByteArray text = file.read(MostBytes + 1);

@@ -70,7 +70,7 @@ void PrepareCodes() {
 }
 
 void WipeDatabase() {
-    if (!database::StartDatabase()) {
+    if (!database::StartDatabase(database::Opening::ForImport)) {
         return;
     }
     for (const QLatin1String statement : WipeStatements) {

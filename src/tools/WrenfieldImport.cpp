@@ -1,5 +1,6 @@
 #include "platform/Locale.h"
 #include "platform/Process.h"
+#include "tools_core/import/CommandLine.h"
 #include "tools_core/import/ImportTool.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,6 @@ int main(int argc, char** argv) {
     platform::RunProcess([&argc, argv] {
         const QCoreApplication application(argc, argv);
         platform::LoadSystemLocale();
-        return tools::RunImportTool(QCoreApplication::arguments().sliced(1));
+        return tools::RunImportTool(tools::Arguments(argc, argv));
     });
 }

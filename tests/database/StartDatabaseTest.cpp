@@ -1,8 +1,10 @@
 #include "database/Database.h"
 #include "database/RecordAccess.h"
 #include "platform/Failure.h"
+#include "platform/FileLock.h"
 #include "platform/Files.h"
 #include "support/FakeDatabase.h"
+#include "support/OtherProcess.h"
 #include "support/PrintQt.h"
 #include "support/RecordingMessageBoxes.h"
 #include "support/Workplace.h"
@@ -185,6 +187,49 @@ TEST_F(StartDatabaseTest, AWrongLocationIsToldAtEachCallAndTheProgramsDirectoryU
     EXPECT_TRUE(HasNumber(path));
 }
 
+// Names that are taken for something else than a file in places, and the file that they might be taken for.
+TEST_F(StartDatabaseTest, APlainNameInTheSettingsIsTheVeryFile) {
+    const QString before = QDir::currentPath();
+    const QString other = MakeDatabase("other.mdb");
+    ASSERT_TRUE(QDir::setCurrent(workplace_.Path(QString())));
+    for (const char* name : {"file:other.mdb", ":memory:", ":other.mdb", "other.mdb?mode=memory"}) {
+        const QString path = MakeDatabase((QByteArray("./") + name).constData());
+        Networked(QString::fromLatin1(name));
+        EXPECT_TRUE(StartDatabase()) << name;
+        WriteNumber();
+        EXPECT_TRUE(HasNumber(path)) << name;
+    }
+    EXPECT_TRUE(boxes_.requests.empty());
+    EXPECT_FALSE(HasNumber(other));
+    ASSERT_TRUE(QDir::setCurrent(before));
+}
+
+TEST_F(StartDatabaseTest, ANameThatIsNoTextIsNotOpened) {
+    HoldEarlierDatabase();
+    MakeDatabase("x/property.mdb");
+    ASSERT_TRUE(QDir().rename(Path("x"), Path("./").append(QChar(QChar::ReplacementCharacter))));
+    // The bytes of a text that isn't UTF-16 are handed on as they are; the last one of these is not UTF-8.
+    QByteArray bytes;
+    for (const char byte : Path("./").toUtf8() + "\xFF") {
+        bytes += (bytes.isEmpty() ? "" : ",") + QByteArray::number(static_cast<unsigned char>(byte), 16);
+    }
+    const QByteArray uneven = Path("./").size() % 2 == 0 ? "" : ",00";
+    Settings("\"APPPath\"=hex(1):" + bytes + uneven);
+    EXPECT_FALSE(StartDatabase());
+    ExpectErrorBox(0, "3044 - ");
+}
+
+// Better at the start than when everything has been typed in and the first row is to be written.
+TEST_F(StartDatabaseTest, AFileThatCanNotBeWrittenSafelyIsToldAtTheStart) {
+    HoldEarlierDatabase();
+    const QString tooLongForAJournal = Path("./").append(QString(255, QLatin1Char('x')));
+    ASSERT_TRUE(QFile::rename(MakeDatabase("short.mdb"), tooLongForAJournal));
+    Networked(tooLongForAJournal);
+    EXPECT_FALSE(StartDatabase());
+    ExpectErrorBox(0, "3027 - ");
+    EXPECT_TRUE(BoxText(1).contains(tooLongForAJournal));
+}
+
 TEST_F(StartDatabaseTest, AFolderIsNoFileFound) {
     MakeDatabase("property.mdb");
     Networked(workplace_.Path(QString()));
@@ -284,6 +329,25 @@ TEST_F(StartDatabaseTest, AnEmptyFileIsRefusedAndStaysEmpty) {
     EXPECT_FALSE(StartDatabase());
     ExpectErrorBox(0, "3343 - ");
     EXPECT_EQ(file.size(), 0);
+}
+
+TEST_F(StartDatabaseTest, AnImportUnderWayIsAFailureOfAnOpeningForAnImportAlone) {
+    HoldEarlierDatabase();
+    const QString path = MakeDatabase("property.mdb");
+    OtherProcess other([&] { return (new platform::FileLock(path))->TryTake(); });
+    EXPECT_FALSE(StartDatabase(database::Opening::ForImport));
+    EXPECT_TRUE(HoldsEarlierDatabase());
+    ASSERT_EQ(boxes_.requests.size(), 2U);
+    ExpectErrorBox(0,
+                   "3260 - Couldn't write; another import is filling the database: database_test, process ");
+    EXPECT_EQ(BoxText(1), QStringLiteral("No networking enabled, using ") + path);
+
+    EXPECT_TRUE(StartDatabase());
+    EXPECT_FALSE(HoldsEarlierDatabase());
+    other.Kill();
+    EXPECT_TRUE(StartDatabase(database::Opening::ForImport));
+    EXPECT_EQ(boxes_.requests.size(), 2U);
+    WriteNumber();
 }
 
 TEST_F(StartDatabaseTest, AFileThatIsNamedTakesThePlaceOfTheSettings) {

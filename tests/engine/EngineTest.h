@@ -11,7 +11,8 @@
 
 namespace engine {
 
-/// A fresh database with one table of every column type, "things", and a smaller one, "notes".
+/// A fresh database with one table of every column type, "things", and two smaller ones, "notes" and
+/// "copies".
 class EngineTest : public ::testing::Test {
 protected:
     EngineTest() {
@@ -31,7 +32,10 @@ protected:
                      {QStringLiteral("memo"), dbMemo},
                      {QStringLiteral("two words"), dbText, 20}},
                     {{index, {QStringLiteral("code")}, true}}},
-                   {QStringLiteral("notes"), {{QStringLiteral("text"), dbText, 50}}, {}}});
+                   {QStringLiteral("notes"), {{QStringLiteral("text"), dbText, 50}}, {}},
+                   {QStringLiteral("copies"),
+                    {{QStringLiteral("text"), dbText, 50}, {QStringLiteral("number"), dbDouble}},
+                    {}}});
         database = DBEngine::Instance().OpenDatabase(path);
     }
 

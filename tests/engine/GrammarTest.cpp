@@ -22,26 +22,30 @@ TEST(GrammarTest, Delete) {
     const auto statement = Parse("delete from glcodes where type=?");
     EXPECT_EQ(statement.kind, StatementKind::Delete);
     EXPECT_EQ(statement.table, "glcodes");
-    EXPECT_EQ(statement.sql, "delete from [glcodes] where [type] = ?");
+    EXPECT_EQ(statement.sql, R"(delete from "glcodes" where likelihood("type" = ? collate binary, 0.0001))");
     EXPECT_EQ(statement.storedIn, std::vector<std::string>{""});
 }
 
 TEST(GrammarTest, UpdateNotesWhereItsValuesAreStored) {
     const auto statement = Parse("update revenues set disburse_id=?,tax=null where[date]<=?");
     EXPECT_EQ(statement.kind, StatementKind::Update);
-    EXPECT_EQ(statement.sql, "update [revenues] set [disburse_id] = ?, [tax] = null where [date] <= ?");
+    EXPECT_EQ(
+        statement.sql,
+        R"(update or abort "revenues" set "disburse_id" = ?, "tax" = null where "date" <= ? collate binary)");
     EXPECT_EQ(statement.storedIn, (std::vector<std::string>{"disburse_id", ""}));
 }
 
 TEST(GrammarTest, InsertOfValues) {
     const auto statement = Parse("insert into bond(code,[date],amount)values(?,?,true)");
-    EXPECT_EQ(statement.sql, "insert into [bond]([code], [date], [amount]) values(?, ?, -1)");
+    EXPECT_EQ(statement.sql, R"(insert or abort into "bond"("code", "date", "amount") values(?, ?, -1))");
     EXPECT_EQ(statement.storedIn, (std::vector<std::string>{"code", "date"}));
 }
 
 TEST(GrammarTest, InsertOfRowsOfAnotherTable) {
     const auto statement = Parse("insert into a(b,c,d)select e,?,null from f where g=?");
-    EXPECT_EQ(statement.sql, "insert into [a]([b], [c], [d]) select [e], ?, null from [f] where [g] = ?");
+    EXPECT_EQ(
+        statement.sql,
+        R"(insert or abort into "a"("b", "c", "d") select "e", ?, null from "f" where likelihood("g" = ? collate binary, 0.0001))");
     EXPECT_EQ(statement.storedIn, (std::vector<std::string>{"c", ""}));
     EXPECT_EQ(statement.sourceTable, "f");
     EXPECT_EQ(statement.columnsWritten, (std::vector<std::string>{"b", "c", "d"}));
@@ -52,11 +56,13 @@ TEST(GrammarTest, SelectInParts) {
     const auto statement = Parse(
         "SELECT [when ended]as result from tenancy where(a=? or b<>?)and c is not null order by "
         "date desc,d asc,e");
-    EXPECT_EQ(statement.itemsSql, "[when ended] as [result]");
+    EXPECT_EQ(statement.itemsSql, R"("when ended" as "result")");
     EXPECT_EQ(statement.items.at(0).column, "when ended");
     EXPECT_EQ(statement.items.at(0).alias, "result");
-    EXPECT_EQ(statement.whereSql, " where ([a] = ? or [b] <> ?) and [c] is not null");
-    EXPECT_EQ(statement.orderBySql, " order by [date] desc, [d], [e]");
+    EXPECT_EQ(
+        statement.whereSql,
+        R"( where (likelihood("a" = ? collate binary, 0.0001) or "b" <> ? collate binary) and "c" is not null)");
+    EXPECT_EQ(statement.orderBySql, R"( order by "date" desc, "d", "e")");
 }
 
 TEST(GrammarTest, AnInsertNeedsAValueForEachColumn) {

@@ -1,6 +1,8 @@
 #include "EngineTest.h"
+#include "engine/Waiting.h"
 #include "platform/MessageBox.h"
 #include "support/FaultyDisk.h"
+#include "support/WriteTrace.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -313,10 +315,10 @@ TEST_F(WriteGroupTest, WithoutAListenerALossIsToldAsABox) {
 
 TEST_F(WriteGroupTest, ALockIsWaitedForAndThenAnError) {
     std::atomic<bool> held = false;
-    std::thread other([&] {
+    std::jthread other([&] {
         RunElsewhere(path,
                      "begin exclusive; insert into notes values('other');"
-                     "with recursive n(i) as (select 1 union all select i + 1 from n where i < 3000000)"
+                     "with recursive n(i) as (select 1 union all select i + 1 from n where i < 500000)"
                      "select max(i) from n; commit");
         held = true;
     });
@@ -353,6 +355,190 @@ TEST_F(WriteGroupTest, AReaderThatHoldsUpACommitCostsNothing) {
     database->Flush();
     EXPECT_TRUE(lost.isEmpty()) << lost.join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("3")});
+}
+
+/// A program that is told of waiting, and says whether it goes on.
+class Listener : public WaitingListener {
+public:
+    Listener() { SetWaitingListener(this); }
+    ~Listener() override { SetWaitingListener(nullptr); }
+
+    bool GoesOn() override { return goesOn; }
+    void HeldUp(bool isHeldUp) override { told.push_back(isHeldUp); }
+
+    std::atomic<bool> goesOn = true;
+    std::vector<bool> told;
+};
+
+/// Another program that begins to read and doesn't end.
+class Reader {
+public:
+    explicit Reader(const QString& path)
+        : database_(DBEngine::Instance().OpenDatabase(path)),
+          rows_(database_->OpenRecordset(QStringLiteral("select * from notes"), dbOpenForwardOnly,
+                                         dbReadOnly)) {}
+    void LetGo() { rows_.reset(); }
+
+private:
+    std::unique_ptr<Database> database_;
+    std::unique_ptr<Recordset> rows_;
+};
+
+class HeldUpTest : public WriteGroupTest {
+protected:
+    HeldUpTest() {
+        Insert(0);
+        database->Flush();
+    }
+
+    /// A group whose time is over, which a reader holds up.
+    void BeHeldUp() {
+        Insert(1);
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        Insert(2);
+    }
+
+    Listener listener;
+};
+
+TEST_F(HeldUpTest, AReaderIsWaitedForOnceAndThenTheWritesGoOnInMemory) {
+    Reader reader(path);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 1; i <= 100; ++i) {
+        Insert(i);
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    database->Execute(QStringLiteral("update notes set text = 'changed'"));
+    EXPECT_GE(timer.elapsed(), 5000);
+    EXPECT_LE(timer.elapsed(), 7000) << "one lock is waited for once";
+    EXPECT_EQ(listener.told, std::vector<bool>{true});
+    reader.LetGo();
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    Insert(101);
+    EXPECT_EQ(listener.told, (std::vector<bool>{true, false}));
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes where text = 'changed'"),
+              QStringList{QStringLiteral("101")});
+    EXPECT_TRUE(lost.isEmpty());
+}
+
+TEST_F(HeldUpTest, AMessageBoxCostsNothing) {
+    Reader reader(path);
+    BeHeldUp();
+    platform::ShowMessageBox(QStringLiteral("anything"));
+    reader.LetGo();
+    database->Flush();
+    EXPECT_TRUE(lost.isEmpty());
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("3")});
+}
+
+TEST_F(HeldUpTest, AWriteBeyondTheRoomInMemoryMeetsALock) {
+    Reader reader(path);
+    BeHeldUp();
+    const QString large(1'000'000, QLatin1Char('x'));
+    int stored = 0;
+    int number = 0;
+    while (stored < 200 && number == 0) {
+        number = ErrorOf([&] {
+            database->Execute(
+                QStringLiteral("insert into things(code, memo) values('%1', '%2')").arg(stored).arg(large));
+        });
+        stored += number == 0 ? 1 : 0;
+    }
+    EXPECT_EQ(number, ErrorNumber::Locked);
+    EXPECT_GT(stored, 10);
+    EXPECT_LT(stored, 40) << "64 MiB: the text of the statement, and the page that holds it";
+    reader.LetGo();
+    database->Flush();
+    EXPECT_TRUE(lost.isEmpty());
+    EXPECT_EQ(ReadRows(path, "select count(*) from things"), QStringList{QString::number(stored)});
+}
+
+TEST_F(HeldUpTest, AProgramThatIsToEndDoesNotWait) {
+    Reader reader(path);
+    BeHeldUp();
+    Insert(3);
+    listener.goesOn = false;
+    QElapsedTimer timer;
+    timer.start();
+    Insert(4);
+    database->Flush();
+    EXPECT_LT(timer.elapsed(), 1000);
+    ASSERT_EQ(lost.size(), 1) << "one report for all";
+    EXPECT_TRUE(lost[0].contains(QStringLiteral("(4)"))) << lost[0].toStdString();
+    EXPECT_TRUE(lost[0].contains(QStringLiteral("'n1'"))) << lost[0].toStdString();
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n0")});
+}
+
+TEST_F(HeldUpTest, AProgramThatIsToEndDoesNotWaitForTheFirstTimeEither) {
+    Reader reader(path);
+    std::thread user([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        listener.goesOn = false;
+    });
+    QElapsedTimer timer;
+    timer.start();
+    BeHeldUp();
+    database->Flush();
+    user.join();
+    EXPECT_LT(timer.elapsed(), 2000);
+    EXPECT_EQ(lost.size(), 1);
+    EXPECT_TRUE(listener.told.empty()) << "nobody reads that any more";
+}
+
+TEST_F(WriteGroupTest, AProgramThatIsToEndCutsTheSecondRunShort) {
+    database.reset();
+    Listener listener;
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    Listen();
+    for (int i = 0; i < 10; ++i) {
+        Insert(i);
+    }
+    listener.goesOn = false;
+    disk.FailAt(1, FaultyDisk::Fault::Once);
+    database->Flush();
+    disk.Repair();
+    ASSERT_EQ(lost.size(), 1);
+    EXPECT_TRUE(lost[0].contains(QStringLiteral("(10)"))) << lost[0].toStdString();
+    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("0")});
+}
+
+TEST_F(WriteGroupTest, AStatementThatMayTakeLongDoesNotHoldUpWhatWasWrittenBefore) {
+    ASSERT_TRUE(RunElsewhere(path,
+                             "with recursive n(i) as (select 1 union all select i + 1 from n where i < 1001)"
+                             "insert into notes select 'one' from n"));
+    database.reset();
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    for (const char* statement : {"update notes set text = 'x'", "delete from notes where text = 'y'"}) {
+        Insert(1);
+        disk.FailAt(0, FaultyDisk::Fault::Once);
+        database->Execute(QString::fromUtf8(statement));
+        EXPECT_EQ(disk.Syncs() > 0, true) << statement;
+        database->Flush();
+    }
+}
+
+TEST_F(WriteGroupTest, ACopyThatTakesAsLongAsTheLastOneDoesNotHoldUpWhatWasWrittenBefore) {
+    ASSERT_TRUE(
+        RunElsewhere(path,
+                     "with recursive n(i) as (select 1 union all select i + 1 from n where i < 500000)"
+                     "insert into notes select 'long' from n"));
+    database.reset();
+    QStringList steps;
+    const WriteTrace trace([&steps](const TracedWrite&) { steps += QStringLiteral("write"); },
+                           [&steps] { steps += QStringLiteral("commit"); });
+    database = DBEngine::Instance().OpenDatabase(path);
+    const QString copy =
+        QStringLiteral("insert into copies(text) select text from notes where text = 'long'");
+    database->Execute(copy);
+    database->Flush();
+    steps.clear();
+    Insert(1);
+    database->Execute(copy);
+    EXPECT_EQ(steps,
+              (QStringList{QStringLiteral("write"), QStringLiteral("commit"), QStringLiteral("write")}));
 }
 
 TEST_F(WriteGroupTest, WhatCannotBeCommittedAtTheEndIsTold) {

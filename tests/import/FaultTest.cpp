@@ -10,6 +10,9 @@
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,7 +24,9 @@ protected:
         QString contents;
         QStringList labels;  ///< Titles of the boxes shown.
         bool endedEarly = false;
+        QStringList reports;  ///< In the error log.
         bool faulted = false;
+        bool faultedAgain = false;
         std::string firstFault;
     };
 
@@ -46,6 +51,7 @@ protected:
 
         Outcome outcome;
         disk.FailAt(n, fault);
+        disk.FailAgainAfter(secondFault_.after, secondFault_.operations);
         try {
             records::ImportData();
         } catch (const platform::Failure&) {
@@ -53,11 +59,13 @@ protected:
         }
         database::SetCurrentDatabase(nullptr);
         outcome.faulted = disk.Faults() > 0;
+        outcome.faultedAgain = disk.Faults() > 1;
         outcome.firstFault = disk.FirstFault();
         disk.Repair();
 
         const int reported = database::ReportedErrors() - reportedBefore;
         EXPECT_EQ(workplace.ErrorLog().count(stamp_), reported) << "each failure is logged once";
+        outcome.reports = workplace.ErrorLog().split(stamp_, Qt::SkipEmptyParts);
         for (const platform::MessageBoxRequest& request : boxes.requests) {
             outcome.labels += request.title;
         }
@@ -76,6 +84,10 @@ protected:
         return Contents(path);
     }
 
+    struct {
+        int after = 0;
+        int operations = 0;
+    } secondFault_;
     QRegularExpression stamp_{QStringLiteral("\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d ")};
 };
 
@@ -132,7 +144,10 @@ TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
 }
 
 // A disk that fails when there is nothing left but to clear the journal has cost nothing, and nobody is told.
+// With balances, so that the last update has receipts to change: a failed one would otherwise be told and
+// cost nothing.
 TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
+    UsePortfolio({.tenants = 3, .start = QDate(2026, 10, 5), .balances = true});
     FaultyDisk disk;
     const QString whole = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).contents;
     for (const auto fault : {FaultyDisk::Fault::FromThenOn, FaultyDisk::Fault::FullFromThenOn}) {
@@ -146,6 +161,133 @@ TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
             EXPECT_NE(told, outcome.contents == whole) << outcome.firstFault << " at operation " << n;
         }
     }
+}
+
+/// Everything that the rows of a small import were at some time, and what they are at its end.
+class MeantRows {
+public:
+    MeantRows(const QString& database, const std::vector<TracedWrite>& writes) {
+        AddAll(database);
+        for (const TracedWrite& write : writes) {
+            EXPECT_TRUE(
+                RunElsewhere(database, ("pragma synchronous = off;" + write.sql.toUtf8()).constData()));
+            AddAll(database);
+            if (write.changedRows == 0) {
+                idle_ += write.sql.section(QLatin1Char(' '), 0, 2);
+            }
+        }
+        last_ = RowsOf(database);
+    }
+
+    /// A removal that is lost leaves rows to later statements.
+    void AlsoWithoutWipe(const QString& database, const std::vector<TracedWrite>& writes) {
+        for (const TracedWrite& write : writes) {
+            if (write.sql.startsWith(QLatin1String("update")) &&
+                !write.sql.contains(QLatin1String("rowid"))) {
+                EXPECT_TRUE(RunElsewhere(database, write.sql.toUtf8().constData()));
+            }
+        }
+        AddAll(database);
+    }
+
+    /// The rows of a table, as many times as they are there.
+    using Rows = QHash<QString, QStringList>;
+    static Rows RowsOf(const QString& database) { return ReadTables(database, ImportJourney::Tables()); }
+
+    /// Holds what an import with faults has left against what it told.
+    void Check(const Rows& rows, const QStringList& reports, const std::string& where) const {
+        bool isWhole = true;
+        for (const QString& table : ImportJourney::Tables()) {
+            QStringList missing = last_[table];
+            for (const QString& row : rows[table]) {
+                EXPECT_TRUE(ever_[table].contains(row))
+                    << where << ": nobody meant " << row.toStdString() << " in " << table.toStdString();
+                missing.removeOne(row);
+            }
+            const bool isTableWhole = missing.isEmpty() && rows[table].size() == last_[table].size();
+            EXPECT_TRUE(isTableWhole || IsTold(table, reports))
+                << where << ": nothing told of " << table.toStdString() << " without "
+                << missing.join(QLatin1Char('\n')).toStdString();
+            isWhole = isWhole && isTableWhole;
+        }
+        for (const QString& report : reports) {
+            EXPECT_FALSE(isWhole && !IsIdle(report))
+                << where << ": told, but there is " << report.toStdString();
+        }
+    }
+
+private:
+    void AddAll(const QString& database) {
+        const Rows rows = RowsOf(database);
+        for (const QString& table : ImportJourney::Tables()) {
+            for (const QString& row : rows[table]) {
+                ever_[table].insert(row);
+            }
+        }
+    }
+
+    // A failed step of a row set names no table.
+    static bool IsTold(const QString& table, const QStringList& reports) {
+        return std::any_of(reports.begin(), reports.end(), [&table](const QString& report) {
+            return report.contains(table, Qt::CaseInsensitive) || report.trimmed().endsWith(QLatin1Char('.'));
+        });
+    }
+
+    bool IsIdle(const QString& report) const {
+        return std::any_of(idle_.begin(), idle_.end(), [&report](QString begin) {
+            return report.contains(
+                begin.remove(QLatin1Char('[')).remove(QLatin1Char(']')).remove(QLatin1Char('"')),
+                Qt::CaseInsensitive);
+        });
+    }
+
+    QHash<QString, QSet<QString>> ever_;
+    Rows last_;
+    QStringList idle_;  ///< How statements begin that find no rows.
+};
+
+/// The second failure is one of so many operations in a row.
+class PairsOfFaultsTest : public FaultTest, public ::testing::WithParamInterface<int> {};
+
+INSTANTIATE_TEST_SUITE_P(Operations, PairsOfFaultsTest, ::testing::Values(1, 6));
+
+// All pairs take minutes: WRENFIELD_FAULT_STRIDE=1 tries them, otherwise it is every 23rd.
+TEST_P(PairsOfFaultsTest, NoPairCostsMoreThanIsReportedOrPutsAnythingIntoARowThatWasNotMeantForIt) {
+    UsePortfolio({.tenants = 4, .start = QDate(2026, 10, 26), .balances = true});
+    std::vector<TracedWrite> writes;
+    {
+        FaultyDisk disk;
+        const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
+        EXPECT_TRUE(ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).labels.isEmpty());
+    }
+    MeantRows meant(FreshDatabase("expected.mdb"), writes);
+    meant.AlsoWithoutWipe(FreshDatabase("unwiped.mdb"), writes);
+    FaultyDisk disk;
+    int imports = 0;
+    const int asked = qEnvironmentVariableIntValue("WRENFIELD_FAULT_STRIDE");
+    const int stride = asked > 0 ? asked : 23;
+    for (int first = 1;; ++first) {
+        bool isFirstReached = false;
+        for (int second = 1 + first % stride;; second += stride, ++imports) {
+            secondFault_ = {second, GetParam()};
+            const Outcome outcome = ImportWithFaultAt(disk, first, FaultyDisk::Fault::Once);
+            isFirstReached = outcome.faulted;
+            const std::string where = outcome.firstFault + " at operation " + std::to_string(first) +
+                                      " and " + std::to_string(second) + " after it";
+            if (!outcome.endedEarly && !outcome.labels.contains(QStringLiteral("Start ADO"))) {
+                meant.Check(MeantRows::RowsOf(workplace.Path(QStringLiteral("faulty.mdb"))), outcome.reports,
+                            where);
+            }
+            if (!outcome.faultedAgain) {
+                break;
+            }
+        }
+        if (!isFirstReached) {
+            EXPECT_GT(first, 10);
+            break;
+        }
+    }
+    EXPECT_GT(imports, 20);
 }
 
 }  // namespace

@@ -45,22 +45,22 @@ int ImportJourney::Import(const QString& database) const {
                                  QStringLiteral("--today"), QStringLiteral("2026-11-21")});
 }
 
-int ImportJourney::StartImport(const QString& database) const {
+int ImportJourney::StartImport(const QString& database, const QString& errors) const {
     const int child = fork();
     if (child == 0) {
         const int nowhere = open("/dev/null", O_WRONLY);
         dup2(nowhere, STDOUT_FILENO);
-        dup2(nowhere, STDERR_FILENO);
+        dup2(open(errors.toUtf8().constData(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
         platform::RunProcess([&] { return Import(database); });
     }
     return child;
 }
 
 QString ImportJourney::Contents(const QString& database) {
+    const auto rows = ReadTables(database, Tables());
     QString contents;
     for (const QString& table : Tables()) {
-        const QByteArray sql = "select * from [" + table.toUtf8() + "] order by rowid";
-        contents += table + QLatin1Char('\n') + ReadRows(database, sql.constData()).join(QLatin1Char('\n'));
+        contents += table + QLatin1Char('\n') + rows[table].join(QLatin1Char('\n'));
     }
     return contents;
 }

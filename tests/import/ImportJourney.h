@@ -36,9 +36,9 @@ protected:
     /// Runs the import in this process as of 2026-11-21, and gives its exit status.
     int Import(const QString& database) const;
 
-    /// Runs the import in a child process, which ends with the import's exit status. Gives the child's
-    /// process number.
-    int StartImport(const QString& database) const;
+    /// Runs the import in a child process, which ends with the import's exit status. What it tells on
+    /// standard error goes into a file. Gives the child's process number.
+    int StartImport(const QString& database, const QString& errors = QStringLiteral("/dev/null")) const;
 
     Workplace workplace;
     RecordingMessageBoxes boxes;

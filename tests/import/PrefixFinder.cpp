@@ -25,8 +25,7 @@ public:
 
     void Apply(const TracedWrite& write) {
         Run(write.sql.toUtf8().constData());
-        const QString table =
-            write.sql.section(QLatin1Char('['), 1, 1).section(QLatin1Char(']'), 0, 0).toLower();
+        const QString table = write.sql.section(QLatin1Char('"'), 1, 1).toLower();
         const qsizetype place = ImportJourney::Tables().indexOf(table);
         const qint64 direction = write.sql.startsWith(QStringLiteral("insert"))   ? 1
                                  : write.sql.startsWith(QStringLiteral("delete")) ? -1

@@ -1,6 +1,7 @@
 """Where the wizard looks for its database, and what it tells when it doesn't find it: at the start, when its window
 comes up, and at Finish."""
 
+import fcntl
 import os
 import shutil
 import sqlite3
@@ -226,6 +227,28 @@ class Database(Journey):
         self.assertEqual(wizard.wait_for_end(), 0)
         self.assertEqual(wizard.rows("select count(*) from notes"), ["1"])
         self.assertEqual(wizard.rows("select name from tenancy"), ["T. Enant"])
+
+    def test_another_import_under_way(self):
+        # Nothing is deleted and nothing added, even when the other import ends before the box is answered.
+        wizard = self.start()
+        wizard.fill_in_landlord()
+        with open(wizard.database, "rb+") as other:
+            fcntl.flock(other, fcntl.LOCK_EX)
+            wizard.click("push button", "Finish")
+            told = "3260 - Couldn't write; another import is filling the database: "
+            holder = f", process {os.getpid()}.\n\n"
+            box = wizard.wait_for_box(Beginning("General Errors...\n\n" + told), title="Start ADO")
+            self.assertTrue(box.all("label")[0].name.endswith(holder))
+        self.answer_error(wizard, told)
+        wizard.answer(f"No networking enabled, using {wizard.database}", "OK")
+        boxes = wizard.answer_all_until(FINISHED)
+        self.assertEqual(wizard.wait_for_end(), 0)
+        self.assertGreaterEqual(len(boxes), 4)
+        for title, text in boxes:
+            self.assertIn(title, ("Update Record", "Execute SQL"))
+            self.assertEqual(text, Beginning("General Errors...\n\n" + told))
+            self.assertTrue(text.endswith(holder))
+        self.assert_untouched(wizard)
 
     def test_a_table_is_missing(self):
         wizard = self.start(prepare=lambda wizard: wizard.change("drop table mileage"))

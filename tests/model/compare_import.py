@@ -14,6 +14,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 import hearthbook_model
+import hostile_names
 from random_portfolios import random_scenario
 from shrinking import shrunk
 from table_store import OutsideTheRules
@@ -154,7 +155,9 @@ def _arguments():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--tool", required=True, help="the program wrenfield-import")
     parser.add_argument("--maker", required=True, help="the program hearthbook-create-database")
-    parser.add_argument("--count", type=int, default=400, help="how many portfolios to compare")
+    parser.add_argument("--count", type=int, help="how many portfolios to compare (default: 400)")
+    parser.add_argument("--hostile-names", action="store_true",
+                        help=f"portfolios with {hostile_names.COUNT} names chosen to do harm")
     parser.add_argument("--first", type=int, default=0, help="the number of the first portfolio")
     parser.add_argument("--seed", default="1", help="another seed gives other portfolios")
     parser.add_argument("--keep", metavar="DIR", help="keep the files of portfolios that differ")
@@ -164,11 +167,13 @@ def _arguments():
 
 def main():
     arguments = _arguments()
+    make = hostile_names.hostile_scenario if arguments.hostile_names else random_scenario
+    count = arguments.count or (hostile_names.PORTFOLIOS if arguments.hostile_names else 400)
     findings = 0
     with tempfile.TemporaryDirectory(prefix="compare-import-") as folder:
         comparison = Comparison(arguments.tool, arguments.maker, folder)
-        for number in range(arguments.first, arguments.first + arguments.count):
-            scenario = random_scenario(arguments.seed, number)
+        for number in range(arguments.first, arguments.first + count):
+            scenario = make(arguments.seed, number)
             if not comparison.differences(scenario):
                 continue
             scenario = shrunk(scenario, lambda smaller: bool(comparison.differences(smaller)))
@@ -182,7 +187,7 @@ def main():
     if findings:
         print(f"\n{findings} portfolios differ")
         return 1
-    print(f"{arguments.count} portfolios of seed {arguments.seed} agree")
+    print(f"{count} portfolios of seed {arguments.seed} agree")
     return 0
 
 

@@ -2,6 +2,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Process.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -121,6 +122,18 @@ TEST(RunProcess, TellsFailuresThatAreNotOurs) {
     EXPECT_EXIT(RunProcess([]() -> int { throw std::runtime_error("out of paper"); }), ExitedWithCode(1),
                 "^Wrenfield Wizard: 51: out of paper\n$");
     EXPECT_EXIT(RunProcess([]() -> int { throw 42; }), ExitedWithCode(1), "^Wrenfield Wizard: 51: ");
+}
+
+TEST(RunProcess, LetsNoFileTakeThePlaceOfAStreamThatIsClosed) {
+    const auto runWithoutStreams = [] {
+        ::close(STDIN_FILENO);
+        ::close(STDOUT_FILENO);
+        RunProcess([] {
+            const int file = ::open("/dev/null", O_RDWR);
+            return file > STDERR_FILENO && ::write(STDOUT_FILENO, "lost", 4) == -1 ? 0 : 1;
+        });
+    };
+    EXPECT_EXIT(runWithoutStreams(), ::testing::ExitedWithCode(0), "");
 }
 
 TEST(EndByFailure, TellsTheFailureBeingHandled) {

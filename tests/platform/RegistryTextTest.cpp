@@ -1,6 +1,8 @@
 #include "platform/SettingsStore.h"
 #include "support/PrintQt.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -117,6 +119,20 @@ TEST(RegistryText, AMinusDeletesAValue) {
 TEST(RegistryText, AMinusDeletesAKeyAndThoseBelow) {
     const auto keys = ParseRegistryText(Header + "[K]\n[K\\below]\n[KX]\n[-k]\n");
     EXPECT_EQ(keys.keys(), QList<QString>{QStringLiteral("kx")});
+}
+
+TEST(RegistryText, DeletingManyKeysOfManyTakesNoSquareOfTheirNumber) {
+    QByteArray text = Header;
+    for (int key = 0; key < 100000; ++key) {
+        text += "[a" + QByteArray::number(key) + "]\n";
+    }
+    for (int key = 0; key < 100000; ++key) {
+        text += "[-b" + QByteArray::number(key) + "]\n";
+    }
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_EQ(ParseRegistryText(text).size(), 100000);
+    EXPECT_LT(clock.elapsed(), 30000);
 }
 
 TEST(RegistryText, HeaderAloneHasNoKeys) {

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 namespace {
 
 using platform::HKEY_LOCAL_MACHINE;
@@ -105,6 +108,30 @@ TEST_F(SettingsStore, UsersFolderIsBelowTheHomeByDefault) {
     EXPECT_EQ(StoredPath(), "/home");
     qputenv("XDG_CONFIG_HOME", "relative");
     EXPECT_EQ(StoredPath(), "/home");
+}
+
+TEST_F(SettingsStore, AFolderWhoseNameIsNoTextIsTheVeryFolder) {
+    const auto foldersNamed = [this](const QByteArray& name) {
+        return workplace_.Path(QStringLiteral("./")).toUtf8() + name;
+    };
+    const auto writeBelow = [](const QByteArray& folder, const QByteArray& text) {
+        std::filesystem::create_directories((folder + "/hearthbook").toStdString());
+        std::ofstream((folder + "/hearthbook/registry.reg").toStdString()) << text.toStdString();
+    };
+    const QByteArray folder = foldersNamed("J\xF6rg");
+    const QByteArray lookalike = foldersNamed("J\xEF\xBF\xBDrg");
+    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
+        writeBelow(folder, TextWith("/the very one"));
+        writeBelow(lookalike, TextWith("/another"));
+        qputenv(variable, folder);
+        EXPECT_EQ(StoredPath(), "/the very one") << variable;
+    }
+    writeBelow(folder + "/.config", TextWith("/home"));
+    writeBelow(lookalike + "/.config", TextWith("/another home"));
+    qputenv("HOME", folder);
+    qunsetenv("XDG_CONFIG_HOME");
+    EXPECT_EQ(StoredPath(), "/home");
+    std::filesystem::remove_all(folder.toStdString());
 }
 
 TEST_F(SettingsStore, RelativeFoldersAreIgnored) {

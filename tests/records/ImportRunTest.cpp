@@ -1,6 +1,8 @@
+#include "platform/FileLock.h"
 #include "records/ImportRun.h"
 #include "support/FakeDatabaseInPlace.h"
 #include "support/HearthbookTest.h"
+#include "support/OtherProcess.h"
 
 #include <QRegularExpression>
 
@@ -150,6 +152,70 @@ TEST_F(ImportRunTest, WhenTheDatabaseCannotBeOpenedAgainTheRunAddsToTheOldData) 
     database::UseDatabaseFile(workplace_.Path(u"missing.mdb"_s));
     records::ImportData();
     EXPECT_EQ(Rows(u"select code from owner order by code"_s), (QStringList{u"OLD"_s, u"Smith"_s}));
+}
+
+/// Something happens while the first box is open.
+class InterruptedBoxes : public RecordingMessageBoxes {
+public:
+    explicit InterruptedBoxes(std::function<void()> event) : event_(std::move(event)) {}
+
+    platform::Answer Show(const platform::MessageBoxRequest& request) override {
+        if (requests.empty()) {
+            event_();
+        }
+        return RecordingMessageBoxes::Show(request);
+    }
+
+private:
+    std::function<void()> event_;
+};
+
+class TwoImportsTest : public ImportRunTest {
+protected:
+    TwoImportsTest() {
+        Execute(u"insert into owner (code, name) values ('OLD', 'Old Owner')"_s);
+        // What this process has written so far isn't the import.
+        database::SetCurrentDatabase(nullptr);
+        EXPECT_TRUE(database::StartDatabase());
+        records::CreateCollections();
+        AddOwner(u"Smith"_s);
+        AddProperty(u"12 Main Road"_s);
+        AddTenant(u"Ada"_s, u"12 Main Road"_s);
+        other_.emplace([this] { return (new platform::FileLock(path_))->TryTake(); });
+        EXPECT_TRUE(other_->Succeeded());
+        told_ =
+            u"3260 - Couldn't write; another import is filling the database: records_database_test, process %1."_s
+                .arg(other_->Number());
+    }
+
+    /// The two boxes of the opening, and then one for each row.
+    void ExpectAllRefused(const std::vector<platform::MessageBoxRequest>& boxes) const {
+        ASSERT_GT(boxes.size(), 5U);
+        EXPECT_EQ(boxes[0].title, u"Start ADO"_s);
+        EXPECT_TRUE(boxes[0].text.contains(told_)) << boxes[0].text.toStdString();
+        for (size_t place = 2; place < boxes.size(); ++place) {
+            EXPECT_TRUE(boxes[place].text.contains(told_)) << boxes[place].text.toStdString();
+        }
+        EXPECT_EQ(Rows(u"select code from owner"_s), QStringList{u"OLD"_s});
+        EXPECT_EQ(Rows(u"select name from tenancy"_s) + Rows(u"select tenant_code from rent_periods"_s),
+                  QStringList());
+    }
+
+    std::optional<OtherProcess> other_;
+
+private:
+    QString told_;
+};
+
+TEST_F(TwoImportsTest, WhileAnotherProcessImportsNothingIsChangedAndEachRowIsTold) {
+    records::ImportData();
+    ExpectAllRefused(boxes_.requests);
+}
+
+TEST_F(TwoImportsTest, NothingIsAddedToWhatTheOtherHasLeftMeanwhile) {
+    const InterruptedBoxes boxes([this] { other_->Kill(); });
+    records::ImportData();
+    ExpectAllRefused(boxes.requests);
 }
 
 TEST_F(ImportRunTest, ProgressCountsEveryRecord) {

@@ -121,6 +121,7 @@ public:
         return std::make_unique<FakeRecordset>(rows);
     }
     void Flush() override {}
+    void LockForImport() override { FailIfAsked(failures, "LockForImport"); }
     void CopyTo(const QString&) override {}
     void OnLostWrite(LostWriteListener listener) override { lostWriteListener = std::move(listener); }
 

@@ -4,14 +4,20 @@
 
 #include <sqlite3.h>
 
+#include <string_view>
+
 namespace {
 
 struct State {
     int failAt = 0;
+    int failAgainAfter = 0;
+    int failAgain = 0;
     FaultyDisk::Fault fault = FaultyDisk::Fault::Once;
     int operations = 0;
+    int syncs = 0;
     int faults = 0;
     std::string firstFault;
+    std::string badBytes;
 };
 
 State state;
@@ -27,6 +33,11 @@ sqlite3_file* Real(sqlite3_file* file) {
     return reinterpret_cast<ShimFile*>(file)->file;
 }
 
+bool FailsAgain() {
+    const int after = state.operations - state.failAt - state.failAgainAfter;
+    return after >= 0 && after < state.failAgain;
+}
+
 // Whether this operation is to fail. A full disk stops only what needs more room.
 bool Fails(const char* kind, bool needsRoom) {
     ++state.operations;
@@ -34,7 +45,7 @@ bool Fails(const char* kind, bool needsRoom) {
     bool fails = false;
     switch (state.fault) {
         case FaultyDisk::Fault::Once:
-            fails = state.failAt > 0 && state.operations == state.failAt;
+            fails = state.operations == state.failAt || FailsAgain();
             break;
         case FaultyDisk::Fault::FromThenOn:
             fails = reached;
@@ -62,6 +73,10 @@ int Read(sqlite3_file* file, void* bytes, int amount, sqlite3_int64 offset) {
 int Write(sqlite3_file* file, const void* bytes, int amount, sqlite3_int64 offset) {
     sqlite3_int64 size = 0;
     Real(file)->pMethods->xFileSize(Real(file), &size);
+    const std::string_view written(static_cast<const char*>(bytes), static_cast<size_t>(amount));
+    if (!state.badBytes.empty() && written.find(state.badBytes) != std::string_view::npos) {
+        return SQLITE_IOERR_WRITE;
+    }
     if (Fails("write", offset + amount > size)) {
         return state.fault == FaultyDisk::Fault::FullFromThenOn ? SQLITE_FULL : SQLITE_IOERR_WRITE;
     }
@@ -73,8 +88,10 @@ int Truncate(sqlite3_file* file, sqlite3_int64 size) {
                                     : Real(file)->pMethods->xTruncate(Real(file), size);
 }
 
-int Sync(sqlite3_file* file, int flags) {
-    return Fails("sync", false) ? SQLITE_IOERR_FSYNC : Real(file)->pMethods->xSync(Real(file), flags);
+int Sync(sqlite3_file* /*file*/, int /*flags*/) {
+    ++state.syncs;
+    // Nobody takes the power away here, and a real sync would be most of what a sweep of faults waits for.
+    return Fails("sync", false) ? SQLITE_IOERR_FSYNC : SQLITE_OK;
 }
 
 int FileSize(sqlite3_file* file, sqlite3_int64* size) {
@@ -171,8 +188,21 @@ void FaultyDisk::FailAt(int n, Fault fault) {
     state.fault = fault;
 }
 
+void FaultyDisk::FailOnBytes(const std::string& bytes) {
+    state.badBytes = bytes;
+}
+
+void FaultyDisk::FailAgainAfter(int n, int operations) {
+    state.failAgainAfter = n;
+    state.failAgain = operations;
+}
+
 int FaultyDisk::Operations() const {
     return state.operations;
+}
+
+int FaultyDisk::Syncs() const {
+    return state.syncs;
 }
 
 int FaultyDisk::Faults() const {

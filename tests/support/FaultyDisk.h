@@ -21,10 +21,20 @@ public:
 
     /// Counts from 1 anew and fails at the n-th operation from now. 0 lets everything work.
     void FailAt(int n, Fault fault);
+
+    /// Lets others fail as well, so many in a row: from the n-th after the one that fails Once.
+    void FailAgainAfter(int n, int operations);
+
+    /// Lets all writes fail that hold these bytes: a place of the disk that takes one thing and not another.
+    void FailOnBytes(const std::string& bytes);
+
     void Repair() { FailAt(0, Fault::Once); }
 
     /// Operations since FailAt or since the beginning.
     int Operations() const;
+
+    /// How many of them were syncs.
+    int Syncs() const;
 
     /// How many operations were made to fail since FailAt.
     int Faults() const;

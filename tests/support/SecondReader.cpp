@@ -32,11 +32,7 @@ QString RowText(sqlite3_stmt* statement) {
     return values.join(QLatin1Char('|'));
 }
 
-}  // namespace
-
-QStringList ReadRows(const QString& path, const char* sql) {
-    const OtherConnection connection(path);
-    sqlite3_busy_timeout(connection.Handle(), 5000);
+QStringList Rows(const OtherConnection& connection, const char* sql) {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(connection.Handle(), sql, -1, &statement, nullptr) != SQLITE_OK) {
         qFatal("%s: %s", sql, sqlite3_errmsg(connection.Handle()));
@@ -49,6 +45,25 @@ QStringList ReadRows(const QString& path, const char* sql) {
     sqlite3_finalize(statement);
     if (step != SQLITE_DONE) {
         qFatal("%s: %s", sql, sqlite3_errmsg(connection.Handle()));
+    }
+    return rows;
+}
+
+}  // namespace
+
+QStringList ReadRows(const QString& path, const char* sql) {
+    const OtherConnection connection(path);
+    sqlite3_busy_timeout(connection.Handle(), 5000);
+    return Rows(connection, sql);
+}
+
+QHash<QString, QStringList> ReadTables(const QString& path, const QStringList& tables) {
+    const OtherConnection connection(path);
+    sqlite3_busy_timeout(connection.Handle(), 5000);
+    QHash<QString, QStringList> rows;
+    for (const QString& table : tables) {
+        const QByteArray sql = "select * from [" + table.toUtf8() + "] order by rowid";
+        rows.insert(table, Rows(connection, sql.constData()));
     }
     return rows;
 }

@@ -3,6 +3,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -12,6 +14,11 @@ namespace {
 class CreateDatabase : public testing::Test {
 protected:
     QString Path() const { return directory_.filePath(QStringLiteral("property.mdb")); }
+
+    QStringList Everything() const {
+        return QDir(directory_.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
 
     QTemporaryDir directory_;
 };
@@ -102,8 +109,80 @@ TEST_F(CreateDatabase, ALinkToNowhereIsNoFreePlace) {
 
 TEST_F(CreateDatabase, LeavesNothingBesideTheFile) {
     ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
-    EXPECT_EQ(QDir(directory_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              QStringList{QStringLiteral("property.mdb")});
+    EXPECT_EQ(Everything(), QStringList{QStringLiteral("property.mdb")});
+}
+
+// Any limit, from no room at all to room for all of it.
+TEST_F(CreateDatabase, WhereThereIsNoRoomForAllOfItNothingIsLeft) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    const QByteArray whole = FileBytes(Path());
+    const qsizetype kilobytes = (whole.size() + 1023) / 1024;
+    for (qsizetype limit = 0; limit <= kilobytes; limit += 2) {
+        ASSERT_TRUE(QFile::remove(Path()));
+        const QString command = QStringLiteral("ulimit -f %1; exec '%2' '%3'")
+                                    .arg(limit)
+                                    .arg(QStringLiteral(CREATE_PROGRAM), Path());
+        const ProgramResult result = RunProgram(QStringLiteral("bash"), {QStringLiteral("-c"), command},
+                                                QStringLiteral("/nonexistent"));
+        if (limit < kilobytes) {
+            EXPECT_EQ(result.status, 1) << limit;
+            EXPECT_TRUE(result.errors.contains("property.mdb can't be made: ")) << result.errors.constData();
+            EXPECT_EQ(Everything(), QStringList()) << limit;
+            WriteFile(Path(), {});
+        }
+    }
+    EXPECT_EQ(RunCreateDatabase({Path()}).status, 2);
+}
+
+TEST_F(CreateDatabase, ARequestToEndLeavesTheWholeFileOrNothing) {
+    int made = 0;
+    for (int milliseconds = 0; made < 5; milliseconds += 3) {
+        QProcess process;
+        process.start(QStringLiteral(CREATE_PROGRAM), {Path()});
+        ASSERT_TRUE(process.waitForStarted());
+        process.waitForFinished(milliseconds);
+        process.terminate();
+        process.waitForFinished(60000);
+        ASSERT_EQ(process.state(), QProcess::NotRunning);
+        const bool isMade = process.exitStatus() == QProcess::NormalExit;
+        EXPECT_EQ(Everything(), isMade ? QStringList{QStringLiteral("property.mdb")} : QStringList());
+        if (isMade) {
+            EXPECT_EQ(process.exitCode(), 0);
+            EXPECT_EQ(QueryDatabase(Path(), QStringLiteral("select count(*) from contractor")), "2");
+            EXPECT_TRUE(QFile::remove(Path()));
+            ++made;
+        }
+    }
+}
+
+TEST_F(CreateDatabase, AFileThatTheDatabaseWouldTakeForItsOwnIsNotTouched) {
+    for (const char* end : {"-journal", "-wal", "-shm"}) {
+        const QString beside = Path() + QLatin1String(end);
+        WriteFile(beside, "precious");
+        const ProgramResult result = RunCreateDatabase({Path()});
+        EXPECT_EQ(result.status, 2);
+        EXPECT_TRUE(result.errors.contains("'" + beside.toUtf8() + "'")) << result.errors.constData();
+        EXPECT_EQ(FileBytes(beside), "precious");
+        EXPECT_EQ(Everything(), QStringList{QFileInfo(beside).fileName()});
+        EXPECT_TRUE(QFile::remove(beside));
+    }
+}
+
+TEST_F(CreateDatabase, ANameThatLeavesNoRoomForAJournalIsAFailureToWrite) {
+    const auto named = [this](int length) { return directory_.filePath(QString(length, QLatin1Char('x'))); };
+    for (const int length : {248, 255, 256}) {
+        const ProgramResult result = RunCreateDatabase({named(length)});
+        EXPECT_EQ(result.status, 1) << length;
+        EXPECT_TRUE(result.errors.contains("File name too long")) << result.errors.constData();
+        EXPECT_EQ(Everything(), QStringList()) << length;
+    }
+    EXPECT_EQ(RunCreateDatabase({named(247)}).status, 0);
+}
+
+TEST_F(CreateDatabase, AFailureNamesTheFileAsItWasGiven) {
+    const QString path = directory_.filePath(QStringLiteral("no %1 %2 %3 folder/property.mdb"));
+    EXPECT_TRUE(
+        RunCreateDatabase({path}).errors.contains(path.toUtf8() + " can't be made: 3043 - Disk error: "));
 }
 
 TEST_F(CreateDatabase, AFolderThatIsNotThereIsAFailureToWrite) {

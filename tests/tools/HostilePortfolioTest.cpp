@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -76,6 +77,18 @@ TEST_F(HostilePortfolio, NullBytesOutsideOfTexts) {
 TEST_F(HostilePortfolio, ANumberOfAHundredThousandDigits) {
     ExpectRefused("{\"ManagementFee\": " + QByteArray(100000, '9') + "}",
                   "/ManagementFee: The number is too large (found " + QByteArray(60, '9') + "...)");
+}
+
+TEST(UnreadablePortfolio, APipeIsNotWaitedFor) {
+    const QTemporaryDir directory;
+    const QString pipe = directory.filePath(QStringLiteral("portfolio.json"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString& path : {pipe, QStringLiteral("/dev/zero")}) {
+        const ProgramResult result = RunImport({path, QStringLiteral("--yes")});
+        EXPECT_EQ(result.status, 2);
+        EXPECT_TRUE(
+            result.errors.startsWith(path.toUtf8() + ": The file can't be read: it is not a regular file"));
+    }
 }
 
 TEST(UnreadablePortfolio, MissingFilesAndFoldersAreRefused) {

@@ -110,6 +110,18 @@ TEST_F(ImportRefusal, FilesThatAreNoDatabase) {
     EXPECT_EQ(FileBytes(Path("letter.txt")), "Dear tenant");
 }
 
+TEST_F(ImportRefusal, NamesInADatabaseDoNotWorkTheTerminal) {
+    const QString other = Path("other.mdb");
+    const QString sql = QStringLiteral("create table \"\x1B[2J\x07\"(a check(a > 0))");
+    ASSERT_EQ(RunProgram(QStringLiteral("sqlite3"), {other, sql}, QString()).status, 0);
+    const ProgramResult result =
+        RunImport({ExamplePortfolio(), QStringLiteral("--database"), other, QStringLiteral("--dry-run")},
+                  Path("config"));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.errors.contains("[2J")) << result.errors.constData();
+    EXPECT_FALSE(result.errors.contains('\x1B') || result.errors.contains('\x07'));
+}
+
 TEST_F(ImportRefusal, SettingsThatNameNoDatabase) {
     const ProgramResult result = RunImport({ExamplePortfolio(), QStringLiteral("--yes")}, Path("config"));
     EXPECT_EQ(result.status, 2);

@@ -1,6 +1,8 @@
 #include "support/PrintQt.h"
 #include "tools_core/import/Options.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 using tools::ImportOptions;
@@ -23,11 +25,11 @@ QStringList Words(const char* text) {
 TEST(Options, AllOfThem) {
     QString fault;
     const auto options = ParseImportOptions(
-        Words("--database a.mdb --backup=b.mdb p.json --today 2026-02-28 --yes --dry-run"), fault);
+        Words("--database /a.mdb --backup=b.mdb p.json --today 2026-02-28 --yes --dry-run"), fault);
     ASSERT_TRUE(options.has_value());
     EXPECT_EQ(options->portfolio, QStringLiteral("p.json"));
-    EXPECT_EQ(options->database, QStringLiteral("a.mdb"));
-    EXPECT_EQ(options->backup, QStringLiteral("b.mdb"));
+    EXPECT_EQ(options->database, QStringLiteral("/a.mdb"));
+    EXPECT_EQ(options->backup, QDir::currentPath() + QStringLiteral("/b.mdb"));
     EXPECT_EQ(options->today, QDate(2026, 2, 28));
     EXPECT_TRUE(options->isYes);
     EXPECT_TRUE(options->isDryRun);

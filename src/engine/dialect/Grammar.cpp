@@ -1,6 +1,7 @@
 #include "engine/dialect/Grammar.h"
 
 #include "engine/Error.h"
+#include "engine/dialect/Names.h"
 
 #include <QByteArray>
 
@@ -13,22 +14,19 @@ namespace {
 // Deeper conditions than any person writes would only serve to exhaust the stack.
 constexpr int DeepestCondition = 50;
 
+// What a file declares must not decide what is written: "on conflict ignore" would lose a row without a word
+// (the "or abort" of each statement overrides it), and "collate nocase" would find the rows of another
+// tenant.
+constexpr const char* Exactly = " collate binary";
+
+// The rows that a column's value picks out are few. SQLite would believe the statistics in a file, and go
+// through all rows each time, if they are false or of a time when there was one tenant.
+constexpr const char* Seldom = ", 0.0001)";
+
 bool IsNameCharacter(char character) {
     const auto byte = static_cast<unsigned char>(character);
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
            byte == '_' || byte >= 0x80;
-}
-
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character | 0x20) : character;
-    });
-    return lower;
-}
-
-std::string Bracketed(const std::string& name) {
-    return "[" + name + "]";
 }
 
 struct Token {
@@ -187,7 +185,7 @@ private:
         statement_.kind = StatementKind::Delete;
         ExpectKeyword("from", "expected from");
         TakeTable();
-        Write("delete from " + Bracketed(statement_.table));
+        Write("delete from " + QuotedName(statement_.table));
         ParseWhere();
     }
 
@@ -195,11 +193,11 @@ private:
         statement_.kind = StatementKind::Update;
         TakeTable();
         ExpectKeyword("set", "expected set");
-        Write("update " + Bracketed(statement_.table) + " set ");
+        Write("update or abort " + QuotedName(statement_.table) + " set ");
         do {
             const std::string column = TakeColumnWritten();
             ExpectSymbol('=', "expected =");
-            Write(Bracketed(column) + " = ");
+            Write(QuotedName(column) + " = ");
             if (!TakeConstant(column)) {
                 RaiseSyntax("expected a value");
             }
@@ -212,12 +210,12 @@ private:
         statement_.kind = StatementKind::Insert;
         ExpectKeyword("into", "expected into");
         TakeTable();
-        Write("insert into " + Bracketed(statement_.table) + "(");
+        Write("insert or abort into " + QuotedName(statement_.table) + "(");
         ExpectSymbol('(', "expected the list of columns");
         const std::vector<std::string>& columns = statement_.columnsWritten;
         do {
             Write(columns.empty() ? "" : ", ");
-            Write(Bracketed(TakeColumnWritten()));
+            Write(QuotedName(TakeColumnWritten()));
         } while (TakeSymbol(','));
         ExpectSymbol(')', "expected ) after the columns");
         Write(")");
@@ -273,7 +271,7 @@ private:
         } while (TakeSymbol(','));
         ExpectKeyword("from", "expected from");
         statement_.sourceTable = TakeName("expected the name of a table");
-        Write(" from " + Bracketed(statement_.sourceTable));
+        Write(" from " + QuotedName(statement_.sourceTable));
         ParseWhere();
         RequireValueForEachColumn(values);
     }
@@ -282,11 +280,11 @@ private:
         SelectItem item;
         if (!TakeConstant(storedIn)) {
             item.column = TakeColumnRead("expected a column or a value");
-            Write(Bracketed(item.column));
+            Write(QuotedName(item.column));
         }
         if (TakeKeyword("as")) {
             item.alias = TakeName("expected a name after as");
-            Write(" as " + Bracketed(item.alias));
+            Write(" as " + QuotedName(item.alias));
         }
         return item;
     }
@@ -306,7 +304,7 @@ private:
         statement_.itemsSql = statement_.sql.substr(itemsBegin);
         ExpectKeyword("from", "expected from");
         TakeTable();
-        Write(" from " + Bracketed(statement_.table));
+        Write(" from " + QuotedName(statement_.table));
         ParseWhere();
         ParseOrderBy();
     }
@@ -345,9 +343,9 @@ private:
     }
 
     void ParseComparison() {
-        Write(Bracketed(TakeColumnRead("expected the name of a column")));
+        const std::string column = QuotedName(TakeColumnRead("expected the name of a column"));
         if (TakeKeyword("is")) {
-            Write(TakeKeyword("not") ? " is not null" : " is null");
+            Write(column + (TakeKeyword("not") ? " is not null" : " is null"));
             ExpectKeyword("null", "expected null");
             return;
         }
@@ -361,10 +359,14 @@ private:
         if (std::find(comparisons.begin(), comparisons.end(), comparison) == comparisons.end()) {
             RaiseSyntax("expected a comparison");
         }
-        Write(" " + comparison + " ");
+        const bool isEqual = comparison == "=";
+        Write(isEqual ? "likelihood(" : "");
+        Write(column + " " + comparison + " ");
         if (!TakeConstant({})) {
-            Write(Bracketed(TakeColumnRead("expected a value")));
+            Write(QuotedName(TakeColumnRead("expected a value")));
         }
+        Write(Exactly);
+        Write(isEqual ? Seldom : "");
     }
 
     void ParseOrderBy() {
@@ -375,7 +377,7 @@ private:
         const size_t begin = statement_.sql.size();
         const char* separator = " order by ";
         do {
-            Write(separator + Bracketed(TakeColumnRead("expected the name of a column")));
+            Write(separator + QuotedName(TakeColumnRead("expected the name of a column")));
             separator = ", ";
             if (TakeKeyword("desc")) {
                 Write(" desc");

@@ -17,7 +17,7 @@ struct SelectItem {
     std::string alias;   ///< Empty if the column keeps its name.
 };
 
-/// What a statement of the dialect says, with names without their brackets and texts as SQL with bracketed
+/// What a statement of the dialect says, with names without their brackets and texts as SQL with quoted
 /// names.
 struct ParsedStatement {
     StatementKind kind = StatementKind::Select;

@@ -9,7 +9,7 @@ namespace engine::sqlite {
 
 Dynaset::Dynaset(SqliteDatabase& database, const PreparedStatement& prepared,
                  const dialect::ShapedStatement& shaped, bool readOnly)
-    : database_(database), table_(prepared.table), readOnly_(readOnly) {
+    : database_(database), table_(prepared.table), readOnly_(readOnly), held_(database.group_.Held()) {
     ChooseFields(prepared);
     ReadKeys(prepared, shaped);
 }
@@ -50,9 +50,11 @@ void Dynaset::ReadKeys(const PreparedStatement& prepared, const dialect::ShapedS
                                                              table_->sqlName + prepared.parsed.whereSql +
                                                              order + table_->rowKey));
     BindLiterals(keys.get(), prepared, shaped);
+    held_.table = table_.get();
+    held_.readAt = database_.group_.Size();
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(keys.get())) == SQLITE_ROW) {
-        keys_.push_back(sqlite3_column_int64(keys.get(), 0));
+        held_.keys.push_back(sqlite3_column_int64(keys.get(), 0));
     }
     if (step != SQLITE_DONE) {
         database_.connection_.Raise(step);
@@ -60,11 +62,11 @@ void Dynaset::ReadKeys(const PreparedStatement& prepared, const dialect::ShapedS
 }
 
 bool Dynaset::Bof() const {
-    return keys_.empty();
+    return held_.keys.empty();
 }
 
 bool Dynaset::Eof() const {
-    return current_ >= keys_.size();
+    return current_ >= held_.keys.size();
 }
 
 void Dynaset::RequireCurrentRow() const {
@@ -92,7 +94,7 @@ void Dynaset::ReadRow() {
     if (rowState_ == RowState::Unread) {
         database_.group_.BeforeReading();
         const RunningStatement reading(database_.statements_.ForSql(readRowSql_));
-        sqlite3_bind_int64(reading.get(), 1, keys_[current_]);
+        sqlite3_bind_int64(reading.get(), 1, held_.keys[current_]);
         const int step = sqlite3_step(reading.get());
         if (step != SQLITE_ROW && step != SQLITE_DONE) {
             database_.connection_.Raise(step);
@@ -132,20 +134,31 @@ void Dynaset::Update(short /*type*/, bool /*force*/) {
                     QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
     }
     const bool newRow = editing_ == Editing::NewRow;
-    RowWrite write{
-        newRow ? RowWrite::Kind::Insert : RowWrite::Kind::Update, table_, newRow ? 0 : keys_[current_], {}};
+    database_.group_.BeforeChangingRow();
+    RowWrite write = newRow ? RowWrite{RowWrite::Kind::Insert, table_, 0, {}, {}}
+                            : ChangeOfCurrentRow(RowWrite::Kind::Update);
     for (size_t place = 0; place < fields_.size(); ++place) {
         if (edited_[place]) {
             write.values.emplace_back(fields_[place].Column(), *edited_[place]);
         }
     }
     if (newRow || !write.values.empty()) {
-        database_.group_.Perform(std::move(write));
+        database_.group_.ChangeRow(std::move(write));
     }
     if (!newRow) {
         rowState_ = RowState::Unread;
     }
     StopEditing();
+}
+
+RowWrite Dynaset::ChangeOfCurrentRow(RowWrite::Kind kind) {
+    RowWrite write{kind, table_, held_.keys[current_], {}, {}};
+    if (rowState_ == RowState::Read) {
+        for (size_t place = 0; place < fields_.size(); ++place) {
+            write.held.emplace_back(fields_[place].Column(), row_[place]);
+        }
+    }
+    return write;
 }
 
 void Dynaset::CancelUpdate(short /*type*/) {
@@ -168,7 +181,8 @@ void Dynaset::Delete() {
         throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
     }
     StopEditing();
-    database_.group_.Perform(RowWrite{RowWrite::Kind::Delete, table_, keys_[current_], {}});
+    database_.group_.BeforeChangingRow();
+    database_.group_.ChangeRow(ChangeOfCurrentRow(RowWrite::Kind::Delete));
     rowState_ = RowState::Deleted;
 }
 

@@ -2,6 +2,7 @@
 
 #include "engine/Recordset.h"
 #include "engine/dialect/Tokenizer.h"
+#include "engine/sqlite/HeldKeys.h"
 #include "engine/sqlite/StatementCache.h"
 #include "engine/sqlite/Write.h"
 
@@ -59,6 +60,7 @@ private:
     void ReadKeys(const PreparedStatement& prepared, const dialect::ShapedStatement& shaped);
     void ReadRow();
     void RequireCurrentRow() const;
+    RowWrite ChangeOfCurrentRow(RowWrite::Kind kind);
     void RequireWritable() const;
     void StopEditing();
     Value Get(size_t place);
@@ -70,7 +72,7 @@ private:
     std::string readRowSql_;
     bool readOnly_;
 
-    std::vector<qint64> keys_;
+    HeldKeys held_;
     size_t current_ = 0;
 
     RowState rowState_ = RowState::Unread;

@@ -46,6 +46,10 @@ Error ToError(sqlite3* connection, int resultCode) {
         case SQLITE_NOTADB:
             return {ErrorNumber::UnrecognizedFormat,
                     QStringLiteral("Unrecognized database format: %1.").arg(detail)};
+        case SQLITE_INTERRUPT:
+            // Only the budget for reading them ends anything (see Hardening.h).
+            return {ErrorNumber::DatabaseDamaged,
+                    QStringLiteral("The database is damaged: there is no end to its list of tables.")};
         case SQLITE_CORRUPT:
             return {ErrorNumber::DatabaseDamaged, QStringLiteral("The database is damaged: %1.").arg(detail)};
         default:

@@ -2,6 +2,7 @@
 
 #include "engine/Error.h"
 #include "engine/Recordset.h"
+#include "engine/dialect/Names.h"
 
 #include <algorithm>
 
@@ -21,7 +22,7 @@ Field& FieldAt(Fields& fields, int place) {
 template <class Fields>
 Field& FieldNamed(Fields& fields, const QString& name) {
     const auto field = std::find_if(fields.begin(), fields.end(), [&name](const Field& candidate) {
-        return candidate.Name().compare(name, Qt::CaseInsensitive) == 0;
+        return dialect::IsSameName(candidate.Name(), name);
     });
     if (field == fields.end()) {
         throw Error(ErrorNumber::NoSuchItem,

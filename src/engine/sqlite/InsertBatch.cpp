@@ -41,6 +41,7 @@ InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
 void InsertBatch::Run() {
     const size_t rows = rows_;
     rows_ = 0;
+    connection_.Inserted().Forget();
     if (rows == MostRows) {
         Step(waiting_->compiledForMany.get());
         return;

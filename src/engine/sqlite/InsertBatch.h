@@ -36,7 +36,12 @@ public:
     void DropLast() { --rows_; }
     void DropAll() { rows_ = 0; }
 
-    /// Runs all that wait; nothing waits afterwards, even if it fails.
+    /// How many wait, and the table that they are for.
+    size_t Rows() const { return rows_; }
+    const TableSchema& Table() const { return *waiting_->table; }
+
+    /// Runs all that wait; nothing waits afterwards, even if it fails. The keys of the new rows are those
+    /// that the connection notes.
     void Run();
 
 private:

@@ -23,12 +23,18 @@ SqliteDatabase::~SqliteDatabase() {
 }
 
 void SqliteDatabase::Execute(const QString& statement) {
-    group_.Perform(statement);
+    group_.Execute(statement);
 }
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& statement, short type,
                                                          short lockEdit) {
     group_.BeforeReading();
+    std::unique_ptr<Recordset> rows = Open(statement, type, lockEdit);
+    group_.AfterReading();
+    return rows;
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::Open(const QString& statement, short type, short lockEdit) {
     dialect::ShapedStatement shaped;
     const PreparedStatement& prepared = *statements_.ForText(statement, shaped);
     if (prepared.parsed.kind != dialect::StatementKind::Select) {
@@ -47,6 +53,14 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& statemen
 
 void SqliteDatabase::Flush() {
     group_.Commit();
+}
+
+void SqliteDatabase::FlushUnlessHeldUp() {
+    group_.CommitUnlessHeldUp();
+}
+
+void SqliteDatabase::LockForImport() {
+    importLock_->Take();
 }
 
 void SqliteDatabase::CopyTo(const QString& path) {

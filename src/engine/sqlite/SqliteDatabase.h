@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Database.h"
+#include "engine/ImportLock.h"
 #include "engine/sqlite/WriteGroup.h"
 
 namespace engine::sqlite {
@@ -18,6 +19,8 @@ public:
     void Execute(const QString& statement) override;
     std::unique_ptr<Recordset> OpenRecordset(const QString& statement, short type, short lockEdit) override;
     void Flush() override;
+    void FlushUnlessHeldUp() override;
+    void LockForImport() override;
     void CopyTo(const QString& path) override;
     void OnLostWrite(LostWriteListener listener) override;
 
@@ -25,12 +28,15 @@ private:
     friend class Dynaset;
     friend class ForwardOnlySet;
 
+    std::unique_ptr<Recordset> Open(const QString& statement, short type, short lockEdit);
+
     QString path_;
     Connection connection_;
+    std::shared_ptr<ImportLock> importLock_ = ImportLock::Of(path_);
     SchemaCache schemas_{connection_};
     StatementCache statements_{connection_, schemas_};
     WriteExecutor executor_{connection_, statements_};
-    WriteGroup group_{connection_, statements_, executor_};
+    WriteGroup group_{connection_, statements_, executor_, *importLock_};
 };
 
 }  // namespace engine::sqlite

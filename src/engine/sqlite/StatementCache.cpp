@@ -48,6 +48,9 @@ std::shared_ptr<PreparedStatement> StatementCache::Prepare(std::string_view shap
     auto prepared = std::make_shared<PreparedStatement>();
     prepared->parsed = dialect::Parse(shape);
     prepared->table = schemas_.Table(prepared->parsed.table);
+    if (!prepared->parsed.sourceTable.empty()) {
+        prepared->source = schemas_.Table(prepared->parsed.sourceTable);
+    }
     CheckColumns(*prepared);
     for (const std::string& column : prepared->parsed.storedIn) {
         prepared->storedIn.push_back(
@@ -58,11 +61,9 @@ std::shared_ptr<PreparedStatement> StatementCache::Prepare(std::string_view shap
     return prepared;
 }
 
-void StatementCache::CheckColumns(const PreparedStatement& prepared) const {
-    const dialect::ParsedStatement& parsed = prepared.parsed;
-    RequireColumns(*prepared.table, parsed.columnsWritten);
-    const auto source = parsed.sourceTable.empty() ? prepared.table : schemas_.Table(parsed.sourceTable);
-    RequireColumns(*source, parsed.columnsRead);
+void StatementCache::CheckColumns(const PreparedStatement& prepared) {
+    RequireColumns(*prepared.table, prepared.parsed.columnsWritten);
+    RequireColumns(prepared.source ? *prepared.source : *prepared.table, prepared.parsed.columnsRead);
 }
 
 sqlite3_stmt* StatementCache::ForSql(const std::string& sql) {

@@ -19,6 +19,7 @@ namespace engine::sqlite {
 struct PreparedStatement {
     dialect::ParsedStatement parsed;
     std::shared_ptr<const TableSchema> table;
+    std::shared_ptr<const TableSchema> source;  ///< Whose rows an insert copies, or null.
     /// For the literal at each place the column that it will be stored in, or null.
     std::vector<const Column*> storedIn;
     StatementHandle compiled;
@@ -47,7 +48,7 @@ public:
 private:
     const std::shared_ptr<PreparedStatement>& ForShape(std::string_view shape);
     std::shared_ptr<PreparedStatement> Prepare(std::string_view shape);
-    void CheckColumns(const PreparedStatement& prepared) const;
+    static void CheckColumns(const PreparedStatement& prepared);
 
     Connection& connection_;
     SchemaCache& schemas_;

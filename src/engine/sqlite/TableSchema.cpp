@@ -1,6 +1,7 @@
 #include "engine/sqlite/TableSchema.h"
 
 #include "engine/Error.h"
+#include "engine/dialect/Names.h"
 
 #include <algorithm>
 #include <array>
@@ -52,18 +53,22 @@ int SizeInParentheses(const QString& declaredType) {
                                 : std::max(0, declaredType.mid(begin + 1, end - begin - 1).trimmed().toInt());
 }
 
-QString LowerKey(const std::string& name) {
-    return QString::fromStdString(name).toLower();
+// A declared type is one of ours as a whole or not at all: of a "TEXT POINT(20)" SQLite would take the "INT"
+// and keep the texts as numbers.
+QString TypeWord(const QString& declaredType) {
+    return declaredType.left(declaredType.indexOf(QLatin1Char('('))).trimmed();
 }
 
-QString ColumnText(sqlite3_stmt* statement, int place) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, place)));
+// The bytes as the file has them: a name that isn't UTF-8 is a name all the same.
+std::string ColumnText(sqlite3_stmt* statement, int place) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, place));
+    return text == nullptr ? std::string() : std::string(text);
 }
 
 std::string RowKeyFor(const std::vector<Column>& columns) {
     for (const char* key : {"rowid", "_rowid_", "oid"}) {
         const bool hidden = std::any_of(columns.begin(), columns.end(), [key](const Column& column) {
-            return column.name.compare(QLatin1String(key), Qt::CaseInsensitive) == 0;
+            return dialect::IsSameName(column.name, QString::fromLatin1(key));
         });
         if (!hidden) {
             return key;
@@ -77,7 +82,7 @@ std::string RowKeyFor(const std::vector<Column>& columns) {
 size_t TableSchema::PlaceOf(const std::string& columnName) const {
     const QString wanted = QString::fromStdString(columnName);
     for (size_t place = 0; place < columns.size(); ++place) {
-        if (columns[place].name.compare(wanted, Qt::CaseInsensitive) == 0) {
+        if (dialect::IsSameName(columns[place].name, wanted)) {
             return place;
         }
     }
@@ -86,12 +91,12 @@ size_t TableSchema::PlaceOf(const std::string& columnName) const {
         QStringLiteral("The table '%1' has no column '%2'.").arg(QString::fromStdString(name), wanted));
 }
 
-Column ToColumn(const QString& name, const QString& declaredType) {
+Column ToColumn(const std::string& name, const QString& declaredType) {
     Column column;
-    column.name = name;
-    column.sqlName = "[" + name.toStdString() + "]";
+    column.name = QString::fromStdString(name);
+    column.sqlName = dialect::QuotedName(name);
     const QString upper = declaredType.trimmed().toUpper();
-    const QString word = upper.section(QLatin1Char('('), 0, 0).section(QLatin1Char(' '), 0, 0);
+    const QString word = TypeWord(upper);
     const auto* known = std::find_if(TypeNames.begin(), TypeNames.end(), [&word](const TypeName& type) {
         return word == QLatin1String(type.name);
     });
@@ -111,7 +116,7 @@ QString DeclaredType(DataType type, int size) {
 }
 
 std::shared_ptr<const TableSchema> SchemaCache::Table(const std::string& name) {
-    const std::string key = LowerKey(name).toStdString();
+    const std::string key = dialect::LowerCase(name);
     const auto known = tables_.find(key);
     if (known != tables_.end()) {
         return known->second;
@@ -120,38 +125,46 @@ std::shared_ptr<const TableSchema> SchemaCache::Table(const std::string& name) {
 }
 
 std::shared_ptr<const TableSchema> SchemaCache::Read(const std::string& name) {
+    if (!HasTable(name)) {
+        throw Error(ErrorNumber::NoSuchTable,
+                    QStringLiteral("Could not find the table '%1'.").arg(QString::fromStdString(name)));
+    }
     auto table = std::make_shared<TableSchema>();
     table->name = name;
-    table->sqlName = "[" + name + "]";
+    table->sqlName = dialect::QuotedName(name);
     const StatementHandle columns = connection_.Prepare("select name, type from pragma_table_info(?)");
     sqlite3_bind_text(columns.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(columns.get())) == SQLITE_ROW) {
-        table->columns.push_back(ToColumn(ColumnText(columns.get(), 0), ColumnText(columns.get(), 1)));
+        table->columns.push_back(
+            ToColumn(ColumnText(columns.get(), 0), QString::fromStdString(ColumnText(columns.get(), 1))));
     }
     if (step != SQLITE_DONE) {
         connection_.Raise(step);
-    }
-    if (table->columns.empty()) {
-        throw Error(ErrorNumber::NoSuchTable,
-                    QStringLiteral("Could not find the table '%1'.").arg(QString::fromStdString(name)));
     }
     table->rowKey = RowKeyFor(table->columns);
     table->takesAnyRow = TakesAnyRow(name);
     return table;
 }
 
+// A view is none, nor is what only a module of SQLite could make a table of.
+bool SchemaCache::HasTable(const std::string& name) {
+    const StatementHandle tables = connection_.Prepare(
+        "select 1 from sqlite_master where type = 'table' and rootpage > 0 and name = ? collate nocase");
+    sqlite3_bind_text(tables.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+    const int step = sqlite3_step(tables.get());
+    if (step != SQLITE_ROW && step != SQLITE_DONE) {
+        connection_.Raise(step);
+    }
+    return step == SQLITE_ROW;
+}
+
 // Plain columns and plain indexes only. Whatever else a table declares might refuse a row.
 bool SchemaCache::TakesAnyRow(const std::string& name) {
     const StatementHandle obstacles = connection_.Prepare(
         "select exists(select 1 from pragma_table_info(?1) where \"notnull\" <> 0 or pk <> 0)"
-        " or exists(select 1 from pragma_index_list(?1) where \"unique\" <> 0 or partial <> 0)"
-        " or exists(select 1 from pragma_index_list(?1) as list, pragma_index_info(list.name) as part where "
-        "part.cid < 0)"
-        " or exists(select 1 from pragma_foreign_key_list(?1))"
-        " or exists(select 1 from sqlite_master where tbl_name = ?1 collate nocase and (type = 'trigger' or"
-        "   type = 'view' or sql like '%check%(%' or sql like '%strict%' or sql like '%generated%' or"
-        "   sql like '%as (%'))");
+        " or exists(select 1 from pragma_index_list(?1) where \"unique\" <> 0)"
+        " or exists(select 1 from sqlite_master where name = ?1 collate nocase and sql like '%strict%')");
     sqlite3_bind_text(obstacles.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
     const int step = sqlite3_step(obstacles.get());
     if (step != SQLITE_ROW) {

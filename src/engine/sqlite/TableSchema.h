@@ -14,7 +14,7 @@ namespace engine::sqlite {
 
 struct Column {
     QString name;
-    std::string sqlName;  ///< In brackets.
+    std::string sqlName;  ///< Quoted.
     DataType type = dbText;
     int size = 0;  ///< The most characters that a text may have; 0 for no limit.
 };
@@ -22,10 +22,10 @@ struct Column {
 /// A table as the file declares it.
 struct TableSchema {
     std::string name;
-    std::string sqlName;  ///< In brackets.
+    std::string sqlName;  ///< Quoted.
     std::string rowKey;   ///< The name by which SQLite gives the key of a row, not hidden by a column.
     std::vector<Column> columns;
-    /// Nothing that the file declares can turn a row away: no keys, no checks, no triggers.
+    /// Nothing that the file declares can turn a row away: no keys and no rules.
     bool takesAnyRow = false;
 
     /// The place of a column, names compared without regard to case. Fails with 3061.
@@ -34,7 +34,7 @@ struct TableSchema {
 
 /// The type and size that a declared type stands for: "TEXT(30)" is dbText of 30 characters. Types that
 /// Hearthbook doesn't declare itself are taken by what SQLite would store in them.
-Column ToColumn(const QString& name, const QString& declaredType);
+Column ToColumn(const std::string& name, const QString& declaredType);
 
 /// How a type is declared: the opposite of ToColumn.
 QString DeclaredType(DataType type, int size);
@@ -49,6 +49,7 @@ public:
 
 private:
     std::shared_ptr<const TableSchema> Read(const std::string& name);
+    bool HasTable(const std::string& name);
     bool TakesAnyRow(const std::string& name);
 
     Connection& connection_;

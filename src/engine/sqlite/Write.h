@@ -17,9 +17,10 @@ struct RowWrite {
 
     Kind kind = Kind::Insert;
     std::shared_ptr<const TableSchema> table;
-    /// The key of the row. Of an insert 0 until it has run; it then keeps that key if it has to run again.
-    qint64 key = 0;
+    qint64 key = 0;                                ///< Of the row that is changed or removed.
     std::vector<std::pair<size_t, Value>> values;  ///< By place of the column.
+    /// What a changed or removed row held, as far as it was read, so that people can tell which it was.
+    std::vector<std::pair<size_t, Value>> held;
 };
 
 /// Something to be written, whole enough to be written again: the text of a statement, or a change of a row.

@@ -3,11 +3,13 @@
 #include "engine/Error.h"
 #include "engine/sqlite/ValueBinding.h"
 
+#include <QStringList>
+
 namespace engine::sqlite {
 
 namespace {
 
-// The statement for a row with these columns. An insert that has a key runs for the second time.
+// The statement for a row with these columns.
 std::string RowSql(const RowWrite& row) {
     const std::string keyed = " where " + row.table->rowKey + " = ?";
     std::string columns;
@@ -20,19 +22,31 @@ std::string RowSql(const RowWrite& row) {
     }
     switch (row.kind) {
         case RowWrite::Kind::Update:
-            return "update " + row.table->sqlName + " set " + columns + keyed;
+            return "update or abort " + row.table->sqlName + " set " + columns + keyed;
         case RowWrite::Kind::Delete:
             return "delete from " + row.table->sqlName + keyed;
         case RowWrite::Kind::Insert:
             break;
     }
-    if (row.key != 0) {
-        const std::string separator = columns.empty() ? "" : ", ";
-        columns += separator + row.table->rowKey;
-        places += separator + "?";
-    }
-    return columns.empty() ? "insert into " + row.table->sqlName + " default values"
-                           : "insert into " + row.table->sqlName + "(" + columns + ") values(" + places + ")";
+    const std::string insert = "insert or abort into " + row.table->sqlName;
+    return insert + (columns.empty() ? " default values" : "(" + columns + ") values(" + places + ")");
+}
+
+// A copy, narrowed to the one row with a key.
+std::string CopyOneSql(const PreparedStatement& copy) {
+    const std::string& where = copy.parsed.whereSql;
+    const std::string head = copy.parsed.sql.substr(0, copy.parsed.sql.size() - where.size());
+    constexpr std::string_view keyword = " where ";
+    const std::string narrowed = where.empty() ? "" : "(" + where.substr(keyword.size()) + ") and ";
+    return head + std::string(keyword) + narrowed + copy.source->rowKey + " = ?";
+}
+
+QString NameAndValue(const TableSchema& table, size_t place, const Value& value) {
+    const auto* bytes = std::get_if<QByteArray>(&value);
+    const QString text = IsNull(value)      ? QStringLiteral("null")
+                         : bytes != nullptr ? QStringLiteral("%1 bytes").arg(bytes->size())
+                                            : ToText(value);
+    return table.columns[place].name + QStringLiteral(": ") + text;
 }
 
 }  // namespace
@@ -47,9 +61,14 @@ QString Describe(const Write& write) {
                                                                : QStringLiteral("removal of a row from ");
     description += QString::fromStdString(row.table->name);
     for (const auto& [place, value] : row.values) {
-        description +=
-            QStringLiteral("; %1: %2")
-                .arg(row.table->columns[place].name, IsNull(value) ? QStringLiteral("null") : ToText(value));
+        description += QStringLiteral("; ") + NameAndValue(*row.table, place, value);
+    }
+    QStringList held;
+    for (const auto& [place, value] : row.held) {
+        held += NameAndValue(*row.table, place, value);
+    }
+    if (!held.isEmpty()) {
+        description += QStringLiteral(" (the row that held %1)").arg(held.join(QStringLiteral(", ")));
     }
     return description;
 }
@@ -74,41 +93,66 @@ void WriteExecutor::Prepare(const Write& write) {
 }
 
 void WriteExecutor::PrepareStatement(const QString& text) {
-    const PreparedStatement& prepared = *statements_.ForText(text, shaped_);
-    if (prepared.parsed.kind == dialect::StatementKind::Select) {
+    statement_ = statements_.ForText(text, shaped_);
+    if (statement_->parsed.kind == dialect::StatementKind::Select) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Cannot execute a select query: it is opened as a row set."));
     }
-    ready_ = prepared.compiled.get();
-    BindLiterals(ready_, prepared, shaped_);
+    table_ = statement_->table;
+    ready_ = statement_->compiled.get();
+    BindLiterals(ready_, *statement_, shaped_);
 }
 
 void WriteExecutor::PrepareRow(const RowWrite& row) {
+    statement_.reset();
+    table_ = row.table;
     ready_ = statements_.ForSql(RowSql(row));
     int place = 1;
     for (const auto& [column, value] : row.values) {
         BindForColumn(ready_, place++, row.table->columns[column], value);
     }
-    if (row.key != 0) {
+    if (row.kind != RowWrite::Kind::Insert) {
         sqlite3_bind_int64(ready_, place, row.key);
     }
 }
 
-void WriteExecutor::Run(Write& write) {
-    const RunningStatement running(ready_);
-    const int step = sqlite3_step(ready_);
+bool WriteExecutor::IsSweeping() const {
+    return statement_ != nullptr && statement_->parsed.kind != dialect::StatementKind::Insert;
+}
+
+bool WriteExecutor::IsTableLargerThan(int rows) {
+    const RunningStatement next(statements_.ForSql("select 1 from " + table_->sqlName + " limit 1 offset ?"));
+    sqlite3_bind_int(next.get(), 1, rows);
+    return sqlite3_step(next.get()) != SQLITE_DONE;
+}
+
+bool WriteExecutor::IsCopy() const {
+    return statement_ != nullptr && statement_->source != nullptr;
+}
+
+void WriteExecutor::Run(const Write& write) {
+    connection_.Inserted().Forget();
+    const qint64 changed = Step(ready_);
+    const auto* row = std::get_if<RowWrite>(&write);
+    if (row != nullptr && row->kind != RowWrite::Kind::Insert && changed == 0) {
+        throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
+    }
+}
+
+bool WriteExecutor::CopyOne(qint64 key) {
+    sqlite3_stmt* copy = statements_.ForSql(CopyOneSql(*statement_));
+    BindLiterals(copy, *statement_, shaped_);
+    sqlite3_bind_int64(copy, static_cast<int>(shaped_.literals.size()) + 1, key);
+    return Step(copy) > 0;
+}
+
+qint64 WriteExecutor::Step(sqlite3_stmt* compiled) {
+    const RunningStatement running(compiled);
+    const int step = sqlite3_step(compiled);
     if (step != SQLITE_DONE) {
         connection_.Raise(step);
     }
-    auto* row = std::get_if<RowWrite>(&write);
-    if (row == nullptr) {
-        return;
-    }
-    if (row->kind == RowWrite::Kind::Insert) {
-        row->key = sqlite3_last_insert_rowid(connection_.Handle());
-    } else if (sqlite3_changes(connection_.Handle()) == 0) {
-        throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
-    }
+    return sqlite3_changes64(connection_.Handle());
 }
 
 }  // namespace engine::sqlite

@@ -16,17 +16,33 @@ public:
     /// fails here. The write must live until Run.
     void Prepare(const Write& write);
 
-    /// Runs what was prepared last, and notes the key of a new row in the write. A row that isn't there any
-    /// more fails with 3167.
-    void Run(Write& write);
+    /// Of what was prepared last: the table that it writes.
+    const TableSchema& Table() const { return *table_; }
+    /// It changes or removes rows by a condition, as many as there may be.
+    bool IsSweeping() const;
+    /// The table that it writes has more rows than that.
+    bool IsTableLargerThan(int rows);
+    /// It makes its rows of those of another table.
+    bool IsCopy() const;
+    const TableSchema& Source() const { return *statement_->source; }
+    /// Of a copy: whether the row with this key is among those that it copies. Copies that row.
+    bool CopyOne(qint64 key);
+
+    /// Runs what was prepared last. The keys of new rows are those that the connection notes. A row that
+    /// isn't there any more fails with 3167.
+    void Run(const Write& write);
 
 private:
     void PrepareStatement(const QString& text);
     void PrepareRow(const RowWrite& row);
+    /// How many rows the statement has changed.
+    qint64 Step(sqlite3_stmt* compiled);
 
     Connection& connection_;
     StatementCache& statements_;
     dialect::ShapedStatement shaped_;
+    std::shared_ptr<PreparedStatement> statement_;  ///< Null where a change of a row was prepared.
+    std::shared_ptr<const TableSchema> table_;
     sqlite3_stmt* ready_ = nullptr;
 };
 

@@ -1,11 +1,9 @@
 #include "engine/sqlite/WriteGroup.h"
 
+#include "engine/Waiting.h"
+#include "engine/sqlite/SecondRun.h"
 #include "platform/MessageBox.h"
 
-#include <QFile>
-#include <QtEndian>
-
-#include <array>
 #include <thread>
 
 namespace engine::sqlite {
@@ -23,48 +21,47 @@ constexpr auto LongestGroup = 35ms;
 constexpr auto OthersWaitAtMost = 3s;
 constexpr auto TurnOfOthers = 110ms;
 
-// How long the writes of a group that could not be committed may together wait for a lock.
+// A statement that looks at no more rows than these takes next to no time.
+constexpr int FewRows = 1000;
+
+// How long the second run of a group may in all wait for locks.
 constexpr auto LongestWaitRunningAgain = 5s;
+
+// What a group that is held up may take in memory.
+constexpr size_t MostMemory = 64UL * 1024 * 1024;
 
 // Emptying a large database takes a journal as large as the file, which should not fill the disk any longer.
 constexpr const char* KeptJournalSize = "pragma journal_size_limit = 8388608";
 
-// The place in a database file of the number that counts its commits, as the file format tells.
-constexpr int ChangeCounterOffset = 24;
+Error LockedError() {
+    return {ErrorNumber::Locked,
+            QStringLiteral("Couldn't write; another program reads the database and does not let go of it.")};
+}
 
 }  // namespace
 
-void WriteGroup::Perform(Write write) {
+void WriteGroup::Execute(const QString& statement) {
     CommitIfDue();
-    const auto* statement = std::get_if<QString>(&write);
-    if (statement != nullptr && LetWait(*statement)) {
-        log_.Add(std::move(write));
+    RequireRoom();
+    if (LetWait(statement)) {
+        log_.Add(statement);
         if (batch_.IsFull()) {
             RunBatch();
         }
         return;
     }
     RunBatch();
-    executor_.Prepare(write);
-    Begin();
-    try {
-        executor_.Run(write);
-    } catch (const Error&) {
-        if (connection_.InTransaction()) {
-            throw;
-        }
-        // SQLite has given up the group because of this write.
-        RunAgain(log_.TakeAll());
-        try {
-            RunAlone(write);
-        } catch (const Error&) {
-            TellOfLosses();
-            throw;
-        }
-        TellOfLosses();
-        return;
-    }
-    log_.Add(std::move(write));
+    RunNow(statement);
+}
+
+void WriteGroup::BeforeChangingRow() {
+    CommitIfDue();
+    RequireRoom();
+    RunBatch();
+}
+
+void WriteGroup::ChangeRow(RowWrite row) {
+    RunNow(std::move(row));
 }
 
 bool WriteGroup::LetWait(const QString& statement) {
@@ -86,59 +83,182 @@ bool WriteGroup::LetWait(const QString& statement) {
 }
 
 void WriteGroup::RunBatch() {
-    if (batch_.IsEmpty()) {
+    const size_t rows = batch_.Rows();
+    if (rows == 0) {
         return;
     }
+    const TableSchema& table = batch_.Table();
     try {
         batch_.Run();
     } catch (const Error&) {
         // Its writes had been accepted: each gets its chance on its own, as all of the group do.
-        GiveUp();
+        transaction_.GiveUp();
+        RunAgain(log_.Size());
+        TellOfLosses();
+        return;
+    }
+    rows_.Add(log_.Size() - rows, rows, table, connection_.Inserted().Runs());
+}
+
+void WriteGroup::RunNow(Write write) {
+    executor_.Prepare(write);
+    if (executor_.IsSweeping()) {
+        if (executor_.IsTableLargerThan(FewRows)) {
+            // Nobody knows how long it takes, and what was written before it has only its own time.
+            CommitBefore(LongestGroup);
+        }
+        executor_.Prepare(write);
+    } else if (executor_.IsCopy()) {
+        CommitBefore(copyTook_);
+        executor_.Prepare(write);
+    }
+    Begin();
+    const Clock::time_point began = Clock::now();
+    try {
+        executor_.Run(write);
+    } catch (const Error&) {
+        if (!transaction_.IsLost()) {
+            throw;
+        }
+        // SQLite has given up the group because of this write, which is the last to run again.
+        RunAgainWith(std::move(write));
+        return;
+    }
+    if (executor_.IsCopy()) {
+        copyTook_ = Clock::now() - began;
+    }
+    rows_.Add(log_.Size(), 1, executor_.Table(), connection_.Inserted().Runs());
+    log_.Add(std::move(write));
+}
+
+void WriteGroup::RunAgainWith(Write write) {
+    log_.Add(std::move(write));
+    const size_t last = log_.Size() - 1;
+    const std::optional<Error> failure = RunAgain(last);
+    TellOfLosses();
+    if (failure) {
+        throw *failure;
     }
 }
 
 void WriteGroup::BeforeReading() {
     RunBatch();
-    CommitIfDue();
+    CommitIfDue(readingTook_);
+    if (!transaction_.IsOpen()) {
+        connection_.RenewPatience();
+    }
+    readingBegan_ = Clock::now();
+}
+
+void WriteGroup::AfterReading() {
+    readingTook_ = Clock::now() - readingBegan_;
 }
 
 void WriteGroup::Begin() {
-    if (open_) {
+    if (transaction_.IsOpen()) {
         return;
     }
+    importLock_.Require();
     KeepJournal();
-    connection_.Run("begin immediate");
-    open_ = true;
+    connection_.RenewPatience();
+    if (!transaction_.TryBegin()) {
+        throw Error(transaction_.Failure());
+    }
     began_ = Clock::now();
     if (began_ - ended_ > TurnOfOthers) {
         othersHadTheirTurn_ = began_;
     }
-    changeCounterBefore_ = ChangeCounter();
 }
 
-void WriteGroup::CommitIfDue() {
-    if (open_ && !connection_.InTransaction()) {
+void WriteGroup::CommitIfDue(Clock::duration expected) {
+    if (transaction_.IsLost()) {
         // A failing read can make SQLite give up the group as well.
         GiveUp();
     }
-    if (!open_ || Clock::now() - began_ < LongestGroup) {
+    if (!transaction_.IsOpen()) {
+        return;
+    }
+    const Clock::time_point now = Clock::now();
+    if (now - began_ + expected < LongestGroup || (IsHeldUp() && now - triedAt_ < LongestGroup)) {
         return;
     }
     RunBatch();
-    const int committed = TryCommit();
-    if (committed == SQLITE_OK) {
+    if (TryCommit()) {
         LetOthersWrite();
-    } else if ((committed & 0xFF) != SQLITE_BUSY) {
-        GiveUp();
+    }
+}
+
+void WriteGroup::CommitBefore(Clock::duration expected) {
+    if (log_.Size() > 0) {
+        CommitIfDue(expected);
     }
 }
 
 void WriteGroup::Commit() {
     RunBatch();
-    if (open_ && TryCommit() != SQLITE_OK) {
-        GiveUp();
+    if (transaction_.IsOpen()) {
+        connection_.RenewPatience();
+        if (!TryCommit()) {
+            GiveUp();
+        }
     }
     RemoveJournal();
+}
+
+void WriteGroup::CommitUnlessHeldUp() {
+    RunBatch();
+    if (transaction_.IsOpen()) {
+        TryCommit();
+    }
+    if (!transaction_.IsOpen()) {
+        RemoveJournal();
+    }
+}
+
+// False if another program holds the group up. Where the disk fails, what can be stored is on it afterwards.
+bool WriteGroup::TryCommit() {
+    if (!transaction_.IsOpen()) {
+        return true;
+    }
+    const bool wasHeldUp = IsHeldUp();
+    triedAt_ = Clock::now();
+    switch (transaction_.TryCommit()) {
+        case Transaction::End::Committed:
+            GroupEnded();
+            break;
+        case Transaction::End::GivenUp:
+            RunAgain(log_.Size());
+            TellOfLosses();
+            break;
+        case Transaction::End::HeldUp:
+            if (!wasHeldUp && IsHeldUp()) {
+                TellHeldUp(true);
+                isHeldUpTold_ = true;
+            }
+            return false;
+    }
+    return true;
+}
+
+bool WriteGroup::IsHeldUp() const {
+    return transaction_.IsOpen() && connection_.HasWaitedInVain();
+}
+
+void WriteGroup::RequireRoom() {
+    if (!IsHeldUp() || Memory() <= MostMemory) {
+        return;
+    }
+    connection_.RenewPatience();
+    if (!TryCommit()) {
+        throw LockedError();
+    }
+}
+
+size_t WriteGroup::Memory() const {
+    int used = 0;
+    int highest = 0;
+    sqlite3_db_status(connection_.Handle(), SQLITE_DBSTATUS_CACHE_USED, &used, &highest, 0);
+    return log_.Memory() + static_cast<size_t>(used);
 }
 
 // Groups that follow each other write into the journal of the one before, since the room of a file that is
@@ -159,91 +279,64 @@ void WriteGroup::RemoveJournal() {
     }
 }
 
-int WriteGroup::TryCommit() {
-    const int committed = connection_.TryRun("commit");
-    if (committed == SQLITE_OK) {
-        open_ = false;
-        ended_ = Clock::now();
-        log_.Clear();
-    }
-    return committed;
-}
-
 void WriteGroup::GiveUp() {
-    if (connection_.InTransaction()) {
-        connection_.TryRun("rollback");
+    transaction_.GiveUp();
+    if (GoesOn()) {
+        RunAgain(log_.Size());
+    } else {
+        LoseFrom(0);
+        GroupEnded();
     }
-    if (HasReachedTheDisk()) {
-        open_ = false;
-        log_.Clear();
-        return;
-    }
-    RunAgain(log_.TakeAll());
     TellOfLosses();
 }
 
-// A commit can fail after its decisive step (clearing the journal's first bytes), for instance while that is
-// synced. Its rows are in the file then, and running them again would store them twice.
-bool WriteGroup::HasReachedTheDisk() const {
-    return !JournalStands() && ChangeCounter() == changeCounterBefore_ + 1;
-}
-
-// A journal whose first byte is clear holds nothing that a reader would take back. One that can't be looked
-// at counts as standing: writes are rather run again than forgotten.
-bool WriteGroup::JournalStands() const {
-    const char* database = sqlite3_db_filename(connection_.Handle(), "main");
-    QFile journal(QString::fromUtf8(sqlite3_filename_journal(database)));
-    if (!journal.exists()) {
-        return false;
-    }
-    char first = 0;
-    return !journal.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
-           (journal.getChar(&first) && first != 0);
-}
-
-quint32 WriteGroup::ChangeCounter() const {
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(connection_.Handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    std::array<char, 4> bytes{};
-    if (file == nullptr || file->pMethods == nullptr ||
-        file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), ChangeCounterOffset) !=
-            SQLITE_OK) {
-        return changeCounterBefore_;
-    }
-    return qFromBigEndian<quint32>(bytes.data());
-}
-
-void WriteGroup::RunAgain(std::vector<Write> writes) {
-    open_ = false;
+// Only the first `ran` writes of the log have run before; the failure is that of the one behind them.
+std::optional<Error> WriteGroup::RunAgain(size_t ran) {
     batch_.DropAll();
     // On a full disk the room of the journal is what a row may still need.
     RemoveJournal();
+    connection_.RenewPatience();
     connection_.LimitWaiting(Clock::now() + LongestWaitRunningAgain);
-    for (Write& write : writes) {
-        try {
-            RunAlone(write);
-        } catch (const Error& error) {
-            losses_.push_back({error, Describe(write)});
+    SecondRun second(connection_, transaction_, executor_, log_, rows_);
+    second.Run(ran);
+    connection_.LimitWaiting(std::nullopt);
+    connection_.RenewPatience();
+
+    std::optional<Error> failure;
+    for (const auto& [place, error] : second.Losses()) {
+        if (place < ran) {
+            losses_.push_back({error, Describe(log_.At(place))});
+        } else {
+            failure = error;
         }
     }
-    connection_.LimitWaiting(std::nullopt);
+    if (second.CutAt()) {
+        LoseFrom(*second.CutAt());
+    }
+    held_.Follow(rows_);
+    GroupEnded();
+    return failure;
 }
 
-void WriteGroup::RunAlone(Write& write) {
-    executor_.Prepare(write);
-    try {
-        executor_.Run(write);
-    } catch (const Error& error) {
-        auto* row = std::get_if<RowWrite>(&write);
-        const bool keyTaken = row != nullptr && row->kind == RowWrite::Kind::Insert && row->key != 0 &&
-                              error.Number() == ErrorNumber::DuplicateKey;
-        if (!keyTaken) {
-            throw;
-        }
-        // Another program has used the key in between. Nobody knows this row by it yet.
-        row->key = 0;
-        executor_.Prepare(write);
-        executor_.Run(write);
+// The program is about to end, and the user waits for that: one report for all of them.
+void WriteGroup::LoseFrom(size_t place) {
+    if (place < log_.Size()) {
+        losses_.push_back(
+            {LockedError(), QStringLiteral("The last writes are not in the file (%1). The first of them: %2")
+                                .arg(log_.Size() - place)
+                                .arg(Describe(log_.At(place)))});
+    }
+}
+
+void WriteGroup::GroupEnded() {
+    ended_ = Clock::now();
+    log_.Clear();
+    rows_.Clear();
+    held_.GroupEnded();
+    connection_.RenewPatience();
+    if (isHeldUpTold_) {
+        isHeldUpTold_ = false;
+        TellHeldUp(false);
     }
 }
 

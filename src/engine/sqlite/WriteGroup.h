@@ -1,7 +1,11 @@
 #pragma once
 
 #include "engine/Error.h"
+#include "engine/ImportLock.h"
+#include "engine/sqlite/HeldKeys.h"
 #include "engine/sqlite/InsertBatch.h"
+#include "engine/sqlite/MadeRows.h"
+#include "engine/sqlite/Transaction.h"
 #include "engine/sqlite/WriteExecutor.h"
 #include "engine/sqlite/WriteLog.h"
 
@@ -14,60 +18,96 @@ namespace engine::sqlite {
 /// Brings writes to the disk in groups, since a disk takes thousands of rows at once as fast as a single one.
 ///
 /// Each write is still final on its own: one that fails undoes itself alone. If SQLite gives up a whole group
-/// (disk full, I/O error), its writes are run again one by one, so that only what can't be stored is lost,
-/// and each loss is told to the listener.
+/// (disk full, I/O error), its writes run a second time (see SecondRun.h), so that only what can't be stored
+/// is lost, and each loss is told to the listener.
+///
+/// A reader in another program can hold a commit up. The group then goes on in memory, up to a bound; a write
+/// beyond it fails like one that meets a lock.
 class WriteGroup {
 public:
     using LostWriteListener = std::function<void(const Error& error, const QString& write)>;
 
-    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor)
-        : connection_(connection), executor_(executor), batch_(connection, statements) {}
+    WriteGroup(Connection& connection, StatementCache& statements, WriteExecutor& executor,
+               ImportLock& importLock)
+        : connection_(connection),
+          executor_(executor),
+          importLock_(importLock),
+          batch_(connection, statements) {}
 
     void OnLostWrite(LostWriteListener listener) { lostWriteListener_ = std::move(listener); }
 
-    /// Does one write. Its failure is raised as an engine error.
-    void Perform(Write write);
+    /// Runs one statement. Its failure is raised as an engine error.
+    void Execute(const QString& statement);
 
-    /// Lets a reader on this connection see all that was written, and brings the group to the disk if its
-    /// time is over.
+    /// Changes one row. BeforeChangingRow comes right before it, and the key of the row is asked for in
+    /// between: bringing a group to the disk can give its rows other keys.
+    void BeforeChangingRow();
+    void ChangeRow(RowWrite row);
+
+    /// Before a reader on this connection looks for what was written. Brings the group to the disk if its
+    /// time is over, or will be when the reading has taken as long as the last one.
     void BeforeReading();
+    void AfterReading();
 
     /// Brings the group to the disk now, whatever it takes.
     void Commit();
 
+    /// Brings the group to the disk now, unless another program holds it up.
+    void CommitUnlessHeldUp();
+
+    /// How many writes the present group has done.
+    size_t Size() const { return log_.Size(); }
+
+    HeldKeysList& Held() { return held_; }
+
 private:
     using Clock = std::chrono::steady_clock;
 
-    /// Brings the group to the disk if its time is over. A reader in another program may hold that up; the
-    /// group then stays together for the next try.
-    void CommitIfDue();
+    /// Brings the group to the disk if its time is over, or will be when what comes next has taken as long as
+    /// expected. A reader in another program may hold that up; the group then goes on.
+    void CommitIfDue(Clock::duration expected = {});
+    void CommitBefore(Clock::duration expected);
+    bool TryCommit();
+    bool IsHeldUp() const;
+    void RequireRoom();
+    size_t Memory() const;
     bool LetWait(const QString& statement);
     void RunBatch();
+    void RunNow(Write write);
     void Begin();
-    int TryCommit();
     void KeepJournal();
     void RemoveJournal();
-    bool HasReachedTheDisk() const;
-    bool JournalStands() const;
-    quint32 ChangeCounter() const;
     void GiveUp();
-    void RunAgain(std::vector<Write> writes);
-    void RunAlone(Write& write);
+    std::optional<Error> RunAgain(size_t ran);
+    void RunAgainWith(Write write);
+    void LoseFrom(size_t place);
+    void GroupEnded();
     void LetOthersWrite();
     void TellOfLosses();
 
     Connection& connection_;
     WriteExecutor& executor_;
+    ImportLock& importLock_;
     InsertBatch batch_;
+    Transaction transaction_{connection_};
     LostWriteListener lostWriteListener_;
 
-    bool open_ = false;
+    WriteLog log_;
+    MadeRows rows_;
+    HeldKeysList held_;
+
     bool isJournalKept_ = false;
     Clock::time_point began_;
     Clock::time_point ended_;
     Clock::time_point othersHadTheirTurn_ = Clock::now();
-    quint32 changeCounterBefore_ = 0;
-    WriteLog log_;
+
+    /// How long the last ones took.
+    Clock::duration copyTook_{};
+    Clock::duration readingTook_{};
+    Clock::time_point readingBegan_;
+
+    bool isHeldUpTold_ = false;
+    Clock::time_point triedAt_;  ///< To bring the present group to the disk.
 
     struct Loss {
         Error error;

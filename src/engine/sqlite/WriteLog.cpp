@@ -9,6 +9,9 @@ namespace {
 constexpr size_t UsualEntries = 64UL * 1024;
 constexpr size_t UsualCharacters = 8UL * 1024 * 1024;
 
+// What the values of a changed row take, and those that it held before.
+constexpr size_t MemoryOfARow = 2048;
+
 }  // namespace
 
 WriteLog::WriteLog() {
@@ -22,26 +25,26 @@ void WriteLog::Add(Write&& write) {
         texts_.append(QStringView(*text).utf16(), static_cast<size_t>(text->size()));
     } else {
         entries_.emplace_back(std::get<RowWrite>(std::move(write)));
+        ++rows_;
     }
 }
 
 void WriteLog::Clear() {
     entries_.clear();
     texts_.clear();
+    rows_ = 0;
 }
 
-std::vector<Write> WriteLog::TakeAll() {
-    std::vector<Write> writes;
-    writes.reserve(entries_.size());
-    for (auto& entry : entries_) {
-        if (const auto* place = std::get_if<TextPlace>(&entry)) {
-            writes.emplace_back(QString::fromUtf16(texts_.data() + place->begin, place->size));
-        } else {
-            writes.emplace_back(std::get<RowWrite>(std::move(entry)));
-        }
+Write WriteLog::At(size_t place) const {
+    const auto& entry = entries_.at(place);
+    if (const auto* text = std::get_if<TextPlace>(&entry)) {
+        return QString::fromUtf16(texts_.data() + text->begin, text->size);
     }
-    Clear();
-    return writes;
+    return std::get<RowWrite>(entry);
+}
+
+size_t WriteLog::Memory() const {
+    return entries_.size() * sizeof(entries_[0]) + texts_.size() * sizeof(char16_t) + rows_ * MemoryOfARow;
 }
 
 }  // namespace engine::sqlite

@@ -16,8 +16,13 @@ public:
     void Add(Write&& write);
     void Clear();
 
-    /// All writes in their order; the log is empty then.
-    std::vector<Write> TakeAll();
+    size_t Size() const { return entries_.size(); }
+
+    /// The write at a place from 0.
+    Write At(size_t place) const;
+
+    /// The memory that the writes take, in bytes and about.
+    size_t Memory() const;
 
 private:
     struct TextPlace {
@@ -27,6 +32,7 @@ private:
 
     std::vector<std::variant<TextPlace, RowWrite>> entries_;
     std::u16string texts_;
+    size_t rows_ = 0;
 };
 
 }  // namespace engine::sqlite

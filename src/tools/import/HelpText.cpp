@@ -54,9 +54,10 @@ A portfolio is a UTF-8 JSON file:
 Names must be unique within their list, upper and lower case counted as the same. Faults of the file are
 listed all at once, each with the place where it stands, and nothing is changed then.
 
-Exit status: 0 done; 1 done, but with failures, which were reported and logged, or ended halfway by a failure
-that the last message tells; 2 nothing was done: bad usage, a portfolio that can't be read or has faults, no
-database, or the answer was No.
+Exit status: 0 done; 1 done, but with failures, which were reported and logged, or without standard output, or
+ended halfway by a failure that the last message tells; 2 nothing was done: bad usage, a portfolio that can't be
+read or has faults, no database that can be written to, another import under way in it, the answer was No, or what
+was only to be shown could not be written.
 )");
 }
 

@@ -2,6 +2,7 @@
 
 #include "database/Database.h"
 #include "database/RecordAccess.h"
+#include "engine/NewFile.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
@@ -14,8 +15,6 @@
 #include "tools_core/import/Terminal.h"
 #include "tools_core/portfolio/PortfolioReader.h"
 
-#include <QFileInfo>
-
 namespace tools {
 
 namespace {
@@ -23,6 +22,11 @@ namespace {
 int Refuse(const QString& message) {
     PrintError(QStringLiteral("wrenfield-import: ") + message + QLatin1Char('\n'));
     return ExitStatus::NothingDone;
+}
+
+/// What is to be seen is all there is to do.
+int Show(const QString& text) {
+    return PrintOut(text) ? ExitStatus::Done : ExitStatus::NothingDone;
 }
 
 int ListFaults(const QString& file, const Faults& faults) {
@@ -42,8 +46,7 @@ bool OpenDatabase(const ImportOptions& options) {
 
 /// Why the import may not begin; empty if it may.
 QString Objection(const ImportOptions& options) {
-    const QFileInfo backup(options.backup);
-    if (!options.backup.isEmpty() && (backup.exists() || backup.isSymLink())) {
+    if (!options.backup.isEmpty() && engine::IsNameTaken(options.backup)) {
         return QStringLiteral("the backup file %1 is there already; nothing was changed").arg(options.backup);
     }
     if (options.isDryRun || options.isYes) {
@@ -60,17 +63,39 @@ QString Objection(const ImportOptions& options) {
     return isConfirmed ? QString() : QStringLiteral("nothing was changed");
 }
 
+int RefuseFor(const platform::Failure& failure, const QString& what) {
+    return Refuse(QStringLiteral("%1: %2 - %3").arg(what).arg(failure.Number()).arg(failure.Description()));
+}
+
+/// From here on no other import writes to the database. False if one does.
+bool KeepOtherImportsOut() {
+    try {
+        database::CurrentDatabase().LockForImport();
+        return true;
+    } catch (const platform::Failure& failure) {
+        RefuseFor(failure, QStringLiteral("nothing was changed"));
+        return false;
+    }
+}
+
 bool MakeBackup(const QString& file) {
     try {
         database::CurrentDatabase().CopyTo(file);
         return true;
     } catch (const platform::Failure& failure) {
-        Refuse(QStringLiteral("the backup could not be made, nothing was changed: %1 - %2")
-                   .arg(failure.Number())
-                   .arg(failure.Description()));
+        RefuseFor(failure, QStringLiteral("the backup could not be made, nothing was changed"));
         return false;
     }
 }
+
+/// Lets the progress bar hear of waiting, for a while.
+class WaitingIsTold {
+public:
+    explicit WaitingIsTold(ProgressBar& progressBar) { engine::SetWaitingListener(&progressBar); }
+    ~WaitingIsTold() { engine::SetWaitingListener(nullptr); }
+    WaitingIsTold(const WaitingIsTold&) = delete;
+    WaitingIsTold& operator=(const WaitingIsTold&) = delete;
+};
 
 int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     const int shownBefore = boxes.Shown();
@@ -82,16 +107,16 @@ int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     database::CurrentDatabase().Flush();
     progressBar.Clear();
     const int failures = boxes.Shown() - shownBefore;
-    PrintOut(records::CountsOf(records::TheCollections()) + records::ImportCompleteMessage(false) +
-             QLatin1Char('\n'));
+    const QString result = records::CountsOf(records::TheCollections()) +
+                           records::ImportCompleteMessage(false) + QLatin1Char('\n');
     if (failures == 0) {
-        return ExitStatus::Done;
+        return PrintOut(result) ? ExitStatus::Done : ExitStatus::DoneWithFailures;
     }
     const QString whereTheyAre = database::IsLogWritable()
                                      ? QStringLiteral("The error log lies in %1.")
                                      : QStringLiteral("There is no error log: %1 can't be written to.");
-    PrintOut(QStringLiteral("Failures reported: %1. ").arg(failures) +
-             whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n'));
+    static_cast<void>(PrintOut(result + QStringLiteral("Failures reported: %1. ").arg(failures) +
+                               whereTheyAre.arg(platform::ProgramDirectory()) + QLatin1Char('\n')));
     return ExitStatus::DoneWithFailures;
 }
 
@@ -103,6 +128,7 @@ int Run(const ImportOptions& options) {
         return ListFaults(options.portfolio, faults);
     }
     ProgressBar progressBar(AreErrorsATerminal());
+    const WaitingIsTold waitingIsTold(progressBar);
     ConsoleMessageBoxes boxes(progressBar);
     platform::HandleEndSignals();
     if (!OpenDatabase(options)) {
@@ -112,10 +138,12 @@ int Run(const ImportOptions& options) {
         return Refuse(objection);
     }
     if (options.isDryRun) {
-        PrintOut(QStringLiteral("The following items will be created.\n") +
-                 records::CountsOf(records::TheCollections()) +
-                 QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("The following items will be created.\n") +
+                    records::CountsOf(records::TheCollections()) +
+                    QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
+    }
+    if (!KeepOtherImportsOut()) {
+        return ExitStatus::NothingDone;
     }
     if (!options.backup.isEmpty() && !MakeBackup(options.backup)) {
         return ExitStatus::NothingDone;
@@ -135,12 +163,10 @@ int RunImportTool(const QStringList& arguments) {
         return ExitStatus::NothingDone;
     }
     if (options->wantsHelp) {
-        PrintOut(ImportHelpText());
-        return ExitStatus::Done;
+        return Show(ImportHelpText());
     }
     if (options->wantsVersion) {
-        PrintOut(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
     }
     return Run(*options);
 }

@@ -11,6 +11,7 @@ public:
     void Execute(const QString&) override { Refuse(); }
     std::unique_ptr<engine::Recordset> OpenRecordset(const QString&, short, short) override { Refuse(); }
     void Flush() override {}
+    void LockForImport() override { Refuse(); }
     void CopyTo(const QString&) override { Refuse(); }
     void OnLostWrite(LostWriteListener) override {}
 

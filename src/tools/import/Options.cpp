@@ -1,5 +1,6 @@
 #include "tools_core/import/Options.h"
 
+#include "platform/Files.h"
 #include "tools_core/portfolio/Day.h"
 
 #include <QCommandLineParser>
@@ -34,6 +35,15 @@ QString SingleValue(const QCommandLineParser& parser, const char* name, QString&
         fault = QStringLiteral("--%1 has an empty value").arg(QLatin1String(name));
     }
     return values.value(0);
+}
+
+QString FileValue(const QCommandLineParser& parser, const char* name, QString& fault) {
+    const QString value = SingleValue(parser, name, fault);
+    const std::optional<QString> file = platform::AbsoluteName(value);
+    if (!value.isEmpty() && !file) {
+        fault = QStringLiteral("--%1 %2: %3").arg(QLatin1String(name), value, platform::WhyNoName());
+    }
+    return file.value_or(QString());
 }
 
 void ReadToday(const QCommandLineParser& parser, ImportOptions& options, QString& fault) {
@@ -75,8 +85,8 @@ std::optional<ImportOptions> ParseImportOptions(const QStringList& arguments, QS
     options.isYes = parser.isSet(QLatin1String(yesOption));
     options.isDryRun = parser.isSet(QLatin1String(dryRunOption));
     ReadPortfolioName(parser, options, fault);
-    options.database = SingleValue(parser, databaseOption, fault);
-    options.backup = SingleValue(parser, backupOption, fault);
+    options.database = FileValue(parser, databaseOption, fault);
+    options.backup = FileValue(parser, backupOption, fault);
     ReadToday(parser, options, fault);
     return fault.isEmpty() ? std::optional(options) : std::nullopt;
 }

@@ -11,8 +11,8 @@ namespace tools {
 /// What the command line of wrenfield-import asks for.
 struct ImportOptions {
     QString portfolio;
-    QString database;  ///< Empty: found through Hearthbook's settings.
-    QString backup;    ///< Empty: none is made.
+    QString database;  ///< Absolute. Empty: found through Hearthbook's settings.
+    QString backup;    ///< Absolute. Empty: none is made.
     std::optional<QDate> today;
     bool isYes = false;
     bool isDryRun = false;

@@ -1,11 +1,13 @@
 #include "tools_core/import/ProgressBar.h"
 
+#include "platform/Process.h"
 #include "tools_core/import/Terminal.h"
+
+#include <algorithm>
 
 namespace tools {
 
 void ProgressBar::Show(int done, int total) {
-    constexpr int width = 50;
     if (!isShown_ || total <= 0) {
         return;
     }
@@ -14,8 +16,29 @@ void ProgressBar::Show(int done, int total) {
         return;
     }
     percent_ = percent;
+    Draw();
+}
+
+void ProgressBar::Draw() const {
+    constexpr int width = 50;
+    const int percent = std::max(percent_, 0);
     const QString bar = QString(percent * width / 100, QLatin1Char('#')).leftJustified(width);
-    PrintError(QStringLiteral("\r[%1] %2%").arg(bar).arg(percent, 3));
+    const QString waiting = isHeldUp_ ? QStringLiteral(" held up by another program") : QString();
+    PrintError(QStringLiteral("\r\033[K[%1] %2%%3").arg(bar).arg(percent, 3).arg(waiting));
+}
+
+bool ProgressBar::GoesOn() {
+    return !platform::IsEndRequested();
+}
+
+void ProgressBar::HeldUp(bool isHeldUp) {
+    isHeldUp_ = isHeldUp;
+    if (isShown_) {
+        Draw();
+    } else if (isHeldUp) {
+        PrintError(
+            QStringLiteral("wrenfield-import: another program holds the database up; going on in memory\n"));
+    }
 }
 
 void ProgressBar::Clear() {

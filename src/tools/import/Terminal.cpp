@@ -5,16 +5,18 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
+#include <system_error>
 
 namespace tools {
 
 namespace {
 
-void Print(const QString& text, std::FILE* stream) {
+bool Print(const QString& text, std::FILE* stream) {
     const QByteArray bytes = platform::Utf8FromText(text);
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
-    std::fflush(stream);
+    const auto size = static_cast<std::size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 
 }  // namespace
@@ -27,8 +29,13 @@ bool AreErrorsATerminal() {
     return isatty(STDERR_FILENO) != 0;
 }
 
-void PrintOut(const QString& text) {
-    Print(text, stdout);
+bool PrintOut(const QString& text) {
+    if (Print(text, stdout)) {
+        return true;
+    }
+    const std::string reason = std::generic_category().message(errno);
+    PrintError(QStringLiteral("The output could not be written: %1.\n").arg(QString::fromStdString(reason)));
+    return false;
 }
 
 void PrintError(const QString& text) {

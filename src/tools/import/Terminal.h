@@ -7,8 +7,9 @@ namespace tools {
 bool IsInputATerminal();
 bool AreErrorsATerminal();
 
-/// Text in UTF-8, whatever the locale: names of a portfolio are of many languages.
-void PrintOut(const QString& text);
+/// Text in UTF-8, whatever the locale: names of a portfolio are of many languages. False if it did not arrive
+/// on standard output, which has been told on standard error then.
+[[nodiscard]] bool PrintOut(const QString& text);
 void PrintError(const QString& text);
 
 /// Asks on standard error (results may be piped away) and reads one line. Anything but y or yes is a No.

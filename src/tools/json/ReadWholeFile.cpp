@@ -1,3 +1,4 @@
+#include "platform/Files.h"
 #include "tools_core/json/JsonDocument.h"
 
 #include <QFile>
@@ -15,14 +16,23 @@ std::nullopt_t RefuseUnread(Faults& faults, const QString& reason) {
 }  // namespace
 
 std::optional<QByteArray> ReadWholeFile(const QString& path, Faults& faults) {
-    if (QFileInfo(path).isDir()) {
+    const std::optional<QString> name = platform::AbsoluteName(path);
+    if (!name) {
+        return RefuseUnread(faults, platform::WhyNoName());
+    }
+    const QFileInfo info(*name);
+    if (info.isDir()) {
         return RefuseUnread(faults, QStringLiteral("it is a folder"));
     }
-    QFile file(path);
+    // A pipe may be waited at for ever, and a device may never end.
+    if (info.exists() && !info.isFile()) {
+        return RefuseUnread(faults, QStringLiteral("it is not a regular file"));
+    }
+    QFile file(*name);
     if (!file.open(QIODevice::ReadOnly)) {
         return RefuseUnread(faults, file.errorString());
     }
-    // Bounded reading rather than a look at the size: a pipe has none.
+    // Bounded reading rather than a look at the size, which some file systems don't tell.
     QByteArray bytes = file.read(LargestFile + 1);
     if (file.error() != QFileDevice::NoError) {
         return RefuseUnread(faults, file.errorString());

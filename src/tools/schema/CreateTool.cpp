@@ -1,12 +1,11 @@
 #include "tools_core/schema/CreateTool.h"
 
+#include "engine/NewFile.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
 #include "tools_core/import/ImportTool.h"
 #include "tools_core/import/Terminal.h"
 #include "tools_core/schema/HearthbookSchema.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace tools {
 
@@ -17,35 +16,38 @@ int Say(int status, const QString& message) {
     return status;
 }
 
+int Show(const QString& text) {
+    return PrintOut(text) ? ExitStatus::Done : ExitStatus::NothingDone;
+}
+
 QString HelpText() {
     return QStringLiteral(R"(Usage: hearthbook-create-database FILE
 
 Makes a fresh Hearthbook database with empty tables, the options, a chart of accounts, a sample payee and
-two sample contractors. An existing file is never overwritten.
+two sample contractors. An existing file is never overwritten. A FILE whose name begins with - is told with
+its folder, as in ./-FILE.
 
   --help      show this text
   --version   show the version
 
-Exit status: 0 done; 1 the file could not be written; 2 bad usage, or the file is there already.
+Exit status: 0 done; 1 the file could not be written; 2 bad usage, or the file is there already, or this text
+could not be printed.
 )");
 }
 
-bool IsThere(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 int Create(const QString& path) {
-    if (IsThere(path)) {
+    // It takes a moment. Ended halfway, it would leave what is unfinished.
+    platform::HandleEndSignals();
+    if (engine::IsNameTaken(path)) {
         return Say(ExitStatus::NothingDone, path + QStringLiteral(" is there already"));
     }
     try {
         CreateHearthbookDatabase(path);
     } catch (const platform::Failure& failure) {
-        return Say(ExitStatus::DoneWithFailures, QStringLiteral("%1 can't be made: %2 - %3")
-                                                     .arg(path)
-                                                     .arg(failure.Number())
-                                                     .arg(failure.Description()));
+        const bool isThere = failure.Number() == engine::ErrorNumber::DatabaseExists;
+        return Say(isThere ? ExitStatus::NothingDone : ExitStatus::DoneWithFailures,
+                   QStringLiteral("%1 can't be made: %2 - %3")
+                       .arg(path, QString::number(failure.Number()), failure.Description()));
     }
     return ExitStatus::Done;
 }
@@ -53,39 +55,24 @@ int Create(const QString& path) {
 }  // namespace
 
 void CreateHearthbookDatabase(const QString& path) {
-    const QTemporaryDir workplace(QFileInfo(path).absolutePath() +
-                                  QStringLiteral("/.hearthbook-create-XXXXXX"));
-    if (!workplace.isValid()) {
-        throw engine::Error(engine::ErrorNumber::DiskError, workplace.errorString());
-    }
-    const QString unfinished = workplace.filePath(QStringLiteral("property.mdb"));
-    engine::DBEngine& engine = engine::DBEngine::Instance();
-    engine.CreateDatabase(unfinished, HearthbookTables());
-    {
-        const std::unique_ptr<engine::Database> database = engine.OpenDatabase(unfinished);
-        FillFreshDatabase(*database);
-        database->Flush();
-    }
-    QFile finished(unfinished);
-    if (!finished.rename(path)) {
-        throw engine::Error(engine::ErrorNumber::DatabaseExists, finished.errorString());
-    }
+    engine::DBEngine::Instance().CreateDatabase(path, HearthbookTables(), FillFreshDatabase);
 }
 
 int RunCreateTool(const QStringList& arguments) {
     if (arguments.contains(QStringLiteral("--help"))) {
-        PrintOut(HelpText());
-        return ExitStatus::Done;
+        return Show(HelpText());
     }
     if (arguments.contains(QStringLiteral("--version"))) {
-        PrintOut(QStringLiteral("hearthbook-create-database " WRENFIELD_VERSION "\n"));
-        return ExitStatus::Done;
+        return Show(QStringLiteral("hearthbook-create-database " WRENFIELD_VERSION "\n"));
     }
     if (arguments.size() != 1 || arguments.front().isEmpty() ||
         arguments.front().startsWith(QLatin1Char('-'))) {
         return Say(ExitStatus::NothingDone, QStringLiteral("one file name is needed; see --help"));
     }
-    return Create(arguments.front());
+    const std::optional<QString> path = platform::AbsoluteName(arguments.front());
+    return path ? Create(*path)
+                : Say(ExitStatus::NothingDone,
+                      arguments.front() + QStringLiteral(": ") + platform::WhyNoName());
 }
 
 }  // namespace tools
