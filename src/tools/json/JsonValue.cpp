@@ -5,8 +5,8 @@
 namespace tools {
 
 const JsonValue* JsonValue::Member(const QString& name) const {
-    const qsizetype place = names.indexOf(name);
-    return place < 0 ? nullptr : &items[static_cast<std::size_t>(place)];
+    const qsizetype place = parts ? parts->names.indexOf(name) : -1;
+    return place < 0 ? nullptr : &parts->items[static_cast<std::size_t>(place)];
 }
 
 QString JsonValue::Shown() const {

@@ -101,14 +101,15 @@ bool TreeBuilder::Open(JsonKind kind) {
     }
     frames_.emplace_back();
     frames_.back().value.kind = kind;
+    frames_.back().value.parts = std::make_unique<JsonValue::Parts>();
     return true;
 }
 
 bool TreeBuilder::Close() {
     JsonValue value = std::move(frames_.back().value);
     frames_.pop_back();
-    value.items.shrink_to_fit();
-    value.names = *nameLists_.insert(value.names);
+    value.parts->items.shrink_to_fit();
+    value.parts->names = *nameLists_.insert(value.parts->names);
     return Place(std::move(value));
 }
 
@@ -126,9 +127,9 @@ bool TreeBuilder::Place(JsonValue value) {
         return true;
     }
     if (frame.value.kind == JsonKind::Object) {
-        frame.value.names.push_back(frame.name.value_or(QString()));
+        frame.value.parts->names.push_back(frame.name.value_or(QString()));
     }
-    frame.value.items.push_back(std::move(value));
+    frame.value.parts->items.push_back(std::move(value));
     return true;
 }
 
@@ -150,7 +151,7 @@ QString TreeBuilder::Pointer() const {
     QString pointer;
     for (const Frame& frame : frames_) {
         if (frame.value.kind == JsonKind::Array) {
-            pointer = ElementPointer(pointer, static_cast<qsizetype>(frame.value.items.size()));
+            pointer = ElementPointer(pointer, static_cast<qsizetype>(frame.value.parts->items.size()));
         } else if (frame.name) {
             pointer = MemberPointer(pointer, *frame.name);
         }
