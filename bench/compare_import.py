@@ -224,6 +224,13 @@ def compare_memory(bench, tenants, starts):
         print(f"{tenants} tenants paying daily since {start}: {counts[5]} periods, peak memory {memory / 2**20:.1f} MiB")
 
 
+def compare_memory_of_tenants(bench, few, many):
+    """With one period each, so that the portfolio itself is what counts."""
+    few_peak, many_peak = (bench.time_import(bench.portfolio(count, TODAY, "Year"))[1] for count in (few, many))
+    print(f"peak memory with {few} tenants {few_peak / 2**20:.1f} MiB, with {many} {many_peak / 2**20:.1f} MiB: "
+          f"{(many_peak - few_peak) / (many - few):,.0f} bytes for each more")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--programs", default="build/release/bin")
@@ -236,6 +243,7 @@ def main():
             compare_with_autocommit(bench, 5, "2026-08-03")
             compare_tenant_counts(bench, 10, 80, "2026-10-05")
             compare_memory(bench, 5, ["2026-09-01"])
+            compare_memory_of_tenants(bench, 5, 50)
             return
         ours = compare_in_one_transaction(bench, 2000, "2021-11-22", 5)
         autocommit = compare_with_autocommit(bench, 20, "2021-11-22")
@@ -243,6 +251,7 @@ def main():
         for start, *options in (["2021-11-22"], ["2021-11-22", "mixed"], ["2026-05-25", "mixed"]):
             compare_tenant_counts(bench, 1000, 32000, start, *options)
         compare_memory(bench, 100, ["2024-11-21", "2016-11-21", "1996-11-21"])
+        compare_memory_of_tenants(bench, 1000, 32000)
 
 
 if __name__ == "__main__":

@@ -2,6 +2,8 @@
 
 #include "platform/Failure.h"
 
+#include <array>
+
 namespace database {
 
 namespace {
@@ -9,7 +11,7 @@ namespace {
 constexpr char16_t Apostrophe = u'\'';
 
 struct Findings {
-    qsizetype apostrophes = 0;
+    bool oddApostrophes = false;
     bool mayHaveTruthWord = false;
 };
 
@@ -18,33 +20,40 @@ constexpr bool IsOfTruthWord(char16_t first, char16_t second) {
     return ((first == u'r') & (second == u'u')) | ((first == u'l') & (second == u's'));
 }
 
-constexpr qsizetype Block = 32;
+constexpr size_t Block = 8;
 
-// A fixed number of places and no branch for any of them: compilers make instructions of it that look at
-// eight places at a time.
-void LookThroughBlock(const char16_t* place, Findings& findings) {
-    quint16 apostrophes = 0;
-    quint16 truthWords = 0;
-    for (qsizetype i = 0; i < Block; ++i) {
-        apostrophes = static_cast<quint16>(apostrophes + (place[i] == Apostrophe));
-        truthWords = static_cast<quint16>(truthWords | IsOfTruthWord(place[i], place[i + 1]));
+/// What was found at the first places of all blocks, at their second places, and so on.
+struct FindingsByPlace {
+    std::array<quint16, Block> oddApostrophes{};
+    std::array<quint16, Block> truthWords{};
+};
+
+// A fixed number of places and no branch for any of them: compilers make instructions of it that look at all
+// places of a block at once.
+void LookThroughBlock(const char16_t* block, FindingsByPlace& findings) {
+    for (size_t place = 0; place < Block; ++place) {
+        findings.oddApostrophes[place] ^= static_cast<quint16>(block[place] == Apostrophe);
+        findings.truthWords[place] |= static_cast<quint16>(IsOfTruthWord(block[place], block[place + 1]));
     }
-    findings.apostrophes += apostrophes;
-    findings.mayHaveTruthWord |= truthWords != 0;
 }
 
 /// One pass without a copy, as an import passes a million statements and few need more.
 Findings LookThrough(const QString& statement) {
-    Findings findings;
+    FindingsByPlace byPlace;
     const auto* place = reinterpret_cast<const char16_t*>(statement.utf16());
     const char16_t* const end = place + statement.size();
-    for (; end - place >= Block; place += Block) {
-        LookThroughBlock(place, findings);
-    }
     // The text ends with a null character, so that each of its places has a next one.
+    for (; end - place >= static_cast<qsizetype>(Block); place += Block) {
+        LookThroughBlock(place, byPlace);
+    }
+    Findings findings;
     for (; place != end; ++place) {
-        findings.apostrophes += *place == Apostrophe;
+        findings.oddApostrophes ^= *place == Apostrophe;
         findings.mayHaveTruthWord |= IsOfTruthWord(place[0], place[1]);
+    }
+    for (size_t i = 0; i < Block; ++i) {
+        findings.oddApostrophes ^= byPlace.oddApostrophes[i] != 0;
+        findings.mayHaveTruthWord |= byPlace.truthWords[i] != 0;
     }
     return findings;
 }
@@ -89,10 +98,10 @@ bool IsStray(QStringView before, QStringView after) {
     return !ClosesText(after) && !after.isEmpty();
 }
 
-void DoubleStrayApostrophes(QString& statement, qsizetype apostrophes) {
+void DoubleStrayApostrophes(QString& statement) {
     const QString original = statement;
     statement.clear();
-    statement.reserve(original.size() + apostrophes);
+    statement.reserve(original.size() + original.count(QChar(Apostrophe)));
     const QStringView source(original);
     qsizetype copied = 0;
     for (qsizetype place = source.indexOf(Apostrophe); place >= 0;
@@ -122,8 +131,8 @@ QString& FixSql(QString& statement) {
         statement.replace(QLatin1String("false"), QLatin1String("0"));
         statement.replace(QLatin1String("true"), QLatin1String("-1"));
     }
-    if (findings.apostrophes % 2 != 0) {
-        DoubleStrayApostrophes(statement, findings.apostrophes);
+    if (findings.oddApostrophes) {
+        DoubleStrayApostrophes(statement);
     }
     return statement;
 }

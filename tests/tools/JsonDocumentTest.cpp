@@ -19,7 +19,7 @@ JsonValue Parsed(const QByteArray& json) {
     std::optional<JsonValue> value = ParseJson(json, faults);
     EXPECT_TRUE(value.has_value());
     EXPECT_EQ(faults, Faults());
-    return value.value_or(JsonValue());
+    return std::move(value).value_or(JsonValue());
 }
 
 }  // namespace
@@ -27,9 +27,9 @@ JsonValue Parsed(const QByteArray& json) {
 TEST(JsonDocument, KeepsKindsAndOrder) {
     const JsonValue value = Parsed(R"({"b": [1, -2.5, null], "a": true, "t": "x\u00e9\ud83c\udfe0"})");
     ASSERT_EQ(value.kind, JsonKind::Object);
-    EXPECT_EQ(value.names,
-              (std::vector<QString>{QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("t")}));
-    const std::vector<JsonValue>& list = value.Member(QStringLiteral("b"))->items;
+    EXPECT_EQ(value.parts->names,
+              (QStringList{QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("t")}));
+    const std::vector<JsonValue>& list = value.Member(QStringLiteral("b"))->parts->items;
     ASSERT_EQ(list.size(), 3U);
     EXPECT_EQ(list[0].number, 1.0);
     EXPECT_EQ(list[1].number, -2.5);
@@ -39,6 +39,14 @@ TEST(JsonDocument, KeepsKindsAndOrder) {
     EXPECT_EQ(value.Member(QStringLiteral("B")), nullptr);
 }
 
+TEST(JsonDocument, KeepsOnceWhatComesAgain) {
+    const JsonValue value = Parsed(R"([{"a": "Week", "b": 1}, {"a": "Week", "b": 2}])");
+    const JsonValue& first = value.parts->items.at(0);
+    const JsonValue& second = value.parts->items.at(1);
+    EXPECT_EQ(first.parts->names.constData(), second.parts->names.constData());
+    EXPECT_EQ(first.parts->items.at(0).text.constData(), second.parts->items.at(0).text.constData());
+}
+
 TEST(JsonDocument, TakesAByteOrderMark) {
     EXPECT_EQ(Parsed("\xEF\xBB\xBF{}").kind, JsonKind::Object);
 }
@@ -46,16 +54,16 @@ TEST(JsonDocument, TakesAByteOrderMark) {
 TEST(JsonDocument, NumbersAreTheNearestDoubles) {
     const JsonValue value =
         Parsed("[0.1, 2.2250738585072011e-308, 1e-400, 1.7976931348623157e308, 18446744073709551616]");
-    EXPECT_EQ(value.items[0].number, 0.1);
-    EXPECT_EQ(value.items[1].number, 2.2250738585072011e-308);
-    EXPECT_EQ(value.items[2].number, 0.0);
-    EXPECT_EQ(value.items[3].number, 1.7976931348623157e308);
-    EXPECT_EQ(value.items[4].number, 18446744073709551616.0);
+    EXPECT_EQ(value.parts->items[0].number, 0.1);
+    EXPECT_EQ(value.parts->items[1].number, 2.2250738585072011e-308);
+    EXPECT_EQ(value.parts->items[2].number, 0.0);
+    EXPECT_EQ(value.parts->items[3].number, 1.7976931348623157e308);
+    EXPECT_EQ(value.parts->items[4].number, 18446744073709551616.0);
 }
 
 TEST(JsonDocument, TheLocalesDecimalMarkPlaysNoPart) {
     const CommaLocale locale;
-    EXPECT_EQ(Parsed("[12.5]").items[0].number, 12.5);
+    EXPECT_EQ(Parsed("[12.5]").parts->items[0].number, 12.5);
     EXPECT_STREQ(std::localeconv()->decimal_point, ",");
 }
 

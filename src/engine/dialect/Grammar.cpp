@@ -377,9 +377,12 @@ private:
         const size_t begin = statement_.sql.size();
         const char* separator = " order by ";
         do {
-            Write(separator + QuotedName(TakeColumnRead("expected the name of a column")));
+            SortColumn& sort = statement_.orderBy.emplace_back();
+            sort.column = TakeColumnRead("expected the name of a column");
+            Write(separator + QuotedName(sort.column));
             separator = ", ";
             if (TakeKeyword("desc")) {
+                sort.descending = true;
                 Write(" desc");
             } else {
                 TakeKeyword("asc");

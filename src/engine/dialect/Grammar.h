@@ -17,6 +17,12 @@ struct SelectItem {
     std::string alias;   ///< Empty if the column keeps its name.
 };
 
+/// One column that the rows of a select are sorted by.
+struct SortColumn {
+    std::string column;
+    bool descending = false;
+};
+
 /// What a statement of the dialect says, with names without their brackets and texts as SQL with quoted
 /// names.
 struct ParsedStatement {
@@ -46,6 +52,7 @@ struct ParsedStatement {
     std::string itemsSql;
     std::string whereSql;    ///< " where …", or empty.
     std::string orderBySql;  ///< " order by …", or empty.
+    std::vector<SortColumn> orderBy;
 };
 
 /// Reads the shape of one statement (see Tokenizer.h). The dialect is what the applications on this database

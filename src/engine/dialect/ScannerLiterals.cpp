@@ -1,5 +1,4 @@
 #include "engine/dialect/Scanner.h"
-#include "platform/Utf8.h"
 
 #include <QDate>
 

@@ -2,6 +2,7 @@
 
 #include "engine/Error.h"
 #include "engine/sqlite/FindField.h"
+#include "engine/sqlite/KeysInOrder.h"
 #include "engine/sqlite/SqliteDatabase.h"
 #include "engine/sqlite/ValueBinding.h"
 
@@ -44,21 +45,9 @@ void Dynaset::ChooseFields(const PreparedStatement& prepared) {
 }
 
 void Dynaset::ReadKeys(const PreparedStatement& prepared, const dialect::ShapedStatement& shaped) {
-    const std::string order =
-        prepared.parsed.orderBySql.empty() ? " order by " : prepared.parsed.orderBySql + ", ";
-    const RunningStatement keys(database_.statements_.ForSql("select " + table_->rowKey + " from " +
-                                                             table_->sqlName + prepared.parsed.whereSql +
-                                                             order + table_->rowKey));
-    BindLiterals(keys.get(), prepared, shaped);
     held_.table = table_.get();
     held_.readAt = database_.group_.Size();
-    int step = SQLITE_ROW;
-    while ((step = sqlite3_step(keys.get())) == SQLITE_ROW) {
-        held_.keys.push_back(sqlite3_column_int64(keys.get(), 0));
-    }
-    if (step != SQLITE_DONE) {
-        database_.connection_.Raise(step);
-    }
+    held_.keys = KeysInOrder(database_.connection_, database_.statements_).Read(prepared, shaped);
 }
 
 bool Dynaset::Bof() const {

@@ -2,13 +2,11 @@
 
 #include "tools_core/json/Fault.h"
 
-#include <algorithm>
-
 namespace tools {
 
 const JsonValue* JsonValue::Member(const QString& name) const {
-    const auto found = std::find(names.begin(), names.end(), name);
-    return found == names.end() ? nullptr : &items[static_cast<std::size_t>(found - names.begin())];
+    const qsizetype place = parts ? parts->names.indexOf(name) : -1;
+    return place < 0 ? nullptr : &parts->items[static_cast<std::size_t>(place)];
 }
 
 QString JsonValue::Shown() const {

@@ -54,14 +54,14 @@ bool TreeBuilder::PlaceNumber(double number, const QString& text) {
     JsonValue placed;
     placed.kind = JsonKind::Number;
     placed.number = number;
-    placed.text = text;
+    placed.text = Shared(text);
     return Place(std::move(placed));
 }
 
 bool TreeBuilder::string(std::string& value) {
     JsonValue placed;
     placed.kind = JsonKind::Text;
-    placed.text = platform::TextFromUtf8(value);
+    placed.text = Shared(platform::TextFromUtf8(value));
     if (placed.text.contains(QChar(QChar::Null))) {
         faults_.push_back({Pointer(),
                            QStringLiteral("The text holds a null character or half of a surrogate pair"),
@@ -84,7 +84,7 @@ bool TreeBuilder::start_array(std::size_t) {
 
 bool TreeBuilder::key(std::string& name) {
     Frame& frame = frames_.back();
-    const QString member = platform::TextFromUtf8(name);
+    const QString member = Shared(platform::TextFromUtf8(name));
     frame.name = member;
     frame.isRepeated = frame.seen.contains(member);
     if (frame.isRepeated) {
@@ -101,12 +101,15 @@ bool TreeBuilder::Open(JsonKind kind) {
     }
     frames_.emplace_back();
     frames_.back().value.kind = kind;
+    frames_.back().value.parts = std::make_unique<JsonValue::Parts>();
     return true;
 }
 
 bool TreeBuilder::Close() {
     JsonValue value = std::move(frames_.back().value);
     frames_.pop_back();
+    value.parts->items.shrink_to_fit();
+    value.parts->names = *nameLists_.insert(value.parts->names);
     return Place(std::move(value));
 }
 
@@ -124,9 +127,9 @@ bool TreeBuilder::Place(JsonValue value) {
         return true;
     }
     if (frame.value.kind == JsonKind::Object) {
-        frame.value.names.push_back(frame.name.value_or(QString()));
+        frame.value.parts->names.push_back(frame.name.value_or(QString()));
     }
-    frame.value.items.push_back(std::move(value));
+    frame.value.parts->items.push_back(std::move(value));
     return true;
 }
 
@@ -140,11 +143,15 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& lastToken
                     CharacterAt(bytes_, place));
 }
 
+QString TreeBuilder::Shared(const QString& text) {
+    return *texts_.insert(text);
+}
+
 QString TreeBuilder::Pointer() const {
     QString pointer;
     for (const Frame& frame : frames_) {
         if (frame.value.kind == JsonKind::Array) {
-            pointer = ElementPointer(pointer, static_cast<qsizetype>(frame.value.items.size()));
+            pointer = ElementPointer(pointer, static_cast<qsizetype>(frame.value.parts->items.size()));
         } else if (frame.name) {
             pointer = MemberPointer(pointer, *frame.name);
         }

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QSet>
+#include <QStringList>
 
 #include <nlohmann/json.hpp>
 
@@ -53,6 +54,7 @@ private:
     bool Close();
     bool Place(JsonValue value);
     bool PlaceNumber(double number, const QString& text);
+    QString Shared(const QString& text);
     QString Pointer() const;
     bool BreakOff(const QString& rule, const QString& found);
 
@@ -60,6 +62,10 @@ private:
     Faults& faults_;
     JsonValue root_;
     std::vector<Frame> frames_;
+    // Records of a kind have the same members, and many of their texts are the same: each is kept once, which
+    // halves what a portfolio takes.
+    QSet<QString> texts_;
+    QSet<QStringList> nameLists_;
     qsizetype values_ = 0;
 };
 

@@ -109,14 +109,15 @@ const std::vector<JsonValue>* ObjectReader::Array(const char* name) {
         Refuse(name, QStringLiteral("Must be an array"));
         return nullptr;
     }
-    return &value->items;
+    return &value->parts->items;
 }
 
 void ObjectReader::RefuseUnknownMembers() {
-    for (std::size_t i = 0; i < object_.names.size(); ++i) {
-        if (!known_.contains(object_.names[i])) {
-            faults_.push_back({MemberPointer(pointer_, object_.names[i]), QStringLiteral("Unknown member"),
-                               object_.items[i].Shown()});
+    const QStringList& names = object_.parts->names;
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        if (!known_.contains(names[i])) {
+            faults_.push_back({MemberPointer(pointer_, names[i]), QStringLiteral("Unknown member"),
+                               object_.parts->items[static_cast<std::size_t>(i)].Shown()});
         }
     }
 }

@@ -75,10 +75,10 @@ void EnterName(ObjectReader& record, const char* member, const std::optional<QSt
     book.Add(*name);
 }
 
-Faults ReadPortfolio(const QByteArray& bytes) {
+Faults ReadPortfolio(QByteArray bytes) {
     Faults faults;
     records::CreateCollections();
-    if (const std::optional<JsonValue> document = ParseJson(bytes, faults)) {
+    if (const std::optional<JsonValue> document = ParseJson(std::move(bytes), faults)) {
         ReadDocument(*document, faults);
     }
     if (!faults.empty()) {
@@ -90,8 +90,8 @@ Faults ReadPortfolio(const QByteArray& bytes) {
 
 Faults ReadPortfolioFile(const QString& path) {
     Faults faults;
-    const std::optional<QByteArray> bytes = ReadWholeFile(path, faults);
-    return bytes ? ReadPortfolio(*bytes) : faults;
+    std::optional<QByteArray> bytes = ReadWholeFile(path, faults);
+    return bytes ? ReadPortfolio(*std::move(bytes)) : faults;
 }
 
 }  // namespace tools
