@@ -44,8 +44,9 @@ public:
     const RowTally::RowsByTable& Rows() const { return rows_.Kept(); }
 
     /// Somebody who doesn't ask for the file's locks has put other bytes into it, as a copying program does
-    /// that was told the wrong name: the number of commits has changed while nobody else might write, or has
-    /// become lower. A file with a higher number that is put there between two transactions is not noticed.
+    /// that was told the wrong name: the counts of commits and pages have changed while nobody else might
+    /// write, or the number of commits has become lower. A file with a higher number that is put there
+    /// between two transactions is not noticed.
     bool IsOverwritten() const { return isOverwritten_; }
 
 private:
