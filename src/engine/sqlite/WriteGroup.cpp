@@ -177,7 +177,7 @@ void WriteGroup::CommitIfDue(Clock::duration expected) {
         // A failing read can make SQLite give up the group as well.
         GiveUp();
     }
-    if (!transaction_.IsOpen()) {
+    if (!transaction_.IsOpen() || !endByTime_) {
         return;
     }
     const Clock::time_point now = Clock::now();
