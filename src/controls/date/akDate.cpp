@@ -184,7 +184,7 @@ void akDate::FollowFocus(const QWidget* now) {
 
 void akDate::LoseFocus() {
     for (DateSegmentBox* box : txtDate_) {
-        box->LeaveIfEntered();
+        box->Leave();
     }
     stored_ = DateFromTexts({.day = txtDate(order_.DayIndex)->text(),
                              .month = txtDate(order_.MonthIndex)->text(),

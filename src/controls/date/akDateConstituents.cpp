@@ -64,9 +64,9 @@ void akDate::ConnectConstituents() {
         connect(box, &EntryBox::Entered, this, &akDate::EnterSegment);
         connect(box, &EntryBox::Leaving, this, [this, place] { LeaveSegment(place); });
     }
-    connect(txtNone_, &NoneBox::DateWanted, this, [this](QChar character) {
+    connect(txtNone_, &NoneBox::DateWanted, this, [this](const QString& character) {
         HideNone();
-        txtDate(1)->KeyTyped(character);
+        txtDate(1)->TakeKey(character);
     });
     connect(cmdOpen_, &PictureButton::clicked, this, &akDate::DropDown);
     connect(cmdLeftMonth_, &PictureButton::clicked, this, [this] { Navigate(MonthBefore); });
