@@ -107,6 +107,10 @@ private:
 
     void PointerMoved(const QPointF& position);
     void PointerReleased(const QPointF& position);
+    /// The one end of hovering and of the capture. The capture ends by the module's own rules and tells so by
+    /// QEvent::UngrabMouse; a button that couldn't get it learns from the toolkit that the pointer left, or
+    /// that it is hidden.
+    void PointerLost();
     bool IsOnIcon(const QPointF& position) const;
 
     QString caption_;

@@ -165,15 +165,9 @@ void ctlButton::PointerMoved(const QPointF& position) {
     const bool inside = IsPointInWindow(position.x(), position.y(), this);
     mouseDownFlag_ = IsMouseButtonDown();
     SetButtonState(StateAfter(Input::PointerMoved, {.down = mouseDownFlag_, .inside = inside}));
-    if (!captureHeld_) {
-        captureHeld_ = SetMouseCapture(this);
-        if (!captureHeld_) {
-            return;
-        }
-    }
-    if (!mouseDownFlag_ && !inside) {
+    captureHeld_ = captureHeld_ || SetMouseCapture(this);
+    if (captureHeld_ && !mouseDownFlag_ && !inside) {
         ReleaseMouseCapture();
-        captureHeld_ = false;
     }
 }
 
@@ -186,8 +180,12 @@ void ctlButton::PointerReleased(const QPointF& position) {
         SetMouseCapture(this);
     } else {
         ReleaseMouseCapture();
-        captureHeld_ = false;
     }
+}
+
+void ctlButton::PointerLost() {
+    captureHeld_ = false;
+    SetButtonState(StateAfter(Input::PointerLost));
 }
 
 bool ctlButton::IsOnIcon(const QPointF& position) const {
@@ -198,8 +196,7 @@ bool ctlButton::IsOnIcon(const QPointF& position) const {
 
 bool ctlButton::event(QEvent* event) {
     if (event->type() == QEvent::UngrabMouse) {
-        captureHeld_ = false;
-        SetButtonState(StateAfter(Input::PointerLost));
+        PointerLost();
         return true;
     }
     return Control::event(event);
@@ -233,7 +230,7 @@ void ctlButton::focusOutEvent(QFocusEvent* /*event*/) {
 
 void ctlButton::hideEvent(QHideEvent* /*event*/) {
     pressedByLeftButton_ = false;
-    SetButtonState(StateAfter(Input::PointerLost));
+    PointerLost();
 }
 
 void ctlButton::keyPressEvent(QKeyEvent* event) {
@@ -248,7 +245,7 @@ void ctlButton::leaveEvent(QEvent* /*event*/) {
     // The pointer can leave without a move that would tell, such as over the edge of the form. With a mouse
     // button held the moves go on arriving, and they know better.
     if (!IsMouseButtonDown()) {
-        SetButtonState(StateAfter(Input::PointerLost));
+        PointerLost();
     }
 }
 
