@@ -249,7 +249,7 @@ void akGrid::SetBulkAdd(bool bBulk) {
 }
 
 void akGrid::SetEnabled(bool New_Enabled) {
-    VScroll_->setEnabled(New_Enabled);
+    scrollBar_->setEnabled(New_Enabled);
     enabled_ = New_Enabled;
     setEnabled(New_Enabled);
 }
@@ -270,7 +270,7 @@ void akGrid::SetRowHeight(qint16 value) {
 }
 
 QString akGrid::activecontrol() const {
-    return VScroll_->hasFocus() ? VScroll_->objectName() : QString();
+    return scrollBar_->hasFocus() ? scrollBar_->objectName() : QString();
 }
 
 }  // namespace controls

@@ -1,9 +1,7 @@
 #include "controls/akGrid.h"
 #include "controls/base/Canvas.h"
 #include "controls/base/Display.h"
-#include "controls/grid/GridAccessible.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace controls {
@@ -36,17 +34,6 @@ void akGrid::paintEvent(QPaintEvent* /*event*/) {
     for (const GridLabel& cell : cells_) {
         PaintLabel(&painter, cell, look);
     }
-}
-
-void akGrid::focusInEvent(QFocusEvent* event) {
-    Control::focusInEvent(event);
-    update();
-    AnnounceCurrentCell();
-}
-
-void akGrid::focusOutEvent(QFocusEvent* event) {
-    Control::focusOutEvent(event);
-    update();
 }
 
 }  // namespace controls

@@ -67,13 +67,6 @@ bool akGrid::IsSelected(int row, int column) const {
     return ValidColumn(column) && (selectType_ == 0 || column == currentColumn_);
 }
 
-void akGrid::SetTopRow(int value) {
-    const qint64 last = std::max<qint64>(qint64{rows_} - visibleRows_, 0);
-    const qint64 offset = std::clamp<qint64>(qint64{value} - 1, 0, last);
-    const qint64 reachable = std::min<qint64>(VScroll_->minimum() + offset, VScroll_->maximum());
-    VScroll_->setValue(static_cast<int>(reachable));
-}
-
 int akGrid::AbsoluteRow() const {
     return currentRow_ == 0 ? 0 : RowInList(currentRow_);
 }
