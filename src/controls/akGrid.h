@@ -49,7 +49,7 @@ public:
     /// A list as a form stored it. The form's place for it, in twips, counts already here: the height decides
     /// how many rows fit, and the list then grows or shrinks to a whole number of them. Without a place the
     /// widget's own size does. The headings are of a stronger blue than on a new list.
-    explicit akGrid(const Properties& properties, QWidget* parent = nullptr, const QRect& place = QRect());
+    explicit akGrid(const Properties& saved, QWidget* parent = nullptr, const QRect& place = QRect());
 
     /// Width of the blank strip left of the first column. A new one is seen when the columns are next laid
     /// out, that is after a write of a column string or of a width.
@@ -233,7 +233,7 @@ private:
 
     // The selection (akGridSelection.cpp).
     int CellIndex(qint64 row, qint64 column) const;
-    void PaintSelection(Colour colour);
+    void ColourSelection(Colour colour);
     /// False if the cell was current already.
     bool ChangeCurrentCell(int& row, int& column, bool force);
     void AnnounceCurrentCell();

@@ -101,7 +101,7 @@ private:
     using QWidget::setEnabled;
 
     void SetButtonState(ButtonStates state);
-    void DrawButton();
+    void UpdateLook();
     void Show(const ButtonLook& look);
     void ApplyHandCursor();
 
@@ -124,7 +124,7 @@ private:
     bool mouseDownFlag_ = false;
     bool pressedByLeftButton_ = false;
 
-    /// What the surface shows since the last DrawButton.
+    /// What the surface shows since the last UpdateLook.
     ButtonLook look_;
 
     /// The icon and its place in twips.

@@ -45,14 +45,14 @@ void akDate::DropDown() {
     for (PictureButton* button : CalendarButtons()) {
         button->show();
     }
-    NotifyCalendarOpened(*this);
+    AnnounceCalendarOpened(*this);
 }
 
 void akDate::CloseUp() {
     if (!droppedDown_) {
         return;
     }
-    NotifyCalendarClosing(*this);
+    AnnounceCalendarClosing(*this);
     for (PictureButton* button : CalendarButtons()) {
         if (button == Focused()) {
             // A hidden button would hand the focus on to whatever comes next, out of the control.
@@ -83,7 +83,7 @@ void akDate::Redraw() {
         // Who can't see the title hears it with the button that changes it.
         button->setAccessibleDescription(MonthTitle(display_));
     }
-    NotifyCalendarChanged(*this);
+    AnnounceCalendarChanged(*this);
     update();
 }
 

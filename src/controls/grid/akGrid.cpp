@@ -41,16 +41,15 @@ akGrid::akGrid(QWidget* parent) : Control(parent) {
     ResizeStore();
 }
 
-akGrid::akGrid(const Properties& properties, QWidget* parent, const QRect& place) : Control(parent) {
+akGrid::akGrid(const Properties& saved, QWidget* parent, const QRect& place) : Control(parent) {
     CreateParts();
     if (!place.isNull()) {
         Move(place.x(), place.y(), place.width(), place.height());
     }
-    strings_ = {properties.ColumnHeadings, properties.ColumnWidths, properties.ColumnAlignments,
-                properties.Hyperlinks};
-    rows_ = RowCountFrom(properties.RowCount);
-    selectType_ = properties.SelectType;
-    rowSelectorWidth_ = properties.RowSelectorWidth;
+    strings_ = {saved.ColumnHeadings, saved.ColumnWidths, saved.ColumnAlignments, saved.Hyperlinks};
+    rows_ = RowCountFrom(saved.RowCount);
+    selectType_ = saved.SelectType;
+    rowSelectorWidth_ = saved.RowSelectorWidth;
     columns_ = ParseColumnStrings(strings_, TwipsPerPixel());
     LayoutColumns();
 }

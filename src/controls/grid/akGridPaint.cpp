@@ -29,10 +29,10 @@ void akGrid::paintEvent(QPaintEvent* /*event*/) {
     }
     const GridLook look = isEnabled() ? GridLook::Enabled : GridLook::Disabled;
     for (const GridLabel& heading : headings_) {
-        PaintLabel(&painter, heading, look);
+        DrawLabel(&painter, heading, look);
     }
     for (const GridLabel& cell : cells_) {
-        PaintLabel(&painter, cell, look);
+        DrawLabel(&painter, cell, look);
     }
 }
 

@@ -1,8 +1,6 @@
 #include "controls/akGrid.h"
 #include "controls/grid/GridAccessible.h"
 
-#include <QScrollBar>
-
 #include <algorithm>
 
 namespace controls {
@@ -14,7 +12,7 @@ int akGrid::CellIndex(qint64 row, qint64 column) const {
     return index < 0 || index > static_cast<qint64>(cells_.size()) ? -1 : static_cast<int>(index);
 }
 
-void akGrid::PaintSelection(Colour colour) {
+void akGrid::ColourSelection(Colour colour) {
     if (CellIndex(currentRow_, currentColumn_) == -1) {
         return;
     }
@@ -37,13 +35,13 @@ bool akGrid::ChangeCurrentCell(int& row, int& column, bool force) {
     column = std::min(std::max(column, 1), Cols());
     row = std::min(std::max(row, 1), rows_);
     if (currentRow_ != 0 && currentColumn_ != 0) {
-        PaintSelection(White);
+        ColourSelection(White);
     }
     Q_EMIT RowColumnChange(row, column, currentRow_, currentColumn_);
     currentColumn_ = column;
     currentRow_ = row;
     if (currentRow_ != 0 && currentColumn_ != 0) {
-        PaintSelection(selectColour_);
+        ColourSelection(selectColour_);
     }
     return true;
 }

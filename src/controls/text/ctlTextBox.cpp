@@ -64,11 +64,8 @@ void ctlTextBox::Load(const Properties& saved) {
     }
 }
 
-bool ctlTextBox::Enabled() const {
-    return box_->isEnabledTo(parentWidget());
-}
-
 void ctlTextBox::SetEnabled(bool enabled) {
+    enabled_ = enabled;
     setEnabled(enabled);
     box_->setEnabled(enabled);
 }
