@@ -51,16 +51,16 @@ public:
     /// hold.
     void SetValue(QDate value);
 
-    bool IncludeNone() const { return IncludeNone_; }
+    bool IncludeNone() const { return includeNone_; }
     /// Where "<None>" is showing and is no longer allowed, the date below it comes back.
     void SetIncludeNone(bool include);
 
     /// Passed to every box and button. Closes the calendar either way.
-    bool Enabled() const { return Enabled_; }
+    bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
 
     /// The ground behind the open calendar, seen beside the boxes.
-    Colour BackColor() const { return BackColor_; }
+    Colour BackColor() const { return backColor_; }
     void SetBackColor(Colour colour);
 
     /// What a screen reader calls the control: the text of the label beside it. Boxes and buttons are named
@@ -72,8 +72,8 @@ public:
     void DropDown();
     void CloseUp();
 
-    bool DroppedDown() const { return DroppedDown_; }
-    bool NoneShown() const { return NoneShown_; }
+    bool DroppedDown() const { return droppedDown_; }
+    bool NoneShown() const { return noneShown_; }
     /// What the open calendar shows.
     const CalendarPicture& ShownCalendar() const { return calendar_; }
 
@@ -91,29 +91,33 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    // What the control is made of (akDateConstituents.cpp).
     void CreateConstituents();
     PictureButton* CreateButton(const QString& name, PictureButton::Picture picture);
     void ConnectConstituents();
     void PlaceConstituents();
+    void PlaceNone();
     void NameConstituents();
     std::array<QWidget*, 9> Constituents() const;
-    bool HasFocus(const QWidget* constituent) const;
-
+    std::array<PictureButton*, 4> CalendarButtons() const;
     /// The box at a place from 1 to 3.
     DateSegmentBox* txtDate(int place) const { return txtDate_.at(static_cast<size_t>(place - 1)); }
+    void SetOwnSize(int width, int height);
+
+    // The boxes and the focus (akDate.cpp).
     void SetSegments(int day, int month, int year);
     void EnterSegment();
     void LeaveSegment(int place);
-
     void ShowNone();
     void HideNone();
-    void PlaceNone();
-
-    void FollowFocus(const QWidget* now);
+    /// The one of the boxes and buttons that has the focus, or keeps the place for it while another window is
+    /// the active one; the control itself while it hands the focus on; null while the focus is elsewhere.
+    /// This alone tells where the focus is.
+    const QWidget* Focused() const;
+    void FollowFocus();
     void LoseFocus();
 
-    void SetOwnSize(int width, int height);
-    std::array<PictureButton*, 4> CalendarButtons() const;
+    // The calendar (akDateCalendar.cpp).
     void Navigate(CalendarMonth (*step)(CalendarMonth));
     void Redraw();
     std::optional<int> DayToMark() const;
@@ -132,15 +136,16 @@ private:
     QDate stored_;
     /// The parts last put into the boxes. The calendar navigates on month and year without changing the
     /// boxes.
-    int DisplayDay_ = 1;
+    int displayDay_ = 1;
     CalendarMonth display_;
-    bool Enabled_ = true;
-    bool IncludeNone_ = false;
-    bool NoneShown_ = false;
-    bool DroppedDown_ = false;
-    bool focusIsInside_ = false;
+    bool enabled_ = true;
+    bool includeNone_ = false;
+    bool noneShown_ = false;
+    bool droppedDown_ = false;
+    /// The focus has come and hasn't been lost since.
+    bool userIsHere_ = false;
     bool wasShown_ = false;
-    Colour BackColor_ = SystemColours::ButtonFace;
+    Colour backColor_ = SystemColours::ButtonFace;
     QString label_;
 
     /// Width of the closed control's frame in twips.

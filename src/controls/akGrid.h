@@ -49,7 +49,7 @@ public:
     /// A list as a form stored it. The form's place for it, in twips, counts already here: the height decides
     /// how many rows fit, and the list then grows or shrinks to a whole number of them. Without a place the
     /// widget's own size does. The headings are of a stronger blue than on a new list.
-    explicit akGrid(const Properties& properties, QWidget* parent = nullptr, const QRect& place = QRect());
+    explicit akGrid(const Properties& saved, QWidget* parent = nullptr, const QRect& place = QRect());
 
     /// Width of the blank strip left of the first column. A new one is seen when the columns are next laid
     /// out, that is after a write of a column string or of a width.
@@ -196,36 +196,49 @@ private:
     };
     enum class Relaid { No, Yes };
 
+    /// Room for the frame below the last row, and right of and below the scroll bar; twips.
+    static constexpr int FrameAllowance = 60;
+
+    // What the list is made of (akGridParts.cpp).
     void CreateParts();
+
+    // What the members share (akGrid.cpp).
     void SetColumnString(QString ColumnStrings::*string, const QString& text);
     bool ValidColumn(int Col) const { return Col >= 1 && Col <= Cols(); }
     const GridColumn& ColumnAt(int Col) const { return columns_[static_cast<size_t>(Col - 1)]; }
     GridColumn& ColumnAt(int Col) { return columns_[static_cast<size_t>(Col - 1)]; }
-    /// Stays within the numbers there are: a handler can send the selection to any of them.
-    static int Moved(int position, int step);
-    int RowInList(int windowRow) const;
     bool FindCell(int& row, int& column) const;
 
-    // What the members run to bring the view up to date (akGridLayout.cpp).
+    // The steps that bring the view up to date (akGridLayout.cpp). Where several run, this order is required:
+    // CalculateVisibleRows before LayoutCells, which raises the height that it reckons with; LayoutCells and
+    // ResizeStore, which leave captions and texts empty, before RefreshCells. PositionScrollBar comes behind
+    // LayoutCells; if its range moves the list, Scrolled refreshes the cells once more.
+    // The rest is the toolkit's order. It tells a shown list of its new size at once, within SetHeight, but a
+    // hidden one with its next show only, before showEvent: CalculateVisibleRows then runs Resized itself.
     void LayoutColumns();
     void CalculateVisibleRows();
     void LayoutCells();
     void LayoutCell(size_t index, int windowRow, const GridColumn& column, const QCursor& linkPointer);
     void ResizeStore();
-    void PositionScrollBar();
     void RefreshCells();
-    void Scrolled();
     Relaid Resized();
+    /// Stays within the numbers there are: a handler can send the selection to any of them.
+    static int Moved(int position, int step);
+    int RowInList(int windowRow) const;
     int WindowRows() const;
+
+    // The scroll bar (akGridScroll.cpp).
+    void PositionScrollBar();
+    void Scrolled();
 
     // The selection (akGridSelection.cpp).
     int CellIndex(qint64 row, qint64 column) const;
-    void PaintSelection(Colour colour);
+    void ColourSelection(Colour colour);
     /// False if the cell was current already.
     bool ChangeCurrentCell(int& row, int& column, bool force);
     void AnnounceCurrentCell();
 
-    // The mouse (akGridInput.cpp).
+    // Keys and mouse (akGridInput.cpp).
     LabelPlace LabelAt(const QPoint& pixel) const;
     const GridLabel* LabelOf(const LabelPlace& place) const;
     void ClickLabel(const LabelPlace& place);
@@ -237,7 +250,7 @@ private:
     GridRowStore store_;
     std::vector<GridLabel> headings_;
     std::vector<GridLabel> cells_;
-    QScrollBar* VScroll_ = nullptr;
+    QScrollBar* scrollBar_ = nullptr;
 
     int rows_ = 0;
     qint16 visibleRows_ = 0;

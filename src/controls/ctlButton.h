@@ -101,12 +101,16 @@ private:
     using QWidget::setEnabled;
 
     void SetButtonState(ButtonStates state);
-    void DrawButton();
+    void UpdateLook();
     void Show(const ButtonLook& look);
     void ApplyHandCursor();
 
     void PointerMoved(const QPointF& position);
     void PointerReleased(const QPointF& position);
+    /// The one end of hovering and of the capture. The capture ends by the module's own rules and tells so by
+    /// QEvent::UngrabMouse; a button that couldn't get it learns from the toolkit that the pointer left, or
+    /// that it is hidden.
+    void PointerLost();
     bool IsOnIcon(const QPointF& position) const;
 
     QString caption_;
@@ -120,7 +124,7 @@ private:
     bool mouseDownFlag_ = false;
     bool pressedByLeftButton_ = false;
 
-    /// What the surface shows since the last DrawButton.
+    /// What the surface shows since the last UpdateLook.
     ButtonLook look_;
 
     /// The icon and its place in twips.

@@ -27,7 +27,7 @@ public:
     /// One loaded from its saved properties, in the colours of the wizard; a palette without its white gets
     /// 245,245,245 there. Enabled reads false although the box works, so the first write of false does
     /// nothing: to disable a loaded box, write true first.
-    explicit ctlGroupBox(const Properties& properties, QWidget* parent = nullptr);
+    explicit ctlGroupBox(const Properties& saved, QWidget* parent = nullptr);
 
     bool Enabled() const { return enabled_; }
     /// Passes a new value to the box itself and to each child. The value that it has already does nothing.

@@ -34,7 +34,7 @@ public:
 
     /// One loaded from its saved properties. The first tab is current and no tab can be clicked yet. Tabs are
     /// taken as they were saved: without a bar at its end, the last text is no tab.
-    explicit ctlPageHeading(const Properties& properties, QWidget* parent = nullptr);
+    explicit ctlPageHeading(const Properties& saved, QWidget* parent = nullptr);
 
     /// The tabs' texts, a bar "|" behind each.
     const QString& Tabs() const { return text_; }
@@ -75,7 +75,7 @@ public:
     /// For those who read the tabs aloud.
     const HeadingTabs& TabStrip() const { return tabs_; }
     /// Where a tab stands, in pixels of the heading.
-    QRect TabRectangle(int tab) const;
+    QRect TabPixels(int tab) const;
 
 Q_SIGNALS:
     /// A tab was selected, by a click or by ChangeTab, and shows it. A handler that doesn't want it calls
@@ -94,9 +94,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void PaintHeadingBackground();
-    void DrawTabs();
-    void PaintTab(PaintedCanvas& canvas, int tab) const;
+    void DrawBackground();
+    void DrawTab(PaintedCanvas& canvas, int tab) const;
     void Select(qint16 place);
 
     QString text_;

@@ -43,13 +43,13 @@ public:
     /// A control of a form. Its text is taken as it is. In numeric mode a saved DecimalPlaces of 2 stands for
     /// as many decimals as the user's locale gives money; numbers other than 2 stand for themselves, and so
     /// does every number that is set later on.
-    ctlTextBox(const Properties& saved, QWidget* parent);
+    explicit ctlTextBox(const Properties& saved, QWidget* parent = nullptr);
     ctlTextBox(const ctlTextBox&) = delete;
     ctlTextBox& operator=(const ctlTextBox&) = delete;
     ~ctlTextBox() override;
 
-    /// Whether the user can work with it, as far as the control itself is asked.
-    bool Enabled() const;
+    /// Passed to the edit box, and to the control as a whole.
+    bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
 
     /// 1 is right, everything else left.
@@ -125,6 +125,7 @@ private:
     InnerTextBox* box_;
     UpDownImage* imgUpDown_;
     NumericRules rules_;
+    bool enabled_ = true;
     bool isNumeric_ = false;
     bool showUpDown_ = false;
     qint16 alignment_ = 0;

@@ -9,16 +9,16 @@ namespace gallery {
 
 namespace {
 
-class SkinInterface : public QAccessibleWidget {
+class SkinAccessible : public QAccessibleWidget {
 public:
-    explicit SkinInterface(QWidget* sample) : QAccessibleWidget(sample, QAccessible::Graphic) {}
+    explicit SkinAccessible(QWidget* sample) : QAccessibleWidget(sample, QAccessible::Graphic) {}
 };
 
 }  // namespace
 
 SkinSample::SkinSample(const controls::clsSkin& skin, QWidget* parent)
     : controls::Control(parent), skin_(skin) {
-    controls::RegisterAccessible<SkinSample, SkinInterface>();
+    controls::RegisterAccessible<SkinSample, SkinAccessible>();
 }
 
 void SkinSample::resizeEvent(QResizeEvent* event) {
@@ -30,7 +30,7 @@ void SkinSample::resizeEvent(QResizeEvent* event) {
 void SkinSample::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     controls::PaintedCanvas canvas(&painter, width(), height());
-    drawing_.PaintOn(canvas);
+    drawing_.DrawOn(canvas);
 }
 
 }  // namespace gallery

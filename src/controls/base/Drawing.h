@@ -23,7 +23,7 @@ public:
     void Line(double x1, double Y1, double X2, double Y2, Colour colour, LineForm form) override;
 
     /// Leaves the canvas with lines as thick as they were last drawn.
-    void PaintOn(Canvas& canvas) const;
+    void DrawOn(Canvas& canvas) const;
 
 private:
     struct Stroke {

@@ -10,8 +10,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-#include <utility>
-
 namespace controls {
 
 namespace {
@@ -24,13 +22,22 @@ QPalette BlackOnWhite(QPalette palette) {
     return palette;
 }
 
+/// A focus that only rests: a menu is open, or another window is in front.
+bool IsPause(Qt::FocusReason reason) {
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+           reason == Qt::ActiveWindowFocusReason;
+}
+
 /// Whether the focus goes elsewhere in the window. When the window itself stops being the active one, the
 /// windowing system says so with an event of its own, and what happens in another window leaves the box that
 /// waits here alone.
 bool IsLeaving(const QWidget& box, const QFocusEvent& event) {
-    const Qt::FocusReason reason = event.reason();
-    return box.isActiveWindow() && !event.spontaneous() && reason != Qt::ActiveWindowFocusReason &&
-           reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+    return box.isActiveWindow() && !event.spontaneous() && !IsPause(event.reason());
+}
+
+/// The length of the first character: two units where one isn't enough.
+qsizetype FirstLength(QStringView text) {
+    return text.size() > 1 && text.front().isHighSurrogate() ? 2 : 1;
 }
 
 }  // namespace
@@ -39,48 +46,77 @@ EntryBox::EntryBox(const QString& text, QWidget* parent) : QLineEdit(text, paren
     setFrame(false);
     setFont(ControlFont());
     setPalette(BlackOnWhite(palette()));
-    // The box is as wide as its digits: the room that the toolkit keeps on both sides would cut them.
-    setTextMargins(-2, 0, -2, 0);
-    setAcceptDrops(false);
-}
-
-void EntryBox::LeaveIfEntered() {
-    if (isEntered_) {
-        Leave();
-    }
+    // When the focus moves while the window is not active, the box hears of it only once the window is again.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) {
+        if (now != nullptr && now != this && now->window() == window()) {
+            Leave();
+        }
+    });
 }
 
 void EntryBox::Leave() {
-    isEntered_ = false;
-    Q_EMIT Leaving();
+    BeginToLeave();
+    if (presence_ == Presence::Going) {
+        presence_ = Presence::Away;
+        Q_EMIT Left();
+    }
+}
+
+void EntryBox::BeginToLeave() {
+    if (presence_ == Presence::Here) {
+        presence_ = Presence::Going;
+        Q_EMIT Leaving();
+    }
 }
 
 bool EntryBox::event(QEvent* event) {
     if (event->type() == QEvent::FocusAboutToChange && IsLeaving(*this, static_cast<QFocusEvent&>(*event))) {
-        Leave();
+        BeginToLeave();
     }
     return QLineEdit::event(event);
 }
 
 void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (isEntered_) {
+    if (presence_ == Presence::Here) {
         return;
     }
-    isEntered_ = true;
-    focusCameByMouse_ = event->reason() == Qt::MouseFocusReason;
-    selectAll();
+    presence_ = Presence::Here;
+    SelectOnEntering();
+    focusingClick_ = event->reason() == Qt::MouseFocusReason ? FocusingClick::Expected : FocusingClick::None;
     Q_EMIT Entered();
 }
 
-void EntryBox::keyPressEvent(QKeyEvent* event) {
-    const QString typed = TypedText(*event);
-    if (typed.isEmpty()) {
-        QLineEdit::keyPressEvent(event);
-        return;
+void EntryBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    focusingClick_ = FocusingClick::None;
+    if (!IsPause(event->reason())) {
+        Leave();
     }
-    for (const QChar character : typed) {
-        KeyTyped(character);
+}
+
+void EntryBox::keyPressEvent(QKeyEvent* event) {
+    focusingClick_ = FocusingClick::None;
+    const QString typed = TypedText(*event);
+    if (FirstLength(typed) < typed.size()) {
+        TypeOneByOne(*event, typed);
+        event->accept();
+    } else if (!typed.isEmpty() && TakeKey(typed)) {
+        event->accept();
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+/// Some keys type several characters, and each has to answer for itself.
+void EntryBox::TypeOneByOne(const QKeyEvent& event, const QString& typed) {
+    for (qsizetype place = 0; place < typed.size();) {
+        const QString character = typed.mid(place, FirstLength(QStringView(typed).mid(place)));
+        if (!TakeKey(character)) {
+            QKeyEvent single(event.type(), event.key(), event.modifiers(), character);
+            QLineEdit::keyPressEvent(&single);
+        }
+        place += character.size();
     }
 }
 
@@ -88,30 +124,32 @@ void EntryBox::inputMethodEvent(QInputMethodEvent* event) {
     // A character may move the focus on, and the next one then belongs there.
     for (const QChar character : event->commitString()) {
         if (auto* box = qobject_cast<EntryBox*>(QApplication::focusWidget())) {
-            box->KeyTyped(character);
+            box->TakeKey(character);
         }
     }
 }
 
 void EntryBox::mousePressEvent(QMouseEvent* event) {
-    // The click that brings the focus would otherwise put the caret somewhere and undo the selection.
-    pressBroughtFocus_ = focusCameByMouse_ && event->button() == Qt::LeftButton;
-    focusCameByMouse_ = false;
-    if (!pressBroughtFocus_) {
-        QLineEdit::mousePressEvent(event);
+    if (focusingClick_ == FocusingClick::Expected && event->button() == Qt::LeftButton) {
+        focusingClick_ = FocusingClick::Pressed;
+        return;
     }
+    focusingClick_ = FocusingClick::None;
+    QLineEdit::mousePressEvent(event);
 }
 
 void EntryBox::mouseMoveEvent(QMouseEvent* event) {
-    if (!pressBroughtFocus_) {
+    if (focusingClick_ != FocusingClick::Pressed) {
         QLineEdit::mouseMoveEvent(event);
     }
 }
 
 void EntryBox::mouseReleaseEvent(QMouseEvent* event) {
-    if (!std::exchange(pressBroughtFocus_, false)) {
-        QLineEdit::mouseReleaseEvent(event);
+    if (focusingClick_ == FocusingClick::Pressed) {
+        focusingClick_ = FocusingClick::None;
+        return;
     }
+    QLineEdit::mouseReleaseEvent(event);
 }
 
 }  // namespace controls

@@ -4,32 +4,40 @@
 
 namespace controls {
 
-/// An edit box without a border, black on white, whose whole text is selected when it gets the focus, by the
-/// mouse too. What typed characters do is up to the box that derives from it.
+/// The edit box inside the controls: lettered as they are, without a border, black on white on every desktop.
+/// When the user comes to it its whole text is selected, by the mouse too: the click that brings him places
+/// no caret. What a typed character does is up to the box that derives from it.
 ///
-/// Going to another window and coming back, or opening the context menu, is no leaving and no getting of the
-/// focus: the text stays as it was, with what is selected in it.
+/// Going to another window and coming back, or opening the context menu, is no leaving and no coming: the
+/// text stays as it was, with what is selected in it.
 class EntryBox : public QLineEdit {
     Q_OBJECT
 
 public:
     EntryBox(const QString& text, QWidget* parent);
 
-    /// A character is typed into the box.
-    virtual void KeyTyped(QChar character) = 0;
+    /// A character is typed into the box, BackspaceKey and other control characters included. True if that
+    /// was all; with false the edit box does with it what any other one does.
+    virtual bool TakeKey(const QString& character) = 0;
 
-    /// Raises Leaving if the user has left the box without its being told, as when the focus was moved while
-    /// another window was the active one.
-    void LeaveIfEntered();
+    /// The user has left, also where the box couldn't be told, as when the focus was moved while another
+    /// window was the active one. Nothing happens if he wasn't here.
+    void Leave();
 
 Q_SIGNALS:
     void Entered();
     /// The focus is about to go, but hasn't gone yet.
     void Leaving();
+    /// The focus has gone. Leaving came before.
+    void Left();
 
 protected:
+    /// Selects all that the box holds, for a user who comes to it.
+    virtual void SelectOnEntering() { selectAll(); }
+
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -37,11 +45,15 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void Leave();
+    enum class Presence { Away, Here, Going };
+    /// The click that brings the focus selects the text; only the next one places the caret.
+    enum class FocusingClick { None, Expected, Pressed };
 
-    bool isEntered_ = false;
-    bool focusCameByMouse_ = false;
-    bool pressBroughtFocus_ = false;
+    void BeginToLeave();
+    void TypeOneByOne(const QKeyEvent& event, const QString& typed);
+
+    Presence presence_ = Presence::Away;
+    FocusingClick focusingClick_ = FocusingClick::None;
 };
 
 }  // namespace controls

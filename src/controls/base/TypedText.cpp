@@ -4,22 +4,31 @@
 
 namespace controls {
 
+namespace {
+
+/// Control and Alt together are no shortcut: it is how many keyboards reach their third characters, such as
+/// "\".
+bool IsShortcut(const QKeyEvent& event) {
+    const bool withControl = event.modifiers() == Qt::ControlModifier ||
+                             event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+    // Marks of the writing direction are typed with Control and Shift.
+    return withControl && event.text().front().category() != QChar::Other_Format;
+}
+
+}  // namespace
+
 QString TypedText(const QKeyEvent& event) {
+    constexpr Qt::KeyboardModifiers harmless = Qt::ShiftModifier | Qt::KeypadModifier;
     switch (event.key()) {
         case Qt::Key_Backspace:
-            return {QChar(BackspaceCharacter)};
+            return (event.modifiers() & ~harmless) == 0 ? BackspaceKey : QString();
         case Qt::Key_Tab:
         case Qt::Key_Backtab:
         case Qt::Key_Delete:
             return {};
         default:
-            break;
+            return event.text().isEmpty() || IsShortcut(event) ? QString() : event.text();
     }
-    // Ctrl and Alt together are how some keyboards reach "\".
-    constexpr Qt::KeyboardModifiers rightAlt = Qt::ControlModifier | Qt::AltModifier;
-    const Qt::KeyboardModifiers held =
-        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    return held == Qt::NoModifier || held == rightAlt ? event.text() : QString();
 }
 
 }  // namespace controls

@@ -6,7 +6,7 @@
 #include "controls/base/Font.h"
 #include "controls/base/HandCursor.h"
 #include "controls/base/Keys.h"
-#include "controls/button/AccessibleButton.h"
+#include "controls/button/ButtonAccessible.h"
 #include "controls/button/MouseCapture.h"
 
 #include <QKeyEvent>
@@ -51,7 +51,7 @@ ButtonStates StateAfter(Input input, Mouse mouse = {}) {
 }  // namespace
 
 ctlButton::ctlButton(QWidget* parent) : Control(parent) {
-    RegisterAccessible<ctlButton, AccessibleButton>();
+    RegisterAccessible<ctlButton, ButtonAccessible>();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -73,7 +73,7 @@ void ctlButton::SetEnabled(bool enabled) {
         return;
     }
     enabled_ = enabled;
-    DrawButton();
+    UpdateLook();
     if (enabled_) {
         ApplyHandCursor();
     } else {
@@ -93,7 +93,7 @@ void ctlButton::SetPic(const QPixmap& pic) {
 
 void ctlButton::SetDefault(bool isDefault) {
     default_ = isDefault;
-    DrawButton();
+    UpdateLook();
 }
 
 void ctlButton::SetCancel(bool cancel) {
@@ -103,7 +103,7 @@ void ctlButton::SetCancel(bool cancel) {
 void ctlButton::SetCaption(const QString& caption) {
     const bool changed = caption != caption_;
     caption_ = caption;
-    DrawButton();
+    UpdateLook();
     if (changed) {
         AnnounceCaption(*this);
     }
@@ -111,7 +111,7 @@ void ctlButton::SetCaption(const QString& caption) {
 
 void ctlButton::SetBackColor(Colour backColor) {
     backColor_ = backColor;
-    DrawButton();
+    UpdateLook();
 }
 
 void ctlButton::SetLinkButton(bool linkButton) {
@@ -133,13 +133,13 @@ void ctlButton::SetButtonState(ButtonStates state) {
     }
     const bool pressedChanged = (state == ButtonStates::Down) != (buttonState_ == ButtonStates::Down);
     buttonState_ = state;
-    DrawButton();
+    UpdateLook();
     if (pressedChanged) {
         AnnouncePressed(*this);
     }
 }
 
-void ctlButton::DrawButton() {
+void ctlButton::UpdateLook() {
     // Only a window that is disabled itself shows nothing. On a form that is disabled as a whole, a button
     // looks as one that can't be clicked.
     Show({.Blank = !isEnabledTo(parentWidget()),
@@ -165,15 +165,9 @@ void ctlButton::PointerMoved(const QPointF& position) {
     const bool inside = IsPointInWindow(position.x(), position.y(), this);
     mouseDownFlag_ = IsMouseButtonDown();
     SetButtonState(StateAfter(Input::PointerMoved, {.down = mouseDownFlag_, .inside = inside}));
-    if (!captureHeld_) {
-        captureHeld_ = SetMouseCapture(this);
-        if (!captureHeld_) {
-            return;
-        }
-    }
-    if (!mouseDownFlag_ && !inside) {
+    captureHeld_ = captureHeld_ || SetMouseCapture(this);
+    if (captureHeld_ && !mouseDownFlag_ && !inside) {
         ReleaseMouseCapture();
-        captureHeld_ = false;
     }
 }
 
@@ -186,8 +180,12 @@ void ctlButton::PointerReleased(const QPointF& position) {
         SetMouseCapture(this);
     } else {
         ReleaseMouseCapture();
-        captureHeld_ = false;
     }
+}
+
+void ctlButton::PointerLost() {
+    captureHeld_ = false;
+    SetButtonState(StateAfter(Input::PointerLost));
 }
 
 bool ctlButton::IsOnIcon(const QPointF& position) const {
@@ -198,8 +196,7 @@ bool ctlButton::IsOnIcon(const QPointF& position) const {
 
 bool ctlButton::event(QEvent* event) {
     if (event->type() == QEvent::UngrabMouse) {
-        captureHeld_ = false;
-        SetButtonState(StateAfter(Input::PointerLost));
+        PointerLost();
         return true;
     }
     return Control::event(event);
@@ -208,7 +205,7 @@ bool ctlButton::event(QEvent* event) {
 void ctlButton::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange) {
         pressedByLeftButton_ = false;
-        DrawButton();
+        UpdateLook();
     }
     Control::changeEvent(event);
 }
@@ -233,7 +230,7 @@ void ctlButton::focusOutEvent(QFocusEvent* /*event*/) {
 
 void ctlButton::hideEvent(QHideEvent* /*event*/) {
     pressedByLeftButton_ = false;
-    SetButtonState(StateAfter(Input::PointerLost));
+    PointerLost();
 }
 
 void ctlButton::keyPressEvent(QKeyEvent* event) {
@@ -248,7 +245,7 @@ void ctlButton::leaveEvent(QEvent* /*event*/) {
     // The pointer can leave without a move that would tell, such as over the edge of the form. With a mouse
     // button held the moves go on arriving, and they know better.
     if (!IsMouseButtonDown()) {
-        SetButtonState(StateAfter(Input::PointerLost));
+        PointerLost();
     }
 }
 
@@ -289,7 +286,7 @@ void ctlButton::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ctlButton::resizeEvent(QResizeEvent* /*event*/) {
-    DrawButton();
+    UpdateLook();
 }
 
 }  // namespace controls

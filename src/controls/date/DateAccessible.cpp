@@ -78,7 +78,7 @@ CalendarAccessible* TableOf(akDate& date) {
     return interface != nullptr ? interface->Table() : nullptr;
 }
 
-void Tell(akDate& date, QAccessible::Event what) {
+void Announce(akDate& date, QAccessible::Event what) {
     if (CalendarAccessible* table = TableOf(date)) {
         QAccessibleEvent event(table, what);
         QAccessible::updateAccessibility(&event);
@@ -91,20 +91,20 @@ void RegisterDateAccessible() {
     RegisterAccessible<akDate, DateAccessible>();
 }
 
-void NotifyCalendarOpened(akDate& date) {
-    Tell(date, QAccessible::ObjectShow);
+void AnnounceCalendarOpened(akDate& date) {
+    Announce(date, QAccessible::ObjectShow);
 }
 
-void NotifyCalendarChanged(akDate& date) {
+void AnnounceCalendarChanged(akDate& date) {
     if (CalendarAccessible* table = TableOf(date)) {
         QAccessibleTableModelChangeEvent event(table, QAccessibleTableModelChangeEvent::ModelReset);
         QAccessible::updateAccessibility(&event);
     }
-    Tell(date, QAccessible::NameChanged);
+    Announce(date, QAccessible::NameChanged);
 }
 
-void NotifyCalendarClosing(akDate& date) {
-    Tell(date, QAccessible::ObjectHide);
+void AnnounceCalendarClosing(akDate& date) {
+    Announce(date, QAccessible::ObjectHide);
 }
 
 }  // namespace controls

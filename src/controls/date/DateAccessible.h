@@ -10,9 +10,9 @@ class akDate;
 /// the days, over the whole width, stands "<None>" where the control allows it.
 void RegisterDateAccessible();
 
-/// Tell screen readers what has become of the calendar. Closing is told while it is still open.
-void NotifyCalendarOpened(akDate& date);
-void NotifyCalendarChanged(akDate& date);
-void NotifyCalendarClosing(akDate& date);
+/// Announces what has become of the calendar. Closing is told while it is still open.
+void AnnounceCalendarOpened(akDate& date);
+void AnnounceCalendarChanged(akDate& date);
+void AnnounceCalendarClosing(akDate& date);
 
 }  // namespace controls

@@ -6,23 +6,30 @@
 
 namespace controls {
 
-void DateSegmentBox::KeyTyped(QChar character) {
-    switch (character.unicode()) {
-        case BackspaceCharacter:
-            insert(QStringLiteral("."));
-            return;
-        case u'/':
-        case u'\\':
-        case u'-':
-            Q_EMIT NextSegment();
-            return;
-        default:
-            break;
+DateSegmentBox::DateSegmentBox(const QString& text, QWidget* parent) : EntryBox(text, parent) {
+    // The box is as wide as its digits: the room that the toolkit keeps on both sides would cut them.
+    setTextMargins(-2, 0, -2, 0);
+    setAcceptDrops(false);
+}
+
+bool DateSegmentBox::TakeKey(const QString& character) {
+    const QChar key = character.front();
+    if (key == BackspaceKey) {
+        PutPoint();
+    } else if (key == QLatin1Char('/') || key == QLatin1Char('\\') || key == QLatin1Char('-')) {
+        Q_EMIT NextSegment();
+    } else if (key >= QLatin1Char('0') && key <= QLatin1Char('9')) {
+        TypeDigit(character);
     }
-    if (character < QLatin1Char('0') || character > QLatin1Char('9')) {
-        return;
-    }
-    setText(hasSelectedText() ? QString(character) : text() + character);
+    return true;
+}
+
+void DateSegmentBox::PutPoint() {
+    insert(QStringLiteral("."));
+}
+
+void DateSegmentBox::TypeDigit(const QString& digit) {
+    setText(hasSelectedText() ? digit : text() + digit);
     if (text().length() == maxLength()) {
         Q_EMIT NextSegment();
     }
@@ -35,6 +42,10 @@ void DateSegmentBox::keyPressEvent(QKeyEvent* event) {
             return;
         case Qt::Key_Right:
             Q_EMIT NextSegment();
+            return;
+        case Qt::Key_Backspace:
+            // With Control too, where other boxes delete a word.
+            PutPoint();
             return;
         default:
             EntryBox::keyPressEvent(event);

@@ -17,9 +17,9 @@ class DateSegmentBox : public EntryBox {
     Q_OBJECT
 
 public:
-    using EntryBox::EntryBox;
+    DateSegmentBox(const QString& text, QWidget* parent);
 
-    void KeyTyped(QChar character) override;
+    bool TakeKey(const QString& character) override;
 
 Q_SIGNALS:
     void NextSegment();
@@ -27,6 +27,10 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void PutPoint();
+    void TypeDigit(const QString& digit);
 };
 
 }  // namespace controls

@@ -4,12 +4,12 @@ namespace controls {
 
 NoneBox::NoneBox(QWidget* parent) : EntryBox(QStringLiteral("<None>"), parent) {
     setReadOnly(true);
-    // There is room for the toolkit's margins.
-    setTextMargins(0, 0, 0, 0);
+    setAcceptDrops(false);
 }
 
-void NoneBox::KeyTyped(QChar character) {
+bool NoneBox::TakeKey(const QString& character) {
     Q_EMIT DateWanted(character);
+    return true;
 }
 
 }  // namespace controls

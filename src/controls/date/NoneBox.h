@@ -12,10 +12,10 @@ class NoneBox : public EntryBox {
 public:
     explicit NoneBox(QWidget* parent);
 
-    void KeyTyped(QChar character) override;
+    bool TakeKey(const QString& character) override;
 
 Q_SIGNALS:
-    void DateWanted(QChar character);
+    void DateWanted(const QString& Character);
 };
 
 }  // namespace controls

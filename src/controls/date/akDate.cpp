@@ -30,7 +30,7 @@ akDate::akDate(const Properties& saved, QWidget* parent) : akDate(parent) {
     NameConstituents();
     PlaceConstituents();
     SetValue(stored_);
-    IncludeNone_ = saved.IncludeNone;
+    includeNone_ = saved.IncludeNone;
 }
 
 akDate::~akDate() {
@@ -39,7 +39,7 @@ akDate::~akDate() {
 }
 
 QDate akDate::Value() const {
-    return NoneShown_ ? platform::NoDate() : stored_;
+    return noneShown_ ? platform::NoDate() : stored_;
 }
 
 void akDate::SetValue(QDate value) {
@@ -54,30 +54,30 @@ void akDate::SetValue(QDate value) {
     }
     stored_ = value;
     SetSegments(value.day(), value.month(), value.year());
-    if (DroppedDown_) {
+    if (droppedDown_) {
         Redraw();
     }
 }
 
 void akDate::SetIncludeNone(bool include) {
-    IncludeNone_ = include;
+    includeNone_ = include;
     if (!include) {
         HideNone();
     }
-    if (DroppedDown_) {
-        SetOwnSize(CalendarPlaces::Width, OpenHeight(IncludeNone_));
+    if (droppedDown_) {
+        SetOwnSize(CalendarPlaces::Width, OpenHeight(includeNone_));
         Redraw();
     }
 }
 
 void akDate::SetEnabled(bool enabled) {
-    Enabled_ = enabled;
+    enabled_ = enabled;
     CloseUp();
     // The one with the focus comes last, so that the focus leaves the control at once and not by way of the
     // others.
     QWidget* last = nullptr;
     for (QWidget* constituent : Constituents()) {
-        if (HasFocus(constituent)) {
+        if (constituent == Focused()) {
             last = constituent;
         } else {
             constituent->setEnabled(enabled);
@@ -90,7 +90,7 @@ void akDate::SetEnabled(bool enabled) {
 }
 
 void akDate::SetBackColor(Colour colour) {
-    BackColor_ = colour;
+    backColor_ = colour;
     update();
 }
 
@@ -104,12 +104,12 @@ void akDate::SetSegments(int day, int month, int year) {
     txtDate(order_.DayIndex)->setText(texts.day);
     txtDate(order_.MonthIndex)->setText(texts.month);
     txtDate(order_.YearIndex)->setText(texts.year);
-    DisplayDay_ = day;
+    displayDay_ = day;
     display_ = {month, year};
 }
 
 void akDate::EnterSegment() {
-    if (NoneShown_ && txtNone_->isEnabled()) {
+    if (noneShown_ && txtNone_->isEnabled()) {
         txtNone_->setFocus();
     }
 }
@@ -130,10 +130,10 @@ void akDate::LeaveSegment(int place) {
 }
 
 void akDate::ShowNone() {
-    if (!IncludeNone_) {
+    if (!includeNone_) {
         return;
     }
-    NoneShown_ = true;
+    noneShown_ = true;
     PlaceNone();
     txtNone_->show();
     txtNone_->raise();
@@ -141,21 +141,21 @@ void akDate::ShowNone() {
         // Tab finds "<None>" in the place of the boxes below it. It would be led back to it from them
         // whichever way it goes, and never get out of the control backwards.
         box->setFocusPolicy(Qt::ClickFocus);
-        if (HasFocus(box)) {
+        if (box == Focused()) {
             txtNone_->setFocus();
         }
     }
 }
 
 void akDate::HideNone() {
-    if (!NoneShown_) {
+    if (!noneShown_) {
         return;
     }
-    NoneShown_ = false;
+    noneShown_ = false;
     for (DateSegmentBox* box : txtDate_) {
         box->setFocusPolicy(Qt::StrongFocus);
     }
-    if (HasFocus(txtNone_)) {
+    if (txtNone_ == Focused()) {
         txtDate(1)->setFocus();
     }
     txtNone_->hide();
@@ -163,28 +163,33 @@ void akDate::HideNone() {
 
 void akDate::focusInEvent(QFocusEvent* event) {
     Control::focusInEvent(event);
-    if (Enabled_) {
+    if (enabled_) {
         txtDate(1)->setFocus();
     } else {
         SendTab();
     }
 }
 
-void akDate::FollowFocus(const QWidget* now) {
-    if (now == this || isAncestorOf(now)) {
-        focusIsInside_ = true;
+const QWidget* akDate::Focused() const {
+    const QWidget* focused = window()->focusWidget();
+    return focused == this || isAncestorOf(focused) ? focused : nullptr;
+}
+
+void akDate::FollowFocus() {
+    if (Focused() != nullptr) {
+        userIsHere_ = true;
         return;
     }
-    // While another window is the active one, the focus is still kept here for the user's coming back.
-    if (focusIsInside_ && isActiveWindow()) {
-        focusIsInside_ = false;
+    // What another window does while it is the active one is none of this control's business.
+    if (userIsHere_ && isActiveWindow()) {
+        userIsHere_ = false;
         LoseFocus();
     }
 }
 
 void akDate::LoseFocus() {
     for (DateSegmentBox* box : txtDate_) {
-        box->LeaveIfEntered();
+        box->Leave();
     }
     stored_ = DateFromTexts({.day = txtDate(order_.DayIndex)->text(),
                              .month = txtDate(order_.MonthIndex)->text(),

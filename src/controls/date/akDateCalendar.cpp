@@ -33,33 +33,33 @@ void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layou
 }  // namespace
 
 void akDate::DropDown() {
-    if (DroppedDown_) {
+    if (droppedDown_) {
         CloseUp();
         return;
     }
-    DroppedDown_ = true;
+    droppedDown_ = true;
     // Growing is news to the form, which must find the month there that it will see.
     Redraw();
     RaiseOverNeighbours();
-    SetOwnSize(CalendarPlaces::Width, OpenHeight(IncludeNone_));
+    SetOwnSize(CalendarPlaces::Width, OpenHeight(includeNone_));
     for (PictureButton* button : CalendarButtons()) {
         button->show();
     }
-    NotifyCalendarOpened(*this);
+    AnnounceCalendarOpened(*this);
 }
 
 void akDate::CloseUp() {
-    if (!DroppedDown_) {
+    if (!droppedDown_) {
         return;
     }
-    NotifyCalendarClosing(*this);
+    AnnounceCalendarClosing(*this);
     for (PictureButton* button : CalendarButtons()) {
-        if (HasFocus(button)) {
+        if (button == Focused()) {
             // A hidden button would hand the focus on to whatever comes next, out of the control.
             cmdOpen_->setFocus();
         }
     }
-    DroppedDown_ = false;
+    droppedDown_ = false;
     for (PictureButton* button : CalendarButtons()) {
         button->hide();
     }
@@ -77,24 +77,24 @@ void akDate::Redraw() {
     calendar_ = {.shown = display_,
                  .days = BuildDayGrid(display_),
                  .markedDay = DayToMark(),
-                 .IncludeNone = IncludeNone_,
+                 .IncludeNone = includeNone_,
                  .closedHeight = DateLayout::BorderHeight};
     for (PictureButton* button : CalendarButtons()) {
         // Who can't see the title hears it with the button that changes it.
         button->setAccessibleDescription(MonthTitle(display_));
     }
-    NotifyCalendarChanged(*this);
+    AnnounceCalendarChanged(*this);
     update();
 }
 
 std::optional<int> akDate::DayToMark() const {
     const bool isOnShow = LeadingNumber(txtDate(order_.YearIndex)->text()) == display_.year &&
                           LeadingNumber(txtDate(order_.MonthIndex)->text()) == display_.month;
-    return isOnShow ? std::optional(DisplayDay_) : std::nullopt;
+    return isOnShow ? std::optional(displayDay_) : std::nullopt;
 }
 
 void akDate::PickDay(CalendarCell cell) {
-    if (!DroppedDown_ || cell.column < 0 || cell.column > DayColumns || cell.row < 0 || cell.row > DayRows) {
+    if (!droppedDown_ || cell.column < 0 || cell.column > DayColumns || cell.row < 0 || cell.row > DayRows) {
         return;
     }
     const int day = calendar_.days.at(static_cast<size_t>(cell.column)).at(static_cast<size_t>(cell.row));
@@ -107,14 +107,14 @@ void akDate::PickDay(CalendarCell cell) {
 }
 
 void akDate::PickNone() {
-    if (DroppedDown_) {
+    if (droppedDown_) {
         ShowNone();
         CloseUp();
     }
 }
 
 void akDate::mousePressEvent(QMouseEvent* event) {
-    if (!DroppedDown_) {
+    if (!droppedDown_) {
         return;
     }
     const int X = TwipsAt(event->position().x());
@@ -124,7 +124,7 @@ void akDate::mousePressEvent(QMouseEvent* event) {
             PickDay(*cell);
         }
         // A click that no day takes ends here, on the grid's last line too.
-        if (DroppedDown_) {
+        if (droppedDown_) {
             return;
         }
     }
@@ -136,14 +136,14 @@ void akDate::mousePressEvent(QMouseEvent* event) {
 
 void akDate::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), ToQColor(BackColor_));
+    painter.fillRect(rect(), ToQColor(backColor_));
     PaintedCanvas canvas(&painter, width(), height());
-    const QColor lettering = Enabled_ && isEnabled()
+    const QColor lettering = enabled_ && isEnabled()
                                  ? ToQColor(Black)
                                  : ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText));
     DrawClosedControl(canvas, borderWidth_, order_.IsYearFirst() ? YearFirstLayout : YearLastLayout,
                       lettering);
-    if (DroppedDown_) {
+    if (droppedDown_) {
         DrawFrame(canvas, calendar_);
         DrawDays(canvas, calendar_);
     }

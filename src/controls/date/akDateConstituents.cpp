@@ -64,17 +64,16 @@ void akDate::ConnectConstituents() {
         connect(box, &EntryBox::Entered, this, &akDate::EnterSegment);
         connect(box, &EntryBox::Leaving, this, [this, place] { LeaveSegment(place); });
     }
-    connect(txtNone_, &NoneBox::DateWanted, this, [this](QChar character) {
+    connect(txtNone_, &NoneBox::DateWanted, this, [this](const QString& character) {
         HideNone();
-        txtDate(1)->KeyTyped(character);
+        txtDate(1)->TakeKey(character);
     });
     connect(cmdOpen_, &PictureButton::clicked, this, &akDate::DropDown);
     connect(cmdLeftMonth_, &PictureButton::clicked, this, [this] { Navigate(MonthBefore); });
     connect(cmdRightMonth_, &PictureButton::clicked, this, [this] { Navigate(MonthAfter); });
     connect(cmdLeftYear_, &PictureButton::clicked, this, [this] { Navigate(YearBefore); });
     connect(cmdRightYear_, &PictureButton::clicked, this, [this] { Navigate(YearAfter); });
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](const QWidget* /*before*/, const QWidget* now) { FollowFocus(now); });
+    connect(qApp, &QApplication::focusChanged, this, &akDate::FollowFocus);
 }
 
 void akDate::PlaceConstituents() {
@@ -125,11 +124,6 @@ std::array<QWidget*, 9> akDate::Constituents() const {
 
 std::array<PictureButton*, 4> akDate::CalendarButtons() const {
     return {cmdLeftMonth_, cmdRightMonth_, cmdLeftYear_, cmdRightYear_};
-}
-
-bool akDate::HasFocus(const QWidget* constituent) const {
-    // Also where the window is not the active one and only keeps the place of the focus.
-    return window()->focusWidget() == constituent;
 }
 
 void akDate::resizeEvent(QResizeEvent* event) {

@@ -2,7 +2,7 @@
 
 #include "controls/akGrid.h"
 #include "controls/base/Accessible.h"
-#include "controls/grid/GridAccessiblePart.h"
+#include "controls/grid/GridPartAccessible.h"
 
 #include <QAccessibleWidget>
 #include <QScrollBar>
@@ -17,12 +17,12 @@ namespace controls {
 namespace {
 
 /// The list as a table. Headers and cells are made when they are asked for.
-class GridInterface : public QAccessibleWidget, public QAccessibleTableInterface {
+class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit GridInterface(akGrid* grid) : QAccessibleWidget(grid, QAccessible::Table) {}
-    GridInterface(const GridInterface&) = delete;
-    GridInterface& operator=(const GridInterface&) = delete;
-    ~GridInterface() override {
+    explicit GridAccessible(akGrid* grid) : QAccessibleWidget(grid, QAccessible::Table) {}
+    GridAccessible(const GridAccessible&) = delete;
+    GridAccessible& operator=(const GridAccessible&) = delete;
+    ~GridAccessible() override {
         for (const auto& [place, id] : parts_) {
             QAccessible::deleteAccessibleInterface(id);
         }
@@ -46,7 +46,7 @@ public:
         if (child->object() == ScrollBar()) {
             return ScrollBarIndex();
         }
-        const auto* part = dynamic_cast<const GridPart*>(child);
+        const auto* part = dynamic_cast<const GridPartAccessible*>(child);
         return part != nullptr && part->parent() == this ? part->IndexInTable() : -1;
     }
     QAccessibleInterface* childAt(int x, int y) const override {
@@ -132,7 +132,8 @@ private:
         }
         auto [place, isNew] = parts_.try_emplace({row, column}, QAccessible::Id{0});
         if (isNew) {
-            place->second = QAccessible::registerAccessibleInterface(new GridPart(&Grid(), row, column));
+            place->second =
+                QAccessible::registerAccessibleInterface(new GridPartAccessible(&Grid(), row, column));
         }
         return QAccessible::accessibleInterface(place->second);
     }
@@ -147,7 +148,7 @@ private:
 }  // namespace
 
 void RegisterGridAccessible() {
-    RegisterAccessible<akGrid, GridInterface>();
+    RegisterAccessible<akGrid, GridAccessible>();
 }
 
 void AnnounceCell(akGrid& grid, int row, int column) {

@@ -33,8 +33,8 @@ QColor ColourOfText(const GridLabel& label, GridLook look) {
                : ReadableOn(ToQColor(label.BackColour), ToQColor(SystemColours::GreyText));
 }
 
-void PaintCaption(QPainter* painter, PaintedCanvas& canvas, const GridLabel& label, const QRect& inside,
-                  GridLook look) {
+void DrawCaption(QPainter* painter, PaintedCanvas& canvas, const GridLabel& label, const QRect& inside,
+                 GridLook look) {
     QFont font = ControlFont(UsualFontPoints, Weight::Normal, label.FontName);
     font.setUnderline(label.Underlined);
     canvas.SetFont(font);
@@ -70,7 +70,7 @@ GridLabel NewCellLabel() {
     return label;
 }
 
-void PaintLabel(QPainter* painter, const GridLabel& label, GridLook look) {
+void DrawLabel(QPainter* painter, const GridLabel& label, GridLook look) {
     const QRect outside = label.Pixels();
     if (!label.Visible || outside.isEmpty()) {
         return;
@@ -87,7 +87,7 @@ void PaintLabel(QPainter* painter, const GridLabel& label, GridLook look) {
         inside.adjust(1, 1, -1, -1);
     }
     if (!label.Caption.isEmpty() && !inside.isEmpty()) {
-        PaintCaption(painter, canvas, label, inside, look);
+        DrawCaption(painter, canvas, label, inside, look);
     }
 }
 

@@ -46,6 +46,6 @@ GridLabel NewCellLabel();
 enum class GridLook { Enabled, Disabled };
 
 /// Draws a visible label. On a disabled list the text is grey.
-void PaintLabel(QPainter* painter, const GridLabel& label, GridLook look);
+void DrawLabel(QPainter* painter, const GridLabel& label, GridLook look);
 
 }  // namespace controls

@@ -41,16 +41,15 @@ akGrid::akGrid(QWidget* parent) : Control(parent) {
     ResizeStore();
 }
 
-akGrid::akGrid(const Properties& properties, QWidget* parent, const QRect& place) : Control(parent) {
+akGrid::akGrid(const Properties& saved, QWidget* parent, const QRect& place) : Control(parent) {
     CreateParts();
     if (!place.isNull()) {
         Move(place.x(), place.y(), place.width(), place.height());
     }
-    strings_ = {properties.ColumnHeadings, properties.ColumnWidths, properties.ColumnAlignments,
-                properties.Hyperlinks};
-    rows_ = RowCountFrom(properties.RowCount);
-    selectType_ = properties.SelectType;
-    rowSelectorWidth_ = properties.RowSelectorWidth;
+    strings_ = {saved.ColumnHeadings, saved.ColumnWidths, saved.ColumnAlignments, saved.Hyperlinks};
+    rows_ = RowCountFrom(saved.RowCount);
+    selectType_ = saved.SelectType;
+    rowSelectorWidth_ = saved.RowSelectorWidth;
     columns_ = ParseColumnStrings(strings_, TwipsPerPixel());
     LayoutColumns();
 }
@@ -249,7 +248,7 @@ void akGrid::SetBulkAdd(bool bBulk) {
 }
 
 void akGrid::SetEnabled(bool New_Enabled) {
-    VScroll_->setEnabled(New_Enabled);
+    scrollBar_->setEnabled(New_Enabled);
     enabled_ = New_Enabled;
     setEnabled(New_Enabled);
 }
@@ -270,7 +269,7 @@ void akGrid::SetRowHeight(qint16 value) {
 }
 
 QString akGrid::activecontrol() const {
-    return VScroll_->hasFocus() ? VScroll_->objectName() : QString();
+    return scrollBar_->hasFocus() ? scrollBar_->objectName() : QString();
 }
 
 }  // namespace controls

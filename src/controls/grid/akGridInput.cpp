@@ -2,6 +2,7 @@
 #include "controls/grid/SystemBeep.h"
 
 #include <QCoreApplication>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -136,8 +137,8 @@ void akGrid::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void akGrid::wheelEvent(QWheelEvent* event) {
-    if (VScroll_->isVisible()) {
-        QCoreApplication::sendEvent(VScroll_, event);
+    if (scrollBar_->isVisible()) {
+        QCoreApplication::sendEvent(scrollBar_, event);
     } else {
         Control::wheelEvent(event);
     }
@@ -157,6 +158,17 @@ bool akGrid::ShowToolTip(QEvent* event) {
 
 bool akGrid::event(QEvent* event) {
     return event->type() == QEvent::ToolTip ? ShowToolTip(event) : Control::event(event);
+}
+
+void akGrid::focusInEvent(QFocusEvent* event) {
+    Control::focusInEvent(event);
+    update();
+    AnnounceCurrentCell();
+}
+
+void akGrid::focusOutEvent(QFocusEvent* event) {
+    Control::focusOutEvent(event);
+    update();
 }
 
 void akGrid::hideEvent(QHideEvent* event) {

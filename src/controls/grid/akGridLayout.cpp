@@ -6,7 +6,6 @@
 #include "platform/Rounding.h"
 
 #include <QResizeEvent>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <limits>
@@ -21,48 +20,10 @@ constexpr int borderAllowance = 15;
 constexpr int rowPitch = 225;
 constexpr int cellHeight = 240;
 constexpr int headingText = 255;
-constexpr int scrollBarWidth = 255;
-constexpr int frameAllowance = 60;
 
 constexpr Colour linkColour = RGB(0, 0, 255);
 
-/// The bar comes up to date as far as it can: a step that fails is left out.
-template <class Step>
-void Attempt(Step step) {
-    try {
-        step();
-    } catch (const platform::Failure&) {
-        return;
-    }
-}
-
 }  // namespace
-
-void akGrid::CreateParts() {
-    headings_.push_back(NewHeadingLabel());
-    cells_.push_back(NewCellLabel());
-
-    VScroll_ = new QScrollBar(Qt::Vertical, this);
-    VScroll_->setObjectName(QStringLiteral("VScroll"));
-    VScroll_->setAccessibleName(QStringLiteral("Scroll the list"));
-    // Its numbers have 16 bits, which shows in lists longer than that.
-    VScroll_->setRange(0, std::numeric_limits<qint16>::max());
-    VScroll_->setSingleStep(1);
-    VScroll_->setPageStep(1);
-    // A dragged thumb moves the list when it is let go.
-    VScroll_->setTracking(false);
-    // The list's pointer over a link must not stay when the mouse moves on to the bar, and a wheel that the
-    // list hands to the bar must not come back.
-    VScroll_->setCursor(Qt::ArrowCursor);
-    VScroll_->setAttribute(Qt::WA_NoMousePropagation);
-    VScroll_->hide();
-    connect(VScroll_, &QScrollBar::valueChanged, this, &akGrid::Scrolled);
-
-    setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    RegisterGridAccessible();
-}
 
 int akGrid::Moved(int position, int step) {
     return static_cast<int>(std::clamp<qint64>(qint64{position} + step, std::numeric_limits<int>::min(),
@@ -96,6 +57,7 @@ void akGrid::LayoutColumns() {
         heading.Height = TwipsPerPixel() + headingText;
         left = platform::ToLong(double{1} * left + column.Width);
     }
+    // In this order: see akGrid.h.
     CalculateVisibleRows();
     LayoutCells();
     ResizeStore();
@@ -111,7 +73,7 @@ void akGrid::CalculateVisibleRows() {
         throw platform::Failure(platform::FailureNumber::DivisionByZero, QStringLiteral("Division by zero"));
     }
     visibleRows_ = platform::ToInteger(static_cast<double>(Height() - headingHeight) / pitch);
-    const auto wanted = static_cast<float>(pitch * visibleRows_ + headingHeight + frameAllowance);
+    const auto wanted = static_cast<float>(pitch * visibleRows_ + headingHeight + FrameAllowance);
     if (wanted == static_cast<float>(Height())) {
         return;
     }
@@ -173,26 +135,6 @@ void akGrid::ResizeStore() {
     store_.Recreate(rows_, Cols());
 }
 
-void akGrid::PositionScrollBar() {
-    if (!shown_) {
-        return;
-    }
-    const int height = Height() - frameAllowance;
-    const int left = Width() - scrollBarWidth - frameAllowance;
-    if (height >= 0) {
-        VScroll_->resize(ToPixels(scrollBarWidth), ToPixels(height));
-    }
-    VScroll_->move(ToPixels(left), 0);
-    Attempt([this] { VScroll_->setMinimum(visibleRows_); });
-    Attempt([this] { VScroll_->setMaximum(std::max(platform::ToInteger(rows_), visibleRows_)); });
-    VScroll_->setSingleStep(1);
-    if (visibleRows_ > 1) {
-        VScroll_->setPageStep(visibleRows_ - 1);
-    }
-    VScroll_->setVisible(VScroll_->minimum() != VScroll_->maximum());
-    Attempt([this] { VScroll_->setValue(platform::ToInteger(topOffset_ + VScroll_->minimum())); });
-}
-
 void akGrid::RefreshCells() {
     const int rows = WindowRows();
     size_t index = 0;
@@ -205,22 +147,6 @@ void akGrid::RefreshCells() {
         }
     }
     update();
-}
-
-void akGrid::Scrolled() {
-    const int rowBefore = AbsoluteRow();
-    const auto offset = [this] { return VScroll_->value() - VScroll_->minimum(); };
-    const auto step = static_cast<qint16>(offset() - topOffset_);
-    if (currentRow_ != 0) {
-        int row = Moved(currentRow_, -step);
-        int column = currentColumn_;
-        ChangeCurrentCell(row, column, false);
-    }
-    topOffset_ = offset();
-    RefreshCells();
-    if (AbsoluteRow() != rowBefore) {
-        AnnounceCurrentCell();
-    }
 }
 
 akGrid::Relaid akGrid::Resized() {

@@ -1,9 +1,7 @@
 #include "controls/akGrid.h"
 #include "controls/base/Canvas.h"
 #include "controls/base/Display.h"
-#include "controls/grid/GridAccessible.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace controls {
@@ -31,22 +29,11 @@ void akGrid::paintEvent(QPaintEvent* /*event*/) {
     }
     const GridLook look = isEnabled() ? GridLook::Enabled : GridLook::Disabled;
     for (const GridLabel& heading : headings_) {
-        PaintLabel(&painter, heading, look);
+        DrawLabel(&painter, heading, look);
     }
     for (const GridLabel& cell : cells_) {
-        PaintLabel(&painter, cell, look);
+        DrawLabel(&painter, cell, look);
     }
-}
-
-void akGrid::focusInEvent(QFocusEvent* event) {
-    Control::focusInEvent(event);
-    update();
-    AnnounceCurrentCell();
-}
-
-void akGrid::focusOutEvent(QFocusEvent* event) {
-    Control::focusOutEvent(event);
-    update();
 }
 
 }  // namespace controls

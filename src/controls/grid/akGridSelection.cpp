@@ -1,8 +1,6 @@
 #include "controls/akGrid.h"
 #include "controls/grid/GridAccessible.h"
 
-#include <QScrollBar>
-
 #include <algorithm>
 
 namespace controls {
@@ -14,7 +12,7 @@ int akGrid::CellIndex(qint64 row, qint64 column) const {
     return index < 0 || index > static_cast<qint64>(cells_.size()) ? -1 : static_cast<int>(index);
 }
 
-void akGrid::PaintSelection(Colour colour) {
+void akGrid::ColourSelection(Colour colour) {
     if (CellIndex(currentRow_, currentColumn_) == -1) {
         return;
     }
@@ -37,13 +35,13 @@ bool akGrid::ChangeCurrentCell(int& row, int& column, bool force) {
     column = std::min(std::max(column, 1), Cols());
     row = std::min(std::max(row, 1), rows_);
     if (currentRow_ != 0 && currentColumn_ != 0) {
-        PaintSelection(White);
+        ColourSelection(White);
     }
     Q_EMIT RowColumnChange(row, column, currentRow_, currentColumn_);
     currentColumn_ = column;
     currentRow_ = row;
     if (currentRow_ != 0 && currentColumn_ != 0) {
-        PaintSelection(selectColour_);
+        ColourSelection(selectColour_);
     }
     return true;
 }
@@ -65,13 +63,6 @@ bool akGrid::IsSelected(int row, int column) const {
         return false;
     }
     return ValidColumn(column) && (selectType_ == 0 || column == currentColumn_);
-}
-
-void akGrid::SetTopRow(int value) {
-    const qint64 last = std::max<qint64>(qint64{rows_} - visibleRows_, 0);
-    const qint64 offset = std::clamp<qint64>(qint64{value} - 1, 0, last);
-    const qint64 reachable = std::min<qint64>(VScroll_->minimum() + offset, VScroll_->maximum());
-    VScroll_->setValue(static_cast<int>(reachable));
 }
 
 int akGrid::AbsoluteRow() const {

@@ -48,9 +48,9 @@ void Enable(QWidget& child, bool enabled) {
     }
 }
 
-class GroupBoxInterface : public QAccessibleWidget {
+class GroupBoxAccessible : public QAccessibleWidget {
 public:
-    explicit GroupBoxInterface(QWidget* box) : QAccessibleWidget(box, QAccessible::Grouping) {}
+    explicit GroupBoxAccessible(QWidget* box) : QAccessibleWidget(box, QAccessible::Grouping) {}
 };
 
 }  // namespace
@@ -73,7 +73,7 @@ protected:
         QPainter painter(this);
         painter.fillRect(rect(), palette().color(QPalette::Window));
         PaintedCanvas canvas(&painter, width(), height());
-        gradient_.PaintOn(canvas);
+        gradient_.DrawOn(canvas);
         canvas.SetFont(ControlFont());
         const QString& text = box_->Caption();
         canvas.Print((canvas.Width() - canvas.TextWidth(text)) / 2.0,
@@ -86,17 +86,17 @@ private:
 };
 
 ctlGroupBox::ctlGroupBox(QWidget* parent) : Control(parent), picTitle_(new TitleStrip(this)) {
-    RegisterAccessible<ctlGroupBox, GroupBoxInterface>();
+    RegisterAccessible<ctlGroupBox, GroupBoxAccessible>();
 }
 
-ctlGroupBox::ctlGroupBox(const Properties& properties, QWidget* parent) : ctlGroupBox(parent) {
+ctlGroupBox::ctlGroupBox(const Properties& saved, QWidget* parent) : ctlGroupBox(parent) {
     enabled_ = false;
     frameColour_ = ThePalette().Frame;
     if (ThePalette().Window == 0) {
         ThePalette().Window = whiteOfAnEmptyPalette;
     }
     SetGround(ToQColor(ThePalette().Window));
-    SetCaption(properties.Caption);
+    SetCaption(saved.Caption);
 }
 
 void ctlGroupBox::SetGround(const QColor& ground) {

@@ -7,9 +7,9 @@ namespace controls {
 namespace {
 
 /// One tab. Its place is counted from 0; it is no longer valid once the heading has fewer tabs or is gone.
-class TabInterface : public QAccessibleInterface, public QAccessibleActionInterface {
+class TabAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
-    TabInterface(ctlPageHeading* heading, int tab) : heading_(heading), tab_(tab) {}
+    TabAccessible(ctlPageHeading* heading, int tab) : heading_(heading), tab_(tab) {}
 
     bool isValid() const override { return heading_ != nullptr && tab_ < heading_->TabStrip().Count(); }
     QObject* object() const override { return nullptr; }
@@ -30,7 +30,7 @@ public:
         if (!isValid()) {
             return {};
         }
-        const QRect place = heading_->TabRectangle(tab_);
+        const QRect place = heading_->TabPixels(tab_);
         return {heading_->mapToGlobal(place.topLeft()), place.size()};
     }
 
@@ -44,7 +44,7 @@ public:
         state.selected = heading_->TabStrip().IsCurrent(tab_);
         state.disabled = !CanBeClicked();
         state.invisible = !heading_->isVisible();
-        state.offscreen = !heading_->rect().intersects(heading_->TabRectangle(tab_));
+        state.offscreen = !heading_->rect().intersects(heading_->TabPixels(tab_));
         return state;
     }
 
@@ -80,25 +80,25 @@ void TellState(ctlPageHeading& heading, int tab, QAccessible::State changed) {
 
 }  // namespace
 
-HeadingInterface::HeadingInterface(ctlPageHeading* heading)
+HeadingAccessible::HeadingAccessible(ctlPageHeading* heading)
     : QAccessibleWidget(heading, QAccessible::PageTabList) {
 }
 
-HeadingInterface::~HeadingInterface() {
+HeadingAccessible::~HeadingAccessible() {
     for (const QAccessible::Id tab : tabs_) {
         QAccessible::deleteAccessibleInterface(tab);
     }
 }
 
-ctlPageHeading* HeadingInterface::Heading() const {
+ctlPageHeading* HeadingAccessible::Heading() const {
     return qobject_cast<ctlPageHeading*>(object());
 }
 
-int HeadingInterface::TabCount() const {
+int HeadingAccessible::TabCount() const {
     return Heading() != nullptr ? Heading()->TabStrip().Count() : 0;
 }
 
-QList<QWidget*> HeadingInterface::ShownWidgets() const {
+QList<QWidget*> HeadingAccessible::ShownWidgets() const {
     QList<QWidget*> shown;
     if (Heading() == nullptr) {
         return shown;
@@ -111,21 +111,21 @@ QList<QWidget*> HeadingInterface::ShownWidgets() const {
     return shown;
 }
 
-QAccessibleInterface* HeadingInterface::Tab(int tab) const {
+QAccessibleInterface* HeadingAccessible::Tab(int tab) const {
     while (static_cast<int>(tabs_.size()) <= tab) {
         // Qt owns it from here on; the destructor gives it back by its number.
         // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
         tabs_.push_back(QAccessible::registerAccessibleInterface(
-            new TabInterface(Heading(), static_cast<int>(tabs_.size()))));
+            new TabAccessible(Heading(), static_cast<int>(tabs_.size()))));
     }
     return QAccessible::accessibleInterface(tabs_[static_cast<size_t>(tab)]);
 }
 
-int HeadingInterface::childCount() const {
+int HeadingAccessible::childCount() const {
     return TabCount() + static_cast<int>(ShownWidgets().size());
 }
 
-QAccessibleInterface* HeadingInterface::child(int index) const {
+QAccessibleInterface* HeadingAccessible::child(int index) const {
     if (index < 0 || index >= childCount()) {
         return nullptr;
     }
@@ -133,7 +133,7 @@ QAccessibleInterface* HeadingInterface::child(int index) const {
                               : QAccessible::queryAccessibleInterface(ShownWidgets()[index - TabCount()]);
 }
 
-int HeadingInterface::indexOfChild(const QAccessibleInterface* child) const {
+int HeadingAccessible::indexOfChild(const QAccessibleInterface* child) const {
     for (int index = 0; index < childCount(); ++index) {
         if (this->child(index) == child) {
             return index;
@@ -142,7 +142,7 @@ int HeadingInterface::indexOfChild(const QAccessibleInterface* child) const {
     return -1;
 }
 
-QAccessibleInterface* HeadingInterface::childAt(int x, int y) const {
+QAccessibleInterface* HeadingAccessible::childAt(int x, int y) const {
     // Backwards, as the child widgets lie above the tabs.
     for (int index = childCount() - 1; index >= 0; --index) {
         if (child(index)->rect().contains(x, y)) {
@@ -152,7 +152,7 @@ QAccessibleInterface* HeadingInterface::childAt(int x, int y) const {
     return nullptr;
 }
 
-void TellTabSelected(ctlPageHeading& heading, const QString& textBefore) {
+void AnnounceTabSelected(ctlPageHeading& heading, const QString& textBefore) {
     const HeadingTabs& tabs = heading.TabStrip();
     if (!QAccessible::isActive() || tabs.CurrentTab == textBefore) {
         return;
@@ -171,7 +171,7 @@ void TellTabSelected(ctlPageHeading& heading, const QString& textBefore) {
     }
 }
 
-void TellTabEnabled(ctlPageHeading& heading, int tab) {
+void AnnounceTabEnabled(ctlPageHeading& heading, int tab) {
     if (!QAccessible::isActive() || tab >= heading.TabStrip().Count()) {
         return;
     }
@@ -180,7 +180,7 @@ void TellTabEnabled(ctlPageHeading& heading, int tab) {
     TellState(heading, tab, disabled);
 }
 
-void TellTabsReplaced(ctlPageHeading& heading) {
+void AnnounceTabsReplaced(ctlPageHeading& heading) {
     if (QAccessible::isActive()) {
         QAccessibleEvent event(&heading, QAccessible::ObjectReorder);
         QAccessible::updateAccessibility(&event);

@@ -10,12 +10,12 @@ namespace controls {
 
 /// The heading as a screen reader finds it: a list of page tabs, named after the title. Behind the tabs come
 /// the title itself and, while it is shown, the push button "Close".
-class HeadingInterface : public QAccessibleWidget {
+class HeadingAccessible : public QAccessibleWidget {
 public:
-    explicit HeadingInterface(ctlPageHeading* heading);
-    ~HeadingInterface() override;
-    HeadingInterface(const HeadingInterface&) = delete;
-    HeadingInterface& operator=(const HeadingInterface&) = delete;
+    explicit HeadingAccessible(ctlPageHeading* heading);
+    ~HeadingAccessible() override;
+    HeadingAccessible(const HeadingAccessible&) = delete;
+    HeadingAccessible& operator=(const HeadingAccessible&) = delete;
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
@@ -35,9 +35,9 @@ private:
     mutable std::vector<QAccessible::Id> tabs_;
 };
 
-/// Tells assistive programs what changed. Nothing is sent while none is there.
-void TellTabSelected(ctlPageHeading& heading, const QString& textBefore);
-void TellTabEnabled(ctlPageHeading& heading, int tab);
-void TellTabsReplaced(ctlPageHeading& heading);
+/// Announces to assistive programs what changed. Nothing is sent while none is there.
+void AnnounceTabSelected(ctlPageHeading& heading, const QString& textBefore);
+void AnnounceTabEnabled(ctlPageHeading& heading, int tab);
+void AnnounceTabsReplaced(ctlPageHeading& heading);
 
 }  // namespace controls

@@ -71,13 +71,13 @@ ctlPageHeading::ctlPageHeading(QWidget* parent)
     imgCloseButton_->hide();
     connect(imgCloseButton_, &QAbstractButton::clicked, this, &ctlPageHeading::CloseButtonClick);
 
-    RegisterAccessible<ctlPageHeading, HeadingInterface>();
+    RegisterAccessible<ctlPageHeading, HeadingAccessible>();
 }
 
-ctlPageHeading::ctlPageHeading(const Properties& properties, QWidget* parent) : ctlPageHeading(parent) {
-    SetCaption(properties.Caption);
-    text_ = properties.Tabs;
-    SetCloseButton(properties.CloseButton);
+ctlPageHeading::ctlPageHeading(const Properties& saved, QWidget* parent) : ctlPageHeading(parent) {
+    SetCaption(saved.Caption);
+    text_ = saved.Tabs;
+    SetCloseButton(saved.CloseButton);
     tabs_.ParseTabs(text_);
 }
 
@@ -85,8 +85,8 @@ void ctlPageHeading::SetTabs(const QString& text) {
     const bool lacksBar = !text.isEmpty() && !text.endsWith(QLatin1Char('|'));
     text_ = lacksBar ? text + QLatin1Char('|') : text;
     tabs_.ParseTabs(text_);
-    DrawTabs();
-    TellTabsReplaced(*this);
+    update();
+    AnnounceTabsReplaced(*this);
 }
 
 bool ctlPageHeading::CloseButton() const {
@@ -133,9 +133,9 @@ void ctlPageHeading::ChangeTabEnabled(qint16 TabIndex, bool Enabled) {
     tabs_.CheckPlace(TabIndex);
     const bool changes = tabs_.TabEnabled[TabIndex] != Enabled;
     tabs_.TabEnabled[TabIndex] = Enabled;
-    DrawTabs();
+    update();
     if (changes) {
-        TellTabEnabled(*this, TabIndex);
+        AnnounceTabEnabled(*this, TabIndex);
     }
 }
 
@@ -149,17 +149,17 @@ void ctlPageHeading::ClickTab(int tab) {
 void ctlPageHeading::Select(qint16 place) {
     const QString before = tabs_.CurrentTab;
     tabs_.CurrentTab = tabs_.TabNames[place];
-    DrawTabs();
-    TellTabSelected(*this, before);
+    update();
+    AnnounceTabSelected(*this, before);
     Q_EMIT TabSelect(tabs_.CurrentTab, place);
 }
 
-QRect ctlPageHeading::TabRectangle(int tab) const {
+QRect ctlPageHeading::TabPixels(int tab) const {
     const QPoint topLeft(ToPixels(HeadingTabs::Left(tab)), ToPixels(HeadingTabs::Top(Height())));
     return {topLeft, QPoint(ToPixels(HeadingTabs::Right(tab)), height() - 1)};
 }
 
-void ctlPageHeading::PaintHeadingBackground() {
+void ctlPageHeading::DrawBackground() {
     const int width = Width();
     const int height = Height();
     const double third = height / 3.0;
@@ -170,14 +170,10 @@ void ctlPageHeading::PaintHeadingBackground() {
     colourBandCount_ = platform::ToInteger((third + third) / line);
     DrawGradient(0, 0, width, height);
     background_.Line(0, height - line, width, height - line, ThePalette().Frame, LineForm::Line);
-    DrawTabs();
-}
-
-void ctlPageHeading::DrawTabs() {
     update();
 }
 
-void ctlPageHeading::PaintTab(PaintedCanvas& canvas, int tab) const {
+void ctlPageHeading::DrawTab(PaintedCanvas& canvas, int tab) const {
     const int left = HeadingTabs::Left(tab);
     const int right = HeadingTabs::Right(tab);
     const int bottom = canvas.Height();
@@ -201,10 +197,10 @@ void ctlPageHeading::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
     PaintedCanvas canvas(&painter, width(), height());
-    background_.PaintOn(canvas);
+    background_.DrawOn(canvas);
     canvas.SetFont(ControlFont());
     for (int tab = 0; tab < tabs_.Count(); ++tab) {
-        PaintTab(canvas, tab);
+        DrawTab(canvas, tab);
     }
 }
 
@@ -212,7 +208,7 @@ void ctlPageHeading::resizeEvent(QResizeEvent* event) {
     const int room = tabs_.TabNames.isEmpty() ? Height() : Height() - tabHeight;
     lblCaption_->setGeometry(ToPixels(captionLeft), ToPixels((room - captionHeight) / 2.0), width(),
                              ToPixels(captionHeight));
-    PaintHeadingBackground();
+    DrawBackground();
     imgCloseButton_->setGeometry(ToPixels(Width() - closeSide - closeMargin), ToPixels(closeTop),
                                  ToPixels(closeSide), ToPixels(closeSide));
     Control::resizeEvent(event);

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QLineEdit>
+#include "controls/base/EntryBox.h"
 
 namespace controls {
 
 /// The edit box inside a text box control: tells each typed character before it counts, keeps what is typed
-/// within a length, selects all of its text when the focus comes, and draws a frame that shows the focus in
-/// every style. White ground and dark text whatever the desktop's theme is.
+/// within a length, and draws a frame that shows the focus in every style. For a user who comes to it the
+/// caret stands at the start, as a long text is read from there.
 ///
 /// Only typing is told and limited. What is pasted, dropped or put together by an input method comes in at
 /// once, as a text set by program does.
-class InnerTextBox : public QLineEdit {
+class InnerTextBox : public EntryBox {
     Q_OBJECT
 
 public:
@@ -28,6 +28,8 @@ public:
     /// it the caret keeps its place as far as the text reaches.
     void ReplaceText(const QString& text);
 
+    bool TakeKey(const QString& character) override;
+
 Q_SIGNALS:
     /// A character is about to be typed; Backspace counts as one, other keys that edit or move don't. Once a
     /// handler sets `Swallow`, nothing comes of the key.
@@ -35,31 +37,16 @@ Q_SIGNALS:
     /// Nothing more will come of the key told last.
     void KeyDone();
 
-    /// The user comes to the box and leaves it. A menu of its own and a switch to another window and back are
-    /// neither: he goes on where he was.
-    void GotFocus();
-    void LostFocus();
-
 protected:
+    void SelectOnEntering() override { SelectFromStart(); }
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The click that brings the focus selects the text; only the next one places the caret.
-    enum class FocusingClick { None, Expected, Pressed };
-
-    bool IsSwallowed(const QString& typed);
-    void TypeOneByOne(const QKeyEvent& event);
-    void Lose();
+    bool IsBeyondLimit(const QString& character) const;
 
     int typingLimit_ = 0;
-    bool userIsHere_ = false;
-    FocusingClick focusingClick_ = FocusingClick::None;
 };
 
 }  // namespace controls

@@ -1,6 +1,7 @@
 #include "controls/text/TextBoxRules.h"
 
 #include "controls/base/LeadingNumber.h"
+#include "controls/base/TypedText.h"
 
 #include <algorithm>
 
@@ -52,7 +53,7 @@ bool PassesNumericKeys(QChar key, const QString& text, const NumericRules& rules
     if (IsFirstOf(key, rules.marks.thousandSeparator)) {
         return true;
     }
-    if ((key >= QLatin1Char('0') && key <= QLatin1Char('9')) || key == backspaceKey) {
+    if ((key >= QLatin1Char('0') && key <= QLatin1Char('9')) || key == BackspaceKey) {
         return true;
     }
     if (IsFirstOf(key, rules.marks.decimalSeparator)) {

@@ -14,11 +14,8 @@ struct NumericRules {
     bool AllowNegative = false;
 };
 
-/// What the Backspace key types.
-inline constexpr QChar backspaceKey = QChar(8);
-
-/// Whether a typed character reaches a box without numeric mode. An apostrophe doesn't, as names end up
-/// between apostrophes in the statements for the database.
+/// Whether a typed character, BackspaceKey included, reaches a box without numeric mode. An apostrophe
+/// doesn't, as names end up between apostrophes in the statements for the database.
 bool PassesTextKeys(QChar key);
 
 /// Whether a typed character reaches a box in numeric mode that holds `text`. Of a mark with several

@@ -92,7 +92,7 @@ QString UpDownButtonAccessible::text(QAccessible::Text kind) const {
 }
 
 QRect UpDownButtonAccessible::rect() const {
-    const QRect area = Button().Image().Area(Button().Half());
+    const QRect area = Button().Image().HalfPixels(Button().Half());
     return {Button().Image().mapToGlobal(area.topLeft()), area.size()};
 }
 

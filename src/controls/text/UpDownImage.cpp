@@ -70,7 +70,7 @@ UpDownButton& UpDownImage::Button(UpDownHalf half) {
     return half == UpDownHalf::Up ? up_ : down_;
 }
 
-QRect UpDownImage::Area(UpDownHalf half) const {
+QRect UpDownImage::HalfPixels(UpDownHalf half) const {
     return half == UpDownHalf::Up ? QRect(0, 0, pixelWidth, dividingRow + 1)
                                   : QRect(0, dividingRow + 1, pixelWidth, pixelHeight - dividingRow - 1);
 }

@@ -44,8 +44,8 @@ public:
     UpDownHalf HalfAt(double y) const;
     UpDownButton& Button(UpDownHalf half);
 
-    /// Where a half lies.
-    QRect Area(UpDownHalf half) const;
+    /// The pixels that a half covers.
+    QRect HalfPixels(UpDownHalf half) const;
     /// What a press on the half does.
     void Press(UpDownHalf half);
 

@@ -36,8 +36,8 @@ ctlTextBox::ctlTextBox(const Properties& saved, QWidget* parent)
     connect(box_, &QLineEdit::textChanged, this, &ctlTextBox::ReactToChange);
     connect(box_, &InnerTextBox::KeyTyped, this, &ctlTextBox::FilterKey);
     connect(box_, &InnerTextBox::KeyDone, this, [this] { changeViaKeypress_ = false; });
-    connect(box_, &InnerTextBox::GotFocus, this, &ctlTextBox::GotFocus);
-    connect(box_, &InnerTextBox::LostFocus, this, &ctlTextBox::Leave);
+    connect(box_, &EntryBox::Entered, this, &ctlTextBox::GotFocus);
+    connect(box_, &EntryBox::Left, this, &ctlTextBox::Leave);
     connect(imgUpDown_, &UpDownImage::Pressed, this, &ctlTextBox::Step);
     Load(saved);
 }
@@ -64,11 +64,8 @@ void ctlTextBox::Load(const Properties& saved) {
     }
 }
 
-bool ctlTextBox::Enabled() const {
-    return box_->isEnabledTo(parentWidget());
-}
-
 void ctlTextBox::SetEnabled(bool enabled) {
+    enabled_ = enabled;
     setEnabled(enabled);
     box_->setEnabled(enabled);
 }

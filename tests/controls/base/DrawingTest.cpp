@@ -17,8 +17,8 @@ TEST(Drawing, IsPaintedAsItWasDrawnAsOftenAsWanted) {
     drawing.SetDrawWidth(9);
     drawing.Line(0.5, 2, 3, 4, RGB(8, 9, 10), LineForm::Outline);
     RecordingCanvas canvas(0, 0);
-    drawing.PaintOn(canvas);
-    drawing.PaintOn(canvas);
+    drawing.DrawOn(canvas);
+    drawing.DrawOn(canvas);
     const DrawnLine first{1, 2, 3, 4, RGB(5, 6, 7), LineForm::FilledBox};
     const DrawnLine second{0.5, 2, 3, 4, RGB(8, 9, 10), LineForm::Outline};
     EXPECT_EQ(canvas.lines, (std::vector<DrawnLine>{first, second, first, second}));
@@ -33,7 +33,7 @@ TEST(Drawing, BeginsAnewWithNothingAndThinLines) {
     drawing.Begin(30, 20, 32);
     drawing.Line(5, 6, 7, 8, White, LineForm::Line);
     RecordingCanvas canvas(0, 0);
-    drawing.PaintOn(canvas);
+    drawing.DrawOn(canvas);
     EXPECT_EQ(canvas.lines, (std::vector<DrawnLine>{{5, 6, 7, 8, White, LineForm::Line}}));
     EXPECT_EQ(canvas.drawWidths, std::vector<int>{1});
     EXPECT_EQ(drawing.Width(), 30);

@@ -101,6 +101,15 @@ TEST(DateEntryTest, ABackslashTypedWithTheRightAltKeyCounts) {
     EXPECT_EQ(form.Focus(), u"txtDate2"_s);
 }
 
+TEST(DateEntryTest, WhatIsTypedWithAltIsNoWayAroundTheRules) {
+    DateForm form;
+    form.EnterBox(1);
+    QTest::sendKeyEvent(QTest::Click, &form.Box(1), Qt::Key_X, u"x"_s, Qt::AltModifier);
+    EXPECT_EQ(form.Box(1).text(), u"14"_s);
+    QTest::sendKeyEvent(QTest::Click, &form.Box(1), Qt::Key_2, u"2"_s, Qt::AltModifier);
+    EXPECT_EQ(form.Box(1).text(), u"2"_s);
+}
+
 TEST(DateEntryTest, BackspaceTypesAPoint) {
     DateForm form;
     form.EnterBox(3);

@@ -89,7 +89,7 @@ protected:
 
     /// Where a tab's text has ink, relative to the tab.
     QRect Ink(const QImage& picture, int tab) const {
-        const QRect place = heading->TabRectangle(tab).adjusted(2, 2, -2, -2);
+        const QRect place = heading->TabPixels(tab).adjusted(2, 2, -2, -2);
         const QColor fill = picture.pixelColor(place.topLeft());
         QRect ink;
         for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -99,7 +99,7 @@ protected:
                 }
             }
         }
-        return ink.translated(-heading->TabRectangle(tab).topLeft());
+        return ink.translated(-heading->TabPixels(tab).topLeft());
     }
 };
 
@@ -242,7 +242,7 @@ TEST_F(HeadingPaintTest, TextThatIsTooLongForItsTabEndsInIt) {
     const QImage picture = Picture(*heading);
     // Neither the tab before it nor the banner behind it has any of its ink.
     EXPECT_TRUE(Ink(picture, 1).isEmpty());
-    const QRect after(heading->TabRectangle(2).right() + 1, 49, 100, 24);
+    const QRect after(heading->TabPixels(2).right() + 1, 49, 100, 24);
     EXPECT_EQ(picture.copy(after), usual.copy(after));
     const QRect ink = Ink(picture, 2);
     EXPECT_GT(ink.width(), 80);
@@ -256,7 +256,7 @@ TEST_F(HeadingPaintTest, TextIsBlackOnTabsThatCanBeUsedAndShadowOnOthers) {
     const QImage picture = Picture(*heading);
     const auto darkest = [&](int tab) {
         QColor found(Qt::white);
-        const QRect ink = Ink(picture, tab).translated(heading->TabRectangle(tab).topLeft());
+        const QRect ink = Ink(picture, tab).translated(heading->TabPixels(tab).topLeft());
         for (int y = ink.top(); y <= ink.bottom(); ++y) {
             for (int x = ink.left(); x <= ink.right(); ++x) {
                 const QColor pixel = picture.pixelColor(x, y);
@@ -278,7 +278,7 @@ TEST_F(HeadingPaintTest, TextOnADisabledTabIsReadableOnADarkDesktop) {
     EXPECT_EQ(picture.pixelColor(114, 52), QColor(45, 45, 45));
     EXPECT_EQ(picture.pixelColor(112, 60), QColor(10, 10, 10));
     int lightest = 0;
-    const QRect ink = Ink(picture, 1).translated(heading->TabRectangle(1).topLeft());
+    const QRect ink = Ink(picture, 1).translated(heading->TabPixels(1).topLeft());
     for (int y = ink.top(); y <= ink.bottom(); ++y) {
         for (int x = ink.left(); x <= ink.right(); ++x) {
             lightest = std::max(lightest, picture.pixelColor(x, y).lightness());

@@ -1,3 +1,4 @@
+#include "controls/base/TypedText.h"
 #include "controls/text/TextBoxRules.h"
 #include "support/PrintQt.h"
 
@@ -28,14 +29,14 @@ TEST(TextBoxRules, WithoutNumericModeOnlyTheApostropheIsRefused) {
     for (const QChar key : u"a Z0-.,\"`\u2019\u00B4%;é"_s) {
         EXPECT_TRUE(PassesTextKeys(key)) << QString(key).toStdString();
     }
-    EXPECT_TRUE(PassesTextKeys(backspaceKey));
+    EXPECT_TRUE(PassesTextKeys(BackspaceKey));
 }
 
 TEST(TextBoxRules, DigitsBackspaceAndTheThousandsSeparatorAlwaysPass) {
     for (const QChar key : u"0123456789,"_s) {
         EXPECT_TRUE(PassesNumericKeys(key, u"1,000.50"_s, English(0))) << QString(key).toStdString();
     }
-    EXPECT_TRUE(PassesNumericKeys(backspaceKey, u""_s, English(0)));
+    EXPECT_TRUE(PassesNumericKeys(BackspaceKey, u""_s, English(0)));
     EXPECT_TRUE(PassesNumericKeys(u'.', u"1.000"_s, German(0)));
 }
 

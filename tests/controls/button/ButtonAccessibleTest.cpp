@@ -12,9 +12,9 @@ namespace {
 
 using namespace controls;
 
-class AccessibleButtonTest : public ::testing::Test, protected ButtonForm {
+class ButtonAccessibleTest : public ::testing::Test, protected ButtonForm {
 protected:
-    AccessibleButtonTest()
+    ButtonAccessibleTest()
         : accessible(QAccessible::queryAccessibleInterface(&button)),
           reader([this](const QAccessibleInterface& about) { return about.object() == &button; }) {
         MoveToGround();
@@ -27,7 +27,7 @@ protected:
     ScreenReader reader;
 };
 
-TEST_F(AccessibleButtonTest, IsAPushButtonNamedByItsCaption) {
+TEST_F(ButtonAccessibleTest, IsAPushButtonNamedByItsCaption) {
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::Button);
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Add"));
@@ -36,14 +36,14 @@ TEST_F(AccessibleButtonTest, IsAPushButtonNamedByItsCaption) {
     EXPECT_EQ(accessible->rect(), QRect(button.mapToGlobal(QPoint(0, 0)), button.size()));
 }
 
-TEST_F(AccessibleButtonTest, WithoutACaptionItGoesByTheNameThatItsFormGivesIt) {
+TEST_F(ButtonAccessibleTest, WithoutACaptionItGoesByTheNameThatItsFormGivesIt) {
     button.setAccessibleName(QStringLiteral("Plus"));
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Add"));
     button.SetCaption(QString());
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Plus"));
 }
 
-TEST_F(AccessibleButtonTest, TellsItsStates) {
+TEST_F(ButtonAccessibleTest, TellsItsStates) {
     EXPECT_TRUE(accessible->state().focusable);
     EXPECT_FALSE(accessible->state().focused);
     EXPECT_FALSE(accessible->state().disabled);
@@ -54,7 +54,7 @@ TEST_F(AccessibleButtonTest, TellsItsStates) {
     EXPECT_TRUE(accessible->state().disabled);
 }
 
-TEST_F(AccessibleButtonTest, IsPressedWhileHeldDown) {
+TEST_F(ButtonAccessibleTest, IsPressedWhileHeldDown) {
     mouse.MoveTo(button);
     EXPECT_FALSE(accessible->state().pressed);
     mouse.Press();
@@ -63,7 +63,7 @@ TEST_F(AccessibleButtonTest, IsPressedWhileHeldDown) {
     EXPECT_FALSE(accessible->state().pressed);
 }
 
-TEST_F(AccessibleButtonTest, CanBePressedOnceTheEventIsDone) {
+TEST_F(ButtonAccessibleTest, CanBePressedOnceTheEventIsDone) {
     EXPECT_TRUE(
         accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
     Press();
@@ -72,7 +72,7 @@ TEST_F(AccessibleButtonTest, CanBePressedOnceTheEventIsDone) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(AccessibleButtonTest, CanNotBePressedWhileDisabled) {
+TEST_F(ButtonAccessibleTest, CanNotBePressedWhileDisabled) {
     button.SetEnabled(false);
     EXPECT_FALSE(
         accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
@@ -81,33 +81,33 @@ TEST_F(AccessibleButtonTest, CanNotBePressedWhileDisabled) {
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(AccessibleButtonTest, CanNotBePressedWhileItsWindowIsDisabled) {
+TEST_F(ButtonAccessibleTest, CanNotBePressedWhileItsWindowIsDisabled) {
     static_cast<QWidget&>(button).setEnabled(false);
     Press();
     QCoreApplication::processEvents();
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(AccessibleButtonTest, CanBeGivenTheFocus) {
+TEST_F(ButtonAccessibleTest, CanBeGivenTheFocus) {
     accessible->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
     EXPECT_TRUE(button.hasFocus());
 }
 
-TEST_F(AccessibleButtonTest, SaysSoWhenItIsDisabled) {
+TEST_F(ButtonAccessibleTest, SaysSoWhenItIsDisabled) {
     button.SetEnabled(false);
     EXPECT_EQ(reader.Heard(), QStringList(QStringLiteral("state disabled Add")));
     button.SetEnabled(false);
     EXPECT_EQ(reader.Heard(), QStringList());
 }
 
-TEST_F(AccessibleButtonTest, SaysSoWhenItsNameChanges) {
+TEST_F(ButtonAccessibleTest, SaysSoWhenItsNameChanges) {
     button.SetCaption(QStringLiteral("Change"));
     EXPECT_EQ(reader.Heard(), QStringList(QStringLiteral("name Change")));
     button.SetCaption(QStringLiteral("Change"));
     EXPECT_EQ(reader.Heard(), QStringList());
 }
 
-TEST_F(AccessibleButtonTest, SaysSoWhenItIsPressedAndLetGo) {
+TEST_F(ButtonAccessibleTest, SaysSoWhenItIsPressedAndLetGo) {
     button.setFocus();
     mouse.MoveTo(button);
     reader.Heard();
@@ -117,7 +117,7 @@ TEST_F(AccessibleButtonTest, SaysSoWhenItIsPressedAndLetGo) {
     EXPECT_EQ(reader.Heard(), QStringList(QStringLiteral("state pressed Add")));
 }
 
-TEST_F(AccessibleButtonTest, TheFocusArrivingIsTold) {
+TEST_F(ButtonAccessibleTest, TheFocusArrivingIsTold) {
     button.setFocus();
     EXPECT_EQ(reader.Heard(), QStringList(QStringLiteral("focus Add")));
 }

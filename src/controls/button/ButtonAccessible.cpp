@@ -1,4 +1,4 @@
-#include "controls/button/AccessibleButton.h"
+#include "controls/button/ButtonAccessible.h"
 
 #include "controls/ctlButton.h"
 
@@ -15,20 +15,20 @@ void AnnounceStates(ctlButton& button, QAccessible::State changed) {
 
 }  // namespace
 
-AccessibleButton::AccessibleButton(ctlButton* button) : QAccessibleWidget(button, QAccessible::Button) {
+ButtonAccessible::ButtonAccessible(ctlButton* button) : QAccessibleWidget(button, QAccessible::Button) {
 }
 
-const ctlButton& AccessibleButton::Button() const {
+const ctlButton& ButtonAccessible::Button() const {
     return static_cast<const ctlButton&>(*widget());
 }
 
-QString AccessibleButton::text(QAccessible::Text text) const {
+QString ButtonAccessible::text(QAccessible::Text text) const {
     // A button that shows nothing but an icon goes by the name that its form gives it.
     return text == QAccessible::Name && !Button().Caption().isEmpty() ? Button().Caption()
                                                                       : QAccessibleWidget::text(text);
 }
 
-QAccessible::State AccessibleButton::state() const {
+QAccessible::State ButtonAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
     if (!Button().Enabled()) {
         state.disabled = 1;
@@ -39,7 +39,7 @@ QAccessible::State AccessibleButton::state() const {
     return state;
 }
 
-QStringList AccessibleButton::actionNames() const {
+QStringList ButtonAccessible::actionNames() const {
     QStringList names = QAccessibleWidget::actionNames();
     if (Button().Enabled() && Button().isEnabled()) {
         names.prepend(pressAction());
@@ -47,7 +47,7 @@ QStringList AccessibleButton::actionNames() const {
     return names;
 }
 
-void AccessibleButton::doAction(const QString& action) {
+void ButtonAccessible::doAction(const QString& action) {
     if (action != pressAction()) {
         QAccessibleWidget::doAction(action);
         return;

@@ -8,9 +8,9 @@ class ctlButton;
 
 /// A button as screen readers see it: a push button named by its caption, which can be pressed. It tells
 /// whether it is Enabled and held down.
-class AccessibleButton : public QAccessibleWidget {
+class ButtonAccessible : public QAccessibleWidget {
 public:
-    explicit AccessibleButton(ctlButton* button);
+    explicit ButtonAccessible(ctlButton* button);
 
     QString text(QAccessible::Text text) const override;
     QAccessible::State state() const override;
@@ -23,7 +23,7 @@ private:
     const ctlButton& Button() const;
 };
 
-/// Tell assistive programs what has just changed.
+/// Announces to assistive programs what has just changed.
 void AnnounceCaption(ctlButton& button);
 void AnnounceEnabled(ctlButton& button);
 void AnnouncePressed(ctlButton& button);

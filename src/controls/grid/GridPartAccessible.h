@@ -11,11 +11,11 @@ struct GridLabel;
 /// A header or a cell of a list as assistive programs see it. It knows its place only, row 0 for the headers
 /// and else absolute, and always tells what the list holds there at the moment. It is invalid while the list
 /// has no such place.
-class GridPart : public QAccessibleInterface,
-                 public QAccessibleTableCellInterface,
-                 public QAccessibleActionInterface {
+class GridPartAccessible : public QAccessibleInterface,
+                           public QAccessibleTableCellInterface,
+                           public QAccessibleActionInterface {
 public:
-    GridPart(akGrid* grid, int row, int column);
+    GridPartAccessible(akGrid* grid, int row, int column);
 
     /// Its number among the list's children.
     int IndexInTable() const;

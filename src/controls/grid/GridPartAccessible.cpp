@@ -1,4 +1,4 @@
-#include "controls/grid/GridAccessiblePart.h"
+#include "controls/grid/GridPartAccessible.h"
 
 #include "controls/akGrid.h"
 
@@ -6,15 +6,16 @@
 
 namespace controls {
 
-GridPart::GridPart(akGrid* grid, int row, int column) : grid_(grid), row_(row), column_(column) {
+GridPartAccessible::GridPartAccessible(akGrid* grid, int row, int column)
+    : grid_(grid), row_(row), column_(column) {
 }
 
-int GridPart::IndexInTable() const {
+int GridPartAccessible::IndexInTable() const {
     const qint64 index = isValid() ? qint64{row_} * grid_->Cols() + column_ - 1 : -1;
     return index <= std::numeric_limits<int>::max() ? static_cast<int>(index) : -1;
 }
 
-void* GridPart::interface_cast(QAccessible::InterfaceType type) {
+void* GridPartAccessible::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::TableCellInterface) {
         return static_cast<QAccessibleTableCellInterface*>(this);
     }
@@ -24,11 +25,11 @@ void* GridPart::interface_cast(QAccessible::InterfaceType type) {
     return nullptr;
 }
 
-bool GridPart::isValid() const {
+bool GridPartAccessible::isValid() const {
     return !grid_.isNull() && row_ <= grid_->Rows() && column_ <= grid_->Cols();
 }
 
-QString GridPart::text(QAccessible::Text type) const {
+QString GridPartAccessible::text(QAccessible::Text type) const {
     if (!isValid() || (type != QAccessible::Name && type != QAccessible::Value)) {
         return {};
     }
@@ -38,7 +39,7 @@ QString GridPart::text(QAccessible::Text type) const {
     return grid_->CellText(row_, column_);
 }
 
-const GridLabel* GridPart::Label() const {
+const GridLabel* GridPartAccessible::Label() const {
     if (!isValid()) {
         return nullptr;
     }
@@ -51,7 +52,7 @@ const GridLabel* GridPart::Label() const {
     return index < labels.size() && labels[index].Visible ? &labels[index] : nullptr;
 }
 
-QRect GridPart::rect() const {
+QRect GridPartAccessible::rect() const {
     const GridLabel* label = Label();
     if (label == nullptr || !grid_->isVisible()) {
         return {};
@@ -60,11 +61,11 @@ QRect GridPart::rect() const {
     return pixels.isEmpty() ? QRect() : QRect(grid_->mapToGlobal(pixels.topLeft()), pixels.size());
 }
 
-QAccessible::Role GridPart::role() const {
+QAccessible::Role GridPartAccessible::role() const {
     return IsHeader() ? QAccessible::ColumnHeader : QAccessible::Cell;
 }
 
-QAccessible::State GridPart::state() const {
+QAccessible::State GridPartAccessible::state() const {
     QAccessible::State state;
     if (!isValid()) {
         state.invalid = true;
@@ -83,24 +84,24 @@ QAccessible::State GridPart::state() const {
     return state;
 }
 
-bool GridPart::isSelected() const {
+bool GridPartAccessible::isSelected() const {
     return isValid() && !IsHeader() && grid_->IsSelected(row_, column_);
 }
 
-QList<QAccessibleInterface*> GridPart::columnHeaderCells() const {
+QList<QAccessibleInterface*> GridPartAccessible::columnHeaderCells() const {
     return isValid() ? QList<QAccessibleInterface*>{table()->child(column_ - 1)}
                      : QList<QAccessibleInterface*>();
 }
 
-QAccessibleInterface* GridPart::table() const {
+QAccessibleInterface* GridPartAccessible::table() const {
     return grid_.isNull() ? nullptr : QAccessible::queryAccessibleInterface(grid_);
 }
 
-QStringList GridPart::actionNames() const {
+QStringList GridPartAccessible::actionNames() const {
     return isValid() && grid_->isEnabled() ? QStringList{pressAction()} : QStringList();
 }
 
-void GridPart::doAction(const QString& actionName) {
+void GridPartAccessible::doAction(const QString& actionName) {
     if (!actionNames().contains(actionName)) {
         return;
     }
