@@ -1,7 +1,7 @@
 #include "platform/Locale.h"
 #include "platform/Process.h"
 #include "support/WriteTrace.h"
-#include "tools_core/import/ImportTool.h"
+#include "tools/import/ImportTool.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,11 +1,11 @@
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "platform/MessageBox.h"
 #include "records/Collections.h"
 #include "records/ImportRun.h"
 #include "screens/ListPages.h"
 #include "shell/MainModule.h"
-#include "tools_core/portfolio/PortfolioReader.h"
-#include "tools_core/schema/CreateTool.h"
+#include "tools/portfolio/PortfolioReader.h"
+#include "tools/schema/CreateTool.h"
 
 #include <QApplication>
 #include <QDir>

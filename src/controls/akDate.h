@@ -114,6 +114,7 @@ private:
     /// the active one; the control itself while it hands the focus on; null while the focus is elsewhere.
     /// This alone tells where the focus is.
     const QWidget* Focused() const;
+    bool IsFocused(const QWidget& part) const { return Focused() == &part; }
     void FollowFocus();
     void LoseFocus();
 

@@ -1,5 +1,6 @@
 #include "database/IntegerText.h"
 
+#include "platform/Digits.h"
 #include "platform/Failure.h"
 #include "platform/Locale.h"
 
@@ -16,13 +17,9 @@ constexpr int TooLarge = 100'000;
     throw platform::Failure(platform::FailureNumber::TypeMismatch, QStringLiteral("Type mismatch"));
 }
 
-bool IsDigit(QChar character) {
-    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
-}
-
 QStringView TakeDigits(QStringView& text) {
     qsizetype length = 0;
-    while (length < text.size() && IsDigit(text[length])) {
+    while (length < text.size() && platform::IsDigit(text[length])) {
         ++length;
     }
     const QStringView digits = text.first(length);

@@ -1,6 +1,6 @@
 #include "database/RecordAccess.h"
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
 #include "database/FixSql.h"
 #include "platform/Failure.h"

@@ -1,7 +1,7 @@
 #include "controls/base/Palette.h"
 #include "gallery/DarkDesktop.h"
+#include "gallery/GalleryPictures.h"
 #include "gallery/GalleryWindow.h"
-#include "gallery/Pictures.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"
 

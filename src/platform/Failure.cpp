@@ -16,6 +16,10 @@ Failure::Failure(int number, QString source, QString description)
 Failure::Failure(int number, const QString& description) : Failure(number, ApplicationTitle(), description) {
 }
 
+void RaiseDivisionByZero() {
+    throw Failure(FailureNumber::DivisionByZero, QStringLiteral("Division by zero"));
+}
+
 void RaiseOverflow() {
     throw Failure(FailureNumber::Overflow, QStringLiteral("Overflow"));
 }

@@ -13,7 +13,7 @@ namespace FailureNumber {
 inline constexpr int Overflow = 6;  ///< A counter or a conversion left its 16 bits.
 inline constexpr int OutOfMemory = 7;
 inline constexpr int SubscriptOutOfRange = 9;   ///< A place that a list doesn't have.
-inline constexpr int DivisionByZero = 11;       ///< A size that leaves nothing to divide by.
+inline constexpr int DivisionByZero = 11;       ///< Nothing to divide by: a size, or a count of days.
 inline constexpr int TypeMismatch = 13;         ///< A text that isn't the number it should be.
 inline constexpr int InternalError = 51;        ///< Anything that has no number of its own.
 inline constexpr int FileNotFound = 53;         ///< A program or file that is needed is not there.
@@ -43,6 +43,7 @@ private:
 };
 
 [[noreturn]] void RaiseOverflow();
+[[noreturn]] void RaiseDivisionByZero();
 [[noreturn]] void RaiseObjectNotSet();
 
 /// The failure being handled right now (std::current_exception), translated if it is not one of ours.

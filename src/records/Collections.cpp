@@ -1,6 +1,6 @@
 #include "records/Collections.h"
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "platform/Clock.h"
 #include "platform/Process.h"
 

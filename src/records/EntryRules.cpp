@@ -28,6 +28,10 @@ void WriteEntry(BankAccount& record, const BankAccountEntry& entry) {
     record.BalanceDate = entry.BalanceDate;
 }
 
+void WriteEntry(Owner& record, const OwnerEntry& entry) {
+    record.OwnersName = entry.OwnersName;
+}
+
 void WriteEntry(Property& record, const PropertyEntry& entry) {
     record.Address1 = entry.Address1;
     record.Address2 = entry.Address2;
@@ -86,7 +90,7 @@ std::shared_ptr<BankAccount> MakeRecord(const BankAccountEntry& entry) {
 
 std::shared_ptr<Owner> MakeRecord(const OwnerEntry& entry) {
     auto record = std::make_shared<Owner>();
-    record->OwnersName = entry.OwnersName;
+    WriteEntry(*record, entry);
     return record;
 }
 
@@ -103,7 +107,7 @@ void ChangeRecord(BankAccount& record, const BankAccountEntry& entry) {
 
 void ChangeRecord(Owner& record, const OwnerEntry& entry) {
     TheCollections().Owners.PropogateChanges(record.OwnersName, entry.OwnersName);
-    record.OwnersName = entry.OwnersName;
+    WriteEntry(record, entry);
 }
 
 void ChangeRecord(Property& record, const PropertyEntry& entry) {

@@ -1,6 +1,6 @@
 #include "records/ImportCheck.h"
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
 #include "platform/Utf8.h"
 #include "records/Collections.h"

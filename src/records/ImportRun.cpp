@@ -1,6 +1,6 @@
 #include "records/ImportRun.h"
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
 #include "database/RecordAccess.h"
 #include "database/StatementText.h"

@@ -50,13 +50,17 @@ QString DefaultFrequency() {
     return QStringLiteral("Week");
 }
 
-QString FrequencyRequired() {
+QString FrequencyChoice() {
     QStringList names;
     for (const QString& name : OfferedFrequencies()) {
         names.append(u'"' + name + u'"');
     }
     const QString last = names.takeLast();
-    return QStringLiteral("Must be %1 or %2").arg(names.join(QStringLiteral(", ")), last);
+    return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+}
+
+QString FrequencyRequired() {
+    return QStringLiteral("Must be ") + FrequencyChoice();
 }
 
 bool HasMonthDay(const QString& frequency) {

@@ -17,7 +17,8 @@ const QStringList& OfferedFrequencies();
 /// The one that is chosen until the user chooses: most rents are due by the week.
 QString DefaultFrequency();
 
-/// What an entry is told that has none of these names.
+/// The offered names in a sentence, and what an entry is told that has none of them.
+QString FrequencyChoice();
 QString FrequencyRequired();
 
 /// Whether the user is asked for the day of the month on which rent falls due.

@@ -17,8 +17,6 @@
 namespace records {
 namespace {
 
-constexpr int DivisionByZero = 11;
-
 /// Writes the rows of one tenant. A long history is a great many rows, so the text is put together in place
 /// and the full rent is turned into text once.
 class PeriodWriter {
@@ -80,20 +78,6 @@ void GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency
         engine::Currency PeriodRent = nCurrentRent;
         QDate NextStart;
         switch (frequency) {
-            case Frequency::Day:
-            case Frequency::Week:
-            case Frequency::Year:
-                NextStart = StepFrom(dStartDate, frequency, every_amt);
-                break;
-            case Frequency::Month:
-                if (every_amt == 1) {
-                    const MonthlyPeriod period = MonthlyPeriodFrom(dStartDate, MonthDay, nCurrentRent);
-                    NextStart = period.NextStart;
-                    PeriodRent = period.PeriodRent;
-                } else {
-                    NextStart = StepFrom(dStartDate, frequency, every_amt);
-                }
-                break;
             case Frequency::Duration:
                 if (!bForceAtLeastOne) {
                     return;
@@ -103,6 +87,14 @@ void GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency
             case Frequency::Unknown:
                 platform::ShowMessageBox(QStringLiteral("Invalid rent frequency of ") + every_freq);
                 return;
+            default:
+                if (frequency == Frequency::Month && every_amt == 1) {
+                    const MonthlyPeriod period = MonthlyPeriodFrom(dStartDate, MonthDay, nCurrentRent);
+                    NextStart = period.NextStart;
+                    PeriodRent = period.PeriodRent;
+                } else {
+                    NextStart = StepFrom(dStartDate, frequency, every_amt);
+                }
         }
 
         bForceAtLeastOne = false;
@@ -121,7 +113,7 @@ void RentSplit(QDate PeriodFrom, QDate PeriodTo, QDate EndDate, engine::Currency
     const qint16 TotalDays = DaysBetween(PeriodFrom, PeriodTo);
     const qint16 FirstDays = DaysBetween(PeriodFrom, EndDate);
     if (TotalDays == 0) {
-        throw platform::Failure(DivisionByZero, QStringLiteral("Division by zero"));
+        platform::RaiseDivisionByZero();
     }
     const double share = static_cast<double>(FirstDays) / static_cast<double>(TotalDays);
     Split1 = engine::Currency::FromDouble(std::nearbyint(RentAmount.ToDouble() * share * 100.0) / 100.0);

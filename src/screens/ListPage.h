@@ -36,8 +36,7 @@ public:
                                          .ColumnWidths = Own::widths,
                                          .ColumnAlignments = zeros,
                                          .Hyperlinks = zeros,
-                                         .RowCount = QStringLiteral("0"),
-                                         .SelectColour = 9895935},
+                                         .RowCount = QStringLiteral("0")},
                                         this, QRect(0, 450, 8625, heightOfGrid));
         akGrid1_->setObjectName(QStringLiteral("akGrid1"));
         akGrid1_->setAccessibleName(Own::list);

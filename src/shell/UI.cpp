@@ -2,7 +2,7 @@
 
 #include "controls/base/Canvas.h"
 #include "controls/base/Palette.h"
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"
 #include "shell/ScreenMessageBoxes.h"

@@ -5,7 +5,7 @@
 #include "controls/base/Palette.h"
 #include "controls/ctlButton.h"
 #include "controls/ctlPageHeading.h"
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "platform/Files.h"
 #include "platform/Launch.h"
 #include "platform/MessageBox.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "screens/Paper.h"
-#include "shell/Pages.h"
+#include "shell/WizardPages.h"
 
 #include <QStringList>
 #include <QWidget>

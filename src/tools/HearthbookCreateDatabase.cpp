@@ -1,7 +1,7 @@
 #include "platform/Locale.h"
 #include "platform/Process.h"
-#include "tools_core/import/CommandLine.h"
-#include "tools_core/schema/CreateTool.h"
+#include "tools/import/CommandLine.h"
+#include "tools/schema/CreateTool.h"
 
 #include <QCoreApplication>
 

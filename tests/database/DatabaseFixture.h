@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "platform/Clock.h"
 #include "support/FakeDatabase.h"
 #include "support/PrintQt.h"

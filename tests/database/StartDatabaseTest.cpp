@@ -1,4 +1,4 @@
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "database/RecordAccess.h"
 #include "platform/Failure.h"
 #include "platform/FileLock.h"

@@ -1,4 +1,4 @@
-#include "tools_core/portfolio/PortfolioReader.h"
+#include "tools/portfolio/PortfolioReader.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "ImportJourney.h"
 #include "platform/Failure.h"
 #include "support/FaultyDisk.h"
-#include "tools_core/schema/CreateTool.h"
+#include "tools/schema/CreateTool.h"
 
 #include <QDir>
 

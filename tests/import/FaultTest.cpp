@@ -1,13 +1,13 @@
 #include "ImportJourney.h"
 #include "PrefixFinder.h"
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
 #include "engine/sqlite/WriteGroup.h"
 #include "platform/Clock.h"
 #include "platform/Failure.h"
 #include "records/ImportRun.h"
 #include "support/FaultyDisk.h"
-#include "tools_core/portfolio/PortfolioReader.h"
+#include "tools/portfolio/PortfolioReader.h"
 
 #include <QHash>
 #include <QRegularExpression>

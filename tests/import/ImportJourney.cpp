@@ -1,8 +1,8 @@
 #include "ImportJourney.h"
 
 #include "platform/Process.h"
-#include "tools_core/import/ImportTool.h"
-#include "tools_core/schema/CreateTool.h"
+#include "tools/import/ImportTool.h"
+#include "tools/schema/CreateTool.h"
 
 #include <QStringList>
 

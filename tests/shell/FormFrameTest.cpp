@@ -1,5 +1,5 @@
 #include "WizardForm.h"
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "support/OnScreen.h"
 
 #include <QCoreApplication>

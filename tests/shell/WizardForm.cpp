@@ -1,9 +1,9 @@
 #include "WizardForm.h"
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "records/ImportSettings.h"
 #include "support/OnScreen.h"
-#include "tools_core/schema/CreateTool.h"
+#include "tools/schema/CreateTool.h"
 
 WizardForm::WizardForm() {
     tools::CreateHearthbookDatabase(workplace.Path(QStringLiteral("property.mdb")));

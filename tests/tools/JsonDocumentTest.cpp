@@ -1,7 +1,7 @@
 #include "PortfolioText.h"
 #include "support/CommaLocale.h"
 #include "support/PrintQt.h"
-#include "tools_core/json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 #include <gtest/gtest.h>
 

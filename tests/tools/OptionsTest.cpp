@@ -1,5 +1,5 @@
 #include "support/PrintQt.h"
-#include "tools_core/import/Options.h"
+#include "tools/import/Options.h"
 
 #include <QDir>
 

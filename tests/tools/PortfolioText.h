@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools_core/json/Fault.h"
-#include "tools_core/portfolio/PortfolioReader.h"
+#include "tools/json/Fault.h"
+#include "tools/portfolio/PortfolioReader.h"
 
 #include <QByteArray>
 

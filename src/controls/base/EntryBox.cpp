@@ -120,9 +120,9 @@ void EntryBox::TypeOneByOne(const QKeyEvent& event, const QString& typed) {
     }
 }
 
-void EntryBox::inputMethodEvent(QInputMethodEvent* event) {
+void EntryBox::TakeOneByOne(const QInputMethodEvent& event) {
     // A character may move the focus on, and the next one then belongs there.
-    for (const QChar character : event->commitString()) {
+    for (const QChar character : event.commitString()) {
         if (auto* box = qobject_cast<EntryBox*>(QApplication::focusWidget())) {
             box->TakeKey(character);
         }

@@ -35,11 +35,13 @@ protected:
     /// Selects all that the box holds, for a user who comes to it.
     virtual void SelectOnEntering() { selectAll(); }
 
+    /// For boxes that know single characters only: an input method has put some together.
+    static void TakeOneByOne(const QInputMethodEvent& event);
+
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

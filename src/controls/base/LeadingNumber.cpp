@@ -1,18 +1,12 @@
 #include "controls/base/LeadingNumber.h"
 
+#include "platform/Digits.h"
+
 #include <QLocale>
 
 #include <algorithm>
 
 namespace controls {
-
-namespace {
-
-bool IsDigit(QChar character) {
-    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
-}
-
-}  // namespace
 
 double LeadingNumber(QStringView text) {
     const auto* place = std::find_if_not(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
@@ -20,9 +14,9 @@ double LeadingNumber(QStringView text) {
     if (place != text.end() && (*place == QLatin1Char('-') || *place == QLatin1Char('+'))) {
         ++place;
     }
-    place = std::find_if_not(place, text.end(), IsDigit);
+    place = std::find_if_not(place, text.end(), platform::IsDigit);
     if (place != text.end() && *place == QLatin1Char('.')) {
-        place = std::find_if_not(place + 1, text.end(), IsDigit);
+        place = std::find_if_not(place + 1, text.end(), platform::IsDigit);
     }
     bool understood = false;
     const double number =

@@ -1,6 +1,7 @@
 #include "controls/base/NumberText.h"
 
 #include "controls/base/Regional.h"
+#include "platform/Digits.h"
 
 #include <QLocale>
 #include <QVarLengthArray>
@@ -16,10 +17,6 @@ namespace {
 /// Most numbers that people type are shorter, and need no memory of their own to be read.
 constexpr qsizetype usualLength = 64;
 using PlainDigits = QVarLengthArray<char, usualLength>;
-
-bool IsDigit(QChar character) {
-    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
-}
 
 bool TakeMark(QStringView& rest, const QString& mark) {
     if (mark.isEmpty() || !rest.startsWith(mark)) {
@@ -68,7 +65,7 @@ std::optional<double> ReadNumber(QStringView text, const NumberMarks& marks) {
     bool inFraction = false;
     bool anyDigit = false;
     while (!rest.isEmpty()) {
-        if (IsDigit(rest.front())) {
+        if (platform::IsDigit(rest.front())) {
             digits.append(rest.front().toLatin1());
             anyDigit = true;
             rest = rest.mid(1);

@@ -27,6 +27,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override { TakeOneByOne(*event); }
 
 private:
     void PutPoint();

@@ -16,6 +16,9 @@ public:
 
 Q_SIGNALS:
     void DateWanted(const QString& Character);
+
+protected:
+    void inputMethodEvent(QInputMethodEvent* event) override { TakeOneByOne(*event); }
 };
 
 }  // namespace controls

@@ -77,7 +77,7 @@ void akDate::SetEnabled(bool enabled) {
     // others.
     QWidget* last = nullptr;
     for (QWidget* constituent : Constituents()) {
-        if (constituent == Focused()) {
+        if (IsFocused(*constituent)) {
             last = constituent;
         } else {
             constituent->setEnabled(enabled);
@@ -141,7 +141,7 @@ void akDate::ShowNone() {
         // Tab finds "<None>" in the place of the boxes below it. It would be led back to it from them
         // whichever way it goes, and never get out of the control backwards.
         box->setFocusPolicy(Qt::ClickFocus);
-        if (box == Focused()) {
+        if (IsFocused(*box)) {
             txtNone_->setFocus();
         }
     }
@@ -155,7 +155,7 @@ void akDate::HideNone() {
     for (DateSegmentBox* box : txtDate_) {
         box->setFocusPolicy(Qt::StrongFocus);
     }
-    if (txtNone_ == Focused()) {
+    if (IsFocused(*txtNone_)) {
         txtDate(1)->setFocus();
     }
     txtNone_->hide();

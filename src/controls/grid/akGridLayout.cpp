@@ -70,7 +70,7 @@ void akGrid::CalculateVisibleRows() {
     const int headingHeight = headings_.front().Height;
     const int pitch = cells_.front().Height - borderAllowance;
     if (pitch == 0) {
-        throw platform::Failure(platform::FailureNumber::DivisionByZero, QStringLiteral("Division by zero"));
+        platform::RaiseDivisionByZero();
     }
     visibleRows_ = platform::ToInteger(static_cast<double>(Height() - headingHeight) / pitch);
     const auto wanted = static_cast<float>(pitch * visibleRows_ + headingHeight + FrameAllowance);

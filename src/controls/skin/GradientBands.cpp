@@ -10,7 +10,7 @@ namespace {
 
 double Divided(double dividend, double divisor) {
     if (divisor == 0) {
-        throw platform::Failure(platform::FailureNumber::DivisionByZero, QStringLiteral("Division by zero"));
+        platform::RaiseDivisionByZero();
     }
     return dividend / divisor;
 }

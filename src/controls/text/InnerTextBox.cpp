@@ -65,10 +65,6 @@ void InnerTextBox::keyPressEvent(QKeyEvent* event) {
     Q_EMIT KeyDone();
 }
 
-void InnerTextBox::inputMethodEvent(QInputMethodEvent* event) {
-    QLineEdit::inputMethodEvent(event);
-}
-
 void InnerTextBox::paintEvent(QPaintEvent* event) {
     // Some styles leave corners of the ground open.
     QPainter(this).fillRect(rect(), Qt::white);

@@ -40,7 +40,6 @@ Q_SIGNALS:
 protected:
     void SelectOnEntering() override { SelectFromStart(); }
     void keyPressEvent(QKeyEvent* event) override;
-    void inputMethodEvent(QInputMethodEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -1,4 +1,4 @@
-#include "tools_core/import/CommandLine.h"
+#include "tools/import/CommandLine.h"
 
 #include "platform/Utf8.h"
 

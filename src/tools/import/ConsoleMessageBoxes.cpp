@@ -1,6 +1,6 @@
-#include "tools_core/import/ConsoleMessageBoxes.h"
+#include "tools/import/ConsoleMessageBoxes.h"
 
-#include "tools_core/import/Terminal.h"
+#include "tools/import/Terminal.h"
 
 namespace tools {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/MessageBox.h"
-#include "tools_core/import/ProgressBar.h"
+#include "tools/import/ProgressBar.h"
 
 namespace tools {
 

@@ -1,10 +1,11 @@
-#include "tools_core/import/Options.h"
+#include "records/RentFrequency.h"
+#include "tools/import/Options.h"
 
 namespace tools {
 
 QString ImportHelpText() {
     return QStringLiteral(
-        R"(Usage: wrenfield-import PORTFOLIO.json [options]
+               R"(Usage: wrenfield-import PORTFOLIO.json [options]
 
 Sets up Hearthbook's database from a portfolio file, as the Wrenfield Wizard does from what is typed in:
 all existing properties, owners, tenants, bank accounts and transactions are deleted, and those of the
@@ -43,7 +44,7 @@ A portfolio is a UTF-8 JSON file:
         "StartDate": "2025-03-15",        required; its first rent period ends before the year 9999
         "EndDate": null,                  null or absent: the tenancy goes on
         "CurrentRent": 420,               for one rent period
-        "RentFrequency": "Week",          "Day", "Week", "Month" or "Year"; "Week" if absent
+        "RentFrequency": "Week",          %1; "%2" if absent
         "FrequencyNumber": 2,             a rent period is so many of them; 1 if absent
         "MonthDay": 1,                    day on which monthly rent falls due; 1 if absent
         "BondHeld": 1680,
@@ -58,7 +59,8 @@ Exit status: 0 done; 1 done, but with failures, which were reported and logged, 
 ended halfway by a failure that the last message tells; 2 nothing was done: bad usage, a portfolio that can't be
 read or has faults, no database that can be written to, another import under way in it, the answer was No, or what
 was only to be shown could not be written.
-)");
+)")
+        .arg(records::FrequencyChoice(), records::DefaultFrequency());
 }
 
 }  // namespace tools

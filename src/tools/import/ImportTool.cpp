@@ -1,6 +1,6 @@
-#include "tools_core/import/ImportTool.h"
+#include "tools/import/ImportTool.h"
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
 #include "engine/NewFile.h"
 #include "platform/Clock.h"
@@ -8,12 +8,12 @@
 #include "platform/Process.h"
 #include "records/Collections.h"
 #include "records/ImportRun.h"
-#include "tools_core/import/ConsoleMessageBoxes.h"
-#include "tools_core/import/NoDatabase.h"
-#include "tools_core/import/Options.h"
-#include "tools_core/import/ProgressBar.h"
-#include "tools_core/import/Terminal.h"
-#include "tools_core/portfolio/PortfolioReader.h"
+#include "tools/import/ConsoleMessageBoxes.h"
+#include "tools/import/NoDatabase.h"
+#include "tools/import/Options.h"
+#include "tools/import/ProgressBar.h"
+#include "tools/import/Terminal.h"
+#include "tools/portfolio/PortfolioReader.h"
 
 namespace tools {
 

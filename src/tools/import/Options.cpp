@@ -1,7 +1,7 @@
-#include "tools_core/import/Options.h"
+#include "tools/import/Options.h"
 
 #include "platform/Files.h"
-#include "tools_core/portfolio/Day.h"
+#include "tools/portfolio/Day.h"
 
 #include <QCommandLineParser>
 

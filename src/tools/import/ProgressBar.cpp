@@ -1,7 +1,7 @@
-#include "tools_core/import/ProgressBar.h"
+#include "tools/import/ProgressBar.h"
 
 #include "platform/Process.h"
-#include "tools_core/import/Terminal.h"
+#include "tools/import/Terminal.h"
 
 #include <algorithm>
 

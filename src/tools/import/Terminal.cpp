@@ -1,4 +1,4 @@
-#include "tools_core/import/Terminal.h"
+#include "tools/import/Terminal.h"
 
 #include "platform/Utf8.h"
 

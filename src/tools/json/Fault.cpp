@@ -1,4 +1,4 @@
-#include "tools_core/json/Fault.h"
+#include "tools/json/Fault.h"
 
 namespace tools {
 

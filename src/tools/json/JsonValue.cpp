@@ -1,6 +1,6 @@
-#include "tools_core/json/JsonValue.h"
+#include "tools/json/JsonValue.h"
 
-#include "tools_core/json/Fault.h"
+#include "tools/json/Fault.h"
 
 namespace tools {
 

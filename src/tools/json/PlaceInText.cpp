@@ -1,4 +1,4 @@
-#include "tools_core/json/PlaceInText.h"
+#include "tools/json/PlaceInText.h"
 
 #include "platform/Utf8.h"
 

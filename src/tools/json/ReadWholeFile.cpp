@@ -1,5 +1,5 @@
 #include "platform/Files.h"
-#include "tools_core/json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 #include <QFile>
 #include <QFileInfo>

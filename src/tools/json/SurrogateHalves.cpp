@@ -1,4 +1,4 @@
-#include "tools_core/json/SurrogateHalves.h"
+#include "tools/json/SurrogateHalves.h"
 
 namespace tools {
 

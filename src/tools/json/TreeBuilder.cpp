@@ -1,8 +1,8 @@
-#include "tools_core/json/TreeBuilder.h"
+#include "tools/json/TreeBuilder.h"
 
 #include "platform/Utf8.h"
-#include "tools_core/json/JsonDocument.h"
-#include "tools_core/json/PlaceInText.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/json/PlaceInText.h"
 
 #include <cmath>
 #include <cstdlib>

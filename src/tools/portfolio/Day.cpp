@@ -1,4 +1,6 @@
-#include "tools_core/portfolio/Day.h"
+#include "tools/portfolio/Day.h"
+
+#include "platform/Digits.h"
 
 #include <algorithm>
 #include <array>
@@ -11,10 +13,9 @@ std::optional<QDate> ParseDay(const QString& text) {
     if (view.size() != length || view[4] != QLatin1Char('-') || view[7] != QLatin1Char('-')) {
         return std::nullopt;
     }
-    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
     const std::array<QStringView, 3> parts = {view.first(4), view.sliced(5, 2), view.sliced(8, 2)};
     for (const QStringView part : parts) {
-        if (!std::all_of(part.begin(), part.end(), isDigit)) {
+        if (!std::all_of(part.begin(), part.end(), platform::IsDigit)) {
             return std::nullopt;
         }
     }

@@ -1,6 +1,6 @@
-#include "tools_core/portfolio/ObjectReader.h"
+#include "tools/portfolio/ObjectReader.h"
 
-#include "tools_core/portfolio/Day.h"
+#include "tools/portfolio/Day.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools_core/json/Fault.h"
-#include "tools_core/json/JsonValue.h"
+#include "tools/json/Fault.h"
+#include "tools/json/JsonValue.h"
 
 #include <QDate>
 #include <QSet>

@@ -1,9 +1,9 @@
-#include "tools_core/portfolio/PortfolioReader.h"
+#include "tools/portfolio/PortfolioReader.h"
 
 #include "records/EntryRules.h"
 #include "records/ImportSettings.h"
-#include "tools_core/json/JsonDocument.h"
-#include "tools_core/portfolio/Sections.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/portfolio/Sections.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools_core/json/Fault.h"
+#include "tools/json/Fault.h"
 
 #include <QByteArray>
 #include <QString>

@@ -2,8 +2,8 @@
 
 #include "records/Collections.h"
 #include "records/EntryRules.h"
-#include "tools_core/portfolio/NameBook.h"
-#include "tools_core/portfolio/ObjectReader.h"
+#include "tools/portfolio/NameBook.h"
+#include "tools/portfolio/ObjectReader.h"
 
 namespace tools {
 

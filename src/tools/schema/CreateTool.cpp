@@ -1,11 +1,11 @@
-#include "tools_core/schema/CreateTool.h"
+#include "tools/schema/CreateTool.h"
 
 #include "engine/NewFile.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
-#include "tools_core/import/ImportTool.h"
-#include "tools_core/import/Terminal.h"
-#include "tools_core/schema/HearthbookSchema.h"
+#include "tools/import/ImportTool.h"
+#include "tools/import/Terminal.h"
+#include "tools/schema/HearthbookSchema.h"
 
 namespace tools {
 

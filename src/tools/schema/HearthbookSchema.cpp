@@ -1,6 +1,6 @@
-#include "tools_core/schema/HearthbookSchema.h"
+#include "tools/schema/HearthbookSchema.h"
 
-#include "tools_core/schema/Columns.h"
+#include "tools/schema/Columns.h"
 
 #include <array>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "tools_core/schema/Columns.h"
+#include "tools/schema/Columns.h"
 
 namespace tools {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "support/FakeDatabase.h"
 
 #include <memory>

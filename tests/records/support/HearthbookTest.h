@@ -1,10 +1,10 @@
 #pragma once
 
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 #include "records/ImportRun.h"
 #include "support/RecordsTest.h"
 #include "support/SecondReader.h"
-#include "tools_core/schema/HearthbookSchema.h"
+#include "tools/schema/HearthbookSchema.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "shell/Pages.h"
+#include "shell/WizardPages.h"
 
 #include "records/ImportSettings.h"
 #include "screens/ListPages.h"

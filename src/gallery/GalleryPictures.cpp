@@ -1,4 +1,4 @@
-#include "gallery/Pictures.h"
+#include "gallery/GalleryPictures.h"
 
 #include "gallery/GalleryWindow.h"
 #include "gallery/Sheet.h"

@@ -1,5 +1,5 @@
 #include "support/PrintQt.h"
-#include "tools_core/json/Fault.h"
+#include "tools/json/Fault.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "records/EntryRules.h"
 #include "records/RentFrequency.h"
-#include "tools_core/portfolio/Sections.h"
+#include "tools/portfolio/Sections.h"
 
 #include <limits>
 

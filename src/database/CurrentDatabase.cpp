@@ -1,4 +1,4 @@
-#include "database/Database.h"
+#include "database/CurrentDatabase.h"
 
 #include "database/ErrorReport.h"
 #include "database/General.h"

@@ -1,6 +1,6 @@
 #include "platform/Clock.h"
 #include "records/EntryRules.h"
-#include "tools_core/portfolio/Sections.h"
+#include "tools/portfolio/Sections.h"
 
 namespace tools {
 

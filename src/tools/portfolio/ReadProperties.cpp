@@ -1,5 +1,5 @@
 #include "records/EntryRules.h"
-#include "tools_core/portfolio/Sections.h"
+#include "tools/portfolio/Sections.h"
 
 namespace tools {
 
