@@ -38,8 +38,13 @@ constexpr qint16 firstTab = 0;
 frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
     for (PageKind& kind : kinds) {
-        const bool sharesTab = !pages_.empty() && pages_.back().kind.tab == kind.tab;
-        const int tab = pages_.empty() ? firstTab : pages_.back().tab + (sharesTab ? 0 : 1);
+        qint16 tab = firstTab;
+        if (!pages_.empty()) {
+            tab = pages_.back().tab;
+            if (pages_.back().kind.tab != kind.tab) {
+                ++tab;
+            }
+        }
         pages_.push_back({.kind = std::move(kind), .tab = tab});
     }
     setObjectName(QStringLiteral("frmMain"));
@@ -166,7 +171,7 @@ const frmMain::FormPage& frmMain::CurrentPage() const {
     });
 }
 
-int frmMain::LastTab() const {
+qint16 frmMain::LastTab() const {
     return pages_.back().tab;
 }
 

@@ -42,7 +42,7 @@ protected:
 private:
     struct FormPage {
         PageKind kind;
-        int tab = 0;
+        qint16 tab = 0;
         QWidget* widget = nullptr;
     };
 
@@ -57,7 +57,7 @@ private:
     void ActivateOnce();
 
     const FormPage& CurrentPage() const;
-    int LastTab() const;
+    qint16 LastTab() const;
     /// Shows the page of the current tab, filled anew.
     void ShowPage();
     /// The buttons that the position allows.
