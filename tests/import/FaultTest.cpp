@@ -9,6 +9,7 @@
 #include "support/FaultyDisk.h"
 #include "tools/portfolio/PortfolioReader.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -53,6 +54,7 @@ protected:
         Outcome outcome;
         disk.FailAt(n, fault);
         disk.FailAgainAfter(secondFault_.after, secondFault_.operations);
+        disk.HoldAtMost(room_);
         try {
             records::ImportData();
         } catch (const platform::Failure&) {
@@ -63,6 +65,7 @@ protected:
         outcome.faultedAgain = disk.Faults() > 1;
         outcome.firstFault = disk.FirstFault();
         disk.Repair();
+        disk.HoldAtMost(0);
 
         const int reported = database::ReportedErrors() - reportedBefore;
         EXPECT_EQ(workplace.ErrorLog().count(stamp_), reported) << "each failure is logged once";
@@ -97,10 +100,31 @@ protected:
         return Contents(path);
     }
 
+    /// A receipt as the last update leaves it.
+    static QString AsDisbursed(const QString& receipt) {
+        return receipt.endsWith(QLatin1String("|0")) ? receipt.chopped(1) + QStringLiteral("-1") : receipt;
+    }
+
+    /// How many statements of this kind, on this table, were told to be lost.
+    static qsizetype LossesOf(const QString& kind, const QString& table, const QStringList& reports) {
+        return std::count_if(reports.begin(), reports.end(), [&](const QString& report) {
+            const QString statement = report.trimmed().section(QStringLiteral("\n\n"), -1);
+            return statement.startsWith(kind, Qt::CaseInsensitive) &&
+                   statement.section(u'(', 0, 0).contains(table, Qt::CaseInsensitive);
+        });
+    }
+
+    /// Steps of row sets name no table.
+    static bool IsStepTold(const QStringList& reports) {
+        return std::any_of(reports.begin(), reports.end(),
+                           [](const QString& report) { return report.trimmed().endsWith(u'.'); });
+    }
+
     struct {
         int after = 0;
         int operations = 0;
     } secondFault_;
+    long long room_ = 0;  ///< Of the disk, if it has an end.
     QRegularExpression stamp_{QStringLiteral("\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d ")};
 };
 
@@ -174,6 +198,56 @@ TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
             EXPECT_NE(told, outcome.contents == whole) << outcome.firstFault << " at operation " << n;
         }
     }
+}
+
+// Balances of zero, so that rows are made by one statement each and changed by the last one alone.
+TEST_F(FaultTest, ADiskOfAnySizeHoldsAllRowsButThoseThatWereTold) {
+    UsePortfolio({.tenants = 30, .start = QDate(2024, 1, 1)});
+    const QString fresh = FreshDatabase("size.mdb");
+    const auto before = ReadTables(fresh, Tables());
+    const qint64 smallest = QFileInfo(fresh).size();
+    FaultyDisk disk;
+    ASSERT_TRUE(ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).labels.isEmpty());
+    const QString database = workplace.Path(QStringLiteral("faulty.mdb"));
+    const auto whole = ReadTables(database, Tables());
+    const qint64 largest = QFileInfo(database).size();
+    ASSERT_GT(largest, smallest + 200'000);
+
+    int partly = 0;
+    int wholly = 0;
+    constexpr int sizes = 10;
+    for (int size = 0; size < sizes; ++size) {
+        // From one without room for a journal to one that holds everything twice.
+        room_ = smallest + (2 * largest - smallest) * size / (sizes - 1);
+        const Outcome outcome = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once);
+        const auto left = ReadTables(database, Tables());
+        bool isWhole = true;
+        for (const QString& table : Tables()) {
+            const qsizetype losses = LossesOf(QStringLiteral("insert"), table, outcome.reports);
+            // Where not even a journal finds room, the database isn't opened anew, and so nothing is deleted.
+            const bool isWiped = LossesOf(QStringLiteral("delete"), table, outcome.reports) == 0 &&
+                                 !outcome.labels.contains(QStringLiteral("Start ADO"));
+            QStringList missing = whole[table];
+            for (const QString& row : left[table]) {
+                EXPECT_TRUE(missing.removeOne(row) || missing.removeOne(AsDisbursed(row)) || !isWiped ||
+                            outcome.endedEarly)
+                    << size << ": nobody meant " << row.toStdString() << " in " << table.toStdString();
+            }
+            if (!outcome.endedEarly) {
+                EXPECT_TRUE(missing.isEmpty() || losses > 0 || IsStepTold(outcome.reports))
+                    << size << ": nothing told of " << table.toStdString();
+                EXPECT_TRUE(table != QLatin1String("rent_periods") || missing.size() == losses)
+                    << size << ": " << missing.size() << " periods missing, " << losses << " told";
+            }
+            isWhole = isWhole && left[table] == whole[table];
+        }
+        if (!outcome.endedEarly) {
+            EXPECT_EQ(outcome.reports.isEmpty(), isWhole) << size;
+        }
+        (isWhole ? wholly : partly) += 1;
+    }
+    EXPECT_GT(partly, 3);
+    EXPECT_GT(wholly, 1);
 }
 
 /// Everything that the rows of a small import were at some time, and what they are at its end.

@@ -35,6 +35,7 @@ constexpr int Kills = 200;
 struct Done {
     Moment at;
     std::int64_t worked = 0;  ///< In nanoseconds.
+    std::int64_t waited = 0;  ///< For a core, in nanoseconds.
 };
 
 /// What a child process has written so far, in memory that outlives it.
@@ -62,7 +63,8 @@ public:
 
     void AddWrite(const TracedWrite& write) const {
         if (progress_->writes < Room) {
-            progress_->done[progress_->writes] = {write.doneAt, WorkedNanoseconds()};
+            progress_->done[progress_->writes] = {write.doneAt, WorkedNanoseconds(),
+                                                  WaitedForCoreNanoseconds()};
             ++progress_->writes;
         }
     }
@@ -86,7 +88,7 @@ struct KilledImport {
 
 /// The last of the writes after which it was looked at whether their group is due; the first of the lost ones
 /// if there is none.
-Moment LastLookedAt(const std::vector<Done>& done, size_t firstLost) {
+const Done& LastLookedAt(const std::vector<Done>& done, size_t firstLost) {
     size_t write = done.size() - 1;
     for (size_t statement = 0; statement < StatementsAfterTheLook; ++statement) {
         const Moment own = done[write].at;
@@ -94,7 +96,7 @@ Moment LastLookedAt(const std::vector<Done>& done, size_t firstLost) {
             --write;
         }
     }
-    return done[write].at;
+    return done[write];
 }
 
 using KillTest = ImportJourney;
@@ -164,12 +166,56 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
         const auto stored = static_cast<size_t>(import.left.prefix);
         EXPECT_GE(stored, import.committed) << "writes of a finished group are lost";
         if (stored < done.size()) {
-            EXPECT_LE(LastLookedAt(done, stored) - done[stored].at, LongestLoss)
+            const Done& last = LastLookedAt(done, stored);
+            const std::chrono::nanoseconds waited(last.waited - done[stored].waited);
+            EXPECT_LE(last.at - done[stored].at - waited, LongestLoss)
                 << done.size() - stored << " writes lost";
             // Others' work does not count here, so that this holds for the last statements as well.
             EXPECT_LE(std::chrono::nanoseconds(done.back().worked - done[stored].worked), LongestLoss)
                 << done.size() - stored << " writes lost";
         }
+    }
+}
+
+// Whoever asks an import to end finds in the file what it had done by then, to the row.
+TEST_F(KillTest, AnImportThatIsAskedToEndLeavesAllThatItHasDone) {
+    UsePortfolio({.tenants = 60, .start = QDate(2022, 1, 3)});
+    std::vector<TracedWrite> writes;
+    {
+        const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
+        ASSERT_EQ(Import(FreshDatabase("whole.mdb")), 0);
+    }
+    const SharedProgress progress;
+    const WriteTrace trace([&progress](const TracedWrite& write) { progress.AddWrite(write); });
+    std::vector<KilledImport> imports;
+    constexpr size_t moments = 8;
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        for (size_t moment = 0; moment < moments; ++moment) {
+            const QString database = FreshDatabase("ended.mdb");
+            progress.Clear();
+            const int child = StartImport(database);
+            ASSERT_GT(child, 0);
+            while (progress.Writes() < 1 + moment * writes.size() / moments) {
+                std::this_thread::sleep_for(std::chrono::microseconds(50));
+            }
+            ::kill(child, signal);
+            int status = 0;
+            waitpid(child, &status, 0);
+            const bool hasEnded = progress.Writes() == writes.size();
+            EXPECT_EQ(WEXITSTATUS(status), hasEnded ? 0 : 128 + signal) << "at moment " << moment;
+            EXPECT_EQ(ReadRows(database, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+            EXPECT_FALSE(QFileInfo::exists(database + QStringLiteral("-journal")));
+            imports.push_back(
+                {{RowCounts(database), Contents(database)}, progress.Committed(), progress.AllDone()});
+        }
+    }
+    std::vector<LeftBehind*> left;
+    for (KilledImport& import : imports) {
+        left.push_back(&import.left);
+    }
+    FindPrefixes(FreshDatabase("replica.mdb"), writes, left);
+    for (const KilledImport& import : imports) {
+        EXPECT_EQ(import.left.prefix, static_cast<int>(import.done.size()));
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <sqlite3.h>
 
+#include <set>
 #include <string_view>
 
 namespace {
@@ -21,6 +22,7 @@ struct State {
 };
 
 State state;
+long long roomInAll = 0;
 sqlite3_vfs shim;
 sqlite3_vfs* real = nullptr;
 
@@ -31,6 +33,18 @@ struct ShimFile {
 
 sqlite3_file* Real(sqlite3_file* file) {
     return reinterpret_cast<ShimFile*>(file)->file;
+}
+
+std::set<ShimFile*> openFiles;
+
+bool Fits(sqlite3_int64 more) {
+    sqlite3_int64 taken = 0;
+    for (ShimFile* open : openFiles) {
+        sqlite3_int64 size = 0;
+        open->file->pMethods->xFileSize(open->file, &size);
+        taken += size;
+    }
+    return taken + more <= roomInAll;
 }
 
 bool FailsAgain() {
@@ -61,6 +75,7 @@ bool Fails(const char* kind, bool needsRoom) {
 }
 
 int Close(sqlite3_file* file) {
+    openFiles.erase(reinterpret_cast<ShimFile*>(file));
     const int closed = Real(file)->pMethods->xClose(Real(file));
     sqlite3_free(Real(file));
     return closed;
@@ -77,7 +92,12 @@ int Write(sqlite3_file* file, const void* bytes, int amount, sqlite3_int64 offse
     if (!state.badBytes.empty() && written.find(state.badBytes) != std::string_view::npos) {
         return SQLITE_IOERR_WRITE;
     }
-    if (Fails("write", offset + amount > size)) {
+    const sqlite3_int64 more = offset + amount - size;
+    if (roomInAll > 0 && more > 0 && !Fits(more)) {
+        ++state.faults;
+        return SQLITE_FULL;
+    }
+    if (Fails("write", more > 0)) {
         return state.fault == FaultyDisk::Fault::FullFromThenOn ? SQLITE_FULL : SQLITE_IOERR_WRITE;
     }
     return Real(file)->pMethods->xWrite(Real(file), bytes, amount, offset);
@@ -154,6 +174,7 @@ int Open(sqlite3_vfs* /*vfs*/, const char* name, sqlite3_file* file, int flags, 
         return opened;
     }
     shimFile->base.pMethods = &Methods;
+    openFiles.insert(shimFile);
     return SQLITE_OK;
 }
 
@@ -178,6 +199,7 @@ FaultyDisk::FaultyDisk() {
 }
 
 FaultyDisk::~FaultyDisk() {
+    roomInAll = 0;
     sqlite3_vfs_unregister(&shim);
     sqlite3_vfs_register(real, 1);
 }
@@ -186,6 +208,10 @@ void FaultyDisk::FailAt(int n, Fault fault) {
     state = State();
     state.failAt = n;
     state.fault = fault;
+}
+
+void FaultyDisk::HoldAtMost(long long bytes) {
+    roomInAll = bytes;
 }
 
 void FaultyDisk::FailOnBytes(const std::string& bytes) {

@@ -25,6 +25,10 @@ public:
     /// Lets others fail as well, so many in a row: from the n-th after the one that fails Once.
     void FailAgainAfter(int n, int operations);
 
+    /// A disk of so many bytes in all: what doesn't fit any more finds it full. 0 for one without end. Stays
+    /// as it is until it is set anew.
+    void HoldAtMost(long long bytes);
+
     /// Lets all writes fail that hold these bytes: a place of the disk that takes one thing and not another.
     void FailOnBytes(const std::string& bytes);
 

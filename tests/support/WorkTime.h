@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <ctime>
 #include <limits>
 
@@ -11,6 +12,20 @@ inline std::int64_t WorkedNanoseconds() {
     timespec worked{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &worked);
     return std::int64_t{worked.tv_sec} * 1'000'000'000 + worked.tv_nsec;
+}
+
+/// How long this process's first thread has waited for a core that others had, in nanoseconds; 0 on systems
+/// that don't tell.
+inline std::int64_t WaitedForCoreNanoseconds() {
+    long long worked = 0;
+    long long waited = 0;
+    if (std::FILE* schedule = std::fopen("/proc/self/schedstat", "r")) {
+        if (std::fscanf(schedule, "%lld %lld", &worked, &waited) != 2) {
+            waited = 0;
+        }
+        std::fclose(schedule);
+    }
+    return waited;
 }
 
 /// The work of the cheapest of some runs, in nanoseconds: other programs can only make a run dearer, as they
