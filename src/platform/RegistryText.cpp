@@ -146,8 +146,8 @@ public:
             }
         }
         QHash<QString, RegistryValues> keys;
-        for (auto& [name, values] : keys_) {
-            keys.insert(name, std::move(values));
+        for (const auto& [name, values] : keys_) {
+            keys.insert(name, values);
         }
         return keys;
     }

@@ -68,12 +68,13 @@ MadeRows::Row MadeRows::Find(const TableSchema& table, qint64 key, size_t place)
         return {key};
     }
     // From the end: a key that was freed by a removal may have been given again.
-    for (auto made = made_.rbegin(); made != made_.rend(); ++made) {
-        const quint64 offset = made->keys.PlaceOf(key);
-        if (made->table != &table || offset >= static_cast<quint64>(made->keys.count)) {
+    for (size_t after = made_.size(); after > 0; --after) {
+        const auto& made = made_[after - 1];
+        const quint64 offset = made.keys.PlaceOf(key);
+        if (made.table != &table || offset >= static_cast<quint64>(made.keys.count)) {
             continue;
         }
-        const size_t maker = made->writes == 1 ? made->place : made->place + offset;
+        const size_t maker = made.writes == 1 ? made.place : made.place + offset;
         if (maker >= place) {
             continue;
         }
@@ -81,7 +82,7 @@ MadeRows::Row MadeRows::Find(const TableSchema& table, qint64 key, size_t place)
         if (others == others_.end()) {
             return {key};
         }
-        return {KeyAt(others->second, made->writes == 1 ? made->rowsBefore + static_cast<qint64>(offset) : 0),
+        return {KeyAt(others->second, made.writes == 1 ? made.rowsBefore + static_cast<qint64>(offset) : 0),
                 maker};
     }
     return {key};

@@ -100,7 +100,7 @@ bool IsDone(const QByteArray& start) {
 }
 
 Objection ObjectionToJournal(QFile& journal) {
-    if (const Objection another = NamesAnother(journal)) {
+    if (Objection another = NamesAnother(journal)) {
         return another;
     }
     const QByteArray start = BytesAt(journal, 0, JournalMagic.size() + 4);
@@ -143,7 +143,7 @@ Objection ObjectionToKind(const QByteArray& path) {
 }
 
 Objection ObjectionTo(const QByteArray& path, Objection (*look)(QFile&)) {
-    if (const Objection kind = ObjectionToKind(path)) {
+    if (Objection kind = ObjectionToKind(path)) {
         return kind;
     }
     QFile file(QFile::decodeName(path));
