@@ -37,7 +37,7 @@ void PageChange(benchmark::State& state) {
     }
     QWidget form;
     form.resize(798, 593);
-    screens::ctlPageTenant page(&form);
+    screens::ctlPageTenant page(&form, records::TheCollections());
     page.setGeometry(16, 94, 766, 433);
     page.hide();
     form.show();
@@ -88,7 +88,7 @@ BENCHMARK(Finish)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// What wrenfield-import runs.
 void BatchImport(benchmark::State& state) {
-    ImportInto(state, [] { records::ImportData(); });
+    ImportInto(state, [] { records::ImportData(records::TheCollections()); });
 }
 BENCHMARK(BatchImport)->Unit(benchmark::kMillisecond)->UseRealTime();
 

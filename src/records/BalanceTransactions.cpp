@@ -85,14 +85,15 @@ void TakeBackReceipts(double Balance, const database::RecordsetReference& receip
 
 }  // namespace
 
-LetProperties::LetProperties()
-    : codes_(TheCollections().Properties.CodesByName()),
-      bankCodes_(TheCollections().Properties.BankAccountsByName()) {
+LetProperties::LetProperties(const Collections& all)
+    : all_(all),
+      codes_(all.Properties.CodesByName()),
+      bankCodes_(all.Properties.BankAccountsByName(all.bankAccounts)) {
 }
 
 QString LetProperties::BankCodeOf(const QString& propertyName) const {
     const QString code = bankCodes_.value(propertyName);
-    return code.isEmpty() ? TheCollections().bankAccounts.Item(1)->Code : code;
+    return code.isEmpty() ? all_.bankAccounts.Item(1)->Code : code;
 }
 
 void InsertBalanceTransactions(const Tenant& Item, const LetProperties& properties) {

@@ -7,11 +7,13 @@
 
 namespace records {
 
+struct Collections;
+
 /// The codes that the rows of tenants need of their properties, looked up once for all tenants of an import.
 class LetProperties {
 public:
-    /// As the collections stand now, with their codes made.
-    LetProperties();
+    /// As the collections stand now, with their codes made. They have to outlive this.
+    explicit LetProperties(const Collections& all);
 
     /// Empty if no property has this name.
     QString CodeOf(const QString& propertyName) const { return codes_.value(propertyName); }
@@ -21,6 +23,7 @@ public:
     QString BankCodeOf(const QString& propertyName) const;
 
 private:
+    const Collections& all_;
     QHash<QString, QString> codes_;
     QHash<QString, QString> bankCodes_;
 };

@@ -13,11 +13,12 @@ constexpr qint64 BankAccountType = 3;
 
 }  // namespace
 
-void bankAccounts::PropogateChanges(const QString& sOriginal, const QString& sNew) const {
-    RenameReferences(TheCollections().Properties, &Property::BankAccount, sOriginal, sNew);
+void bankAccounts::PropogateChanges(const Collections& all, const QString& sOriginal,
+                                    const QString& sNew) const {
+    RenameReferences(all.Properties, &Property::BankAccount, sOriginal, sNew);
 }
 
-void bankAccounts::InsertRecords(const RecordWritten& recordWritten) const {
+void bankAccounts::InsertRecords(const Collections& /*all*/, const RecordWritten& recordWritten) const {
     const auto accounts = OpenForChange(QStringLiteral("select * from glcodes"));
     for (const Reference& account : Walk()) {
         AddRow(accounts, {

@@ -5,6 +5,8 @@
 
 namespace records {
 
+struct Collections;
+
 struct BankAccountRules {
     using Record = BankAccount;
     static constexpr auto name = &BankAccount::BankAccountName;
@@ -16,10 +18,10 @@ struct BankAccountRules {
 class bankAccounts : public RecordCollection<BankAccountRules> {
 public:
     /// A renamed account takes its properties along. Called before the record changes.
-    void PropogateChanges(const QString& sOriginal, const QString& sNew) const;
+    void PropogateChanges(const Collections& all, const QString& sOriginal, const QString& sNew) const;
 
     /// Adds one row of the chart of accounts for each account. Needs the codes.
-    void InsertRecords(const RecordWritten& recordWritten = {}) const;
+    void InsertRecords(const Collections& all, const RecordWritten& recordWritten = {}) const;
 
     /// The code for each account name, followed on as GetBankAccount of the properties does: where a code is
     /// the name of a later account, that account's code takes its place.

@@ -32,6 +32,20 @@ void WriteEntry(Owner& record, const OwnerEntry& entry) {
     record.OwnersName = entry.OwnersName;
 }
 
+void WriteEntry(Tenant& record, const TenantEntry& entry) {
+    record.Name = entry.Name;
+    record.BalanceAmount = entry.BalanceAmount;
+    record.BondHeld = entry.BondHeld;
+    record.CurrentRent = entry.CurrentRent;
+    record.EndDate = entry.EndDate;
+    record.PropertyName = entry.PropertyName;
+    record.RentFrequency = entry.RentFrequency;
+    record.StartDate = entry.StartDate;
+    record.FrequencyNumber = entry.FrequencyNumber;
+    record.Setbalance = entry.Setbalance.value_or(false);
+    record.MonthDay = entry.MonthDay;
+}
+
 void WriteEntry(Property& record, const PropertyEntry& entry) {
     record.Address1 = entry.Address1;
     record.Address2 = entry.Address2;
@@ -96,37 +110,27 @@ std::shared_ptr<Owner> MakeRecord(const OwnerEntry& entry) {
 
 std::shared_ptr<Tenant> MakeRecord(const TenantEntry& entry) {
     auto record = std::make_shared<Tenant>();
-    ChangeRecord(*record, entry);
+    WriteEntry(*record, entry);
     return record;
 }
 
-void ChangeRecord(BankAccount& record, const BankAccountEntry& entry) {
-    TheCollections().bankAccounts.PropogateChanges(record.BankAccountName, entry.BankAccountName);
+void ChangeRecord(const Collections& all, BankAccount& record, const BankAccountEntry& entry) {
+    all.bankAccounts.PropogateChanges(all, record.BankAccountName, entry.BankAccountName);
     WriteEntry(record, entry);
 }
 
-void ChangeRecord(Owner& record, const OwnerEntry& entry) {
-    TheCollections().Owners.PropogateChanges(record.OwnersName, entry.OwnersName);
+void ChangeRecord(const Collections& all, Owner& record, const OwnerEntry& entry) {
+    all.Owners.PropogateChanges(all, record.OwnersName, entry.OwnersName);
     WriteEntry(record, entry);
 }
 
-void ChangeRecord(Property& record, const PropertyEntry& entry) {
-    TheCollections().Properties.PropogateChanges(record.Address1, entry.Address1);
+void ChangeRecord(const Collections& all, Property& record, const PropertyEntry& entry) {
+    all.Properties.PropogateChanges(all, record.Address1, entry.Address1);
     WriteEntry(record, entry);
 }
 
-void ChangeRecord(Tenant& record, const TenantEntry& entry) {
-    record.Name = entry.Name;
-    record.BalanceAmount = entry.BalanceAmount;
-    record.BondHeld = entry.BondHeld;
-    record.CurrentRent = entry.CurrentRent;
-    record.EndDate = entry.EndDate;
-    record.PropertyName = entry.PropertyName;
-    record.RentFrequency = entry.RentFrequency;
-    record.StartDate = entry.StartDate;
-    record.FrequencyNumber = entry.FrequencyNumber;
-    record.Setbalance = entry.Setbalance.value_or(false);
-    record.MonthDay = entry.MonthDay;
+void ChangeRecord(const Collections& /*all*/, Tenant& record, const TenantEntry& entry) {
+    WriteEntry(record, entry);
 }
 
 std::shared_ptr<Property> AddPropertyWithUnits(Properties& properties, const PropertyEntry& entry) {

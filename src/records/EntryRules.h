@@ -83,12 +83,12 @@ std::shared_ptr<BankAccount> MakeRecord(const BankAccountEntry& entry);
 std::shared_ptr<Owner> MakeRecord(const OwnerEntry& entry);
 std::shared_ptr<Tenant> MakeRecord(const TenantEntry& entry);
 
-/// Changes a record in place. A changed name is passed on to the records that refer to it by the old one;
-/// of a property, units and iType stay as they are: its units keep the old address.
-void ChangeRecord(BankAccount& record, const BankAccountEntry& entry);
-void ChangeRecord(Owner& record, const OwnerEntry& entry);
-void ChangeRecord(Property& record, const PropertyEntry& entry);
-void ChangeRecord(Tenant& record, const TenantEntry& entry);
+/// Changes a record of the collections in place. A changed name is passed on to the records that refer to it
+/// by the old one; of a property, units and iType stay as they are: its units keep the old address.
+void ChangeRecord(const Collections& all, BankAccount& record, const BankAccountEntry& entry);
+void ChangeRecord(const Collections& all, Owner& record, const OwnerEntry& entry);
+void ChangeRecord(const Collections& all, Property& record, const PropertyEntry& entry);
+void ChangeRecord(const Collections& all, Tenant& record, const TenantEntry& entry);
 
 /// Adds the property, and behind it its units if there are unit numbers. The units' addresses are not tested
 /// against anything. Returns the record added last.

@@ -63,17 +63,14 @@ void CheckTable(engine::Database& database, const KeyCounts& written, const QStr
 
 }  // namespace
 
-void CheckRecords() {
-    const Collections& collections = TheCollections();
+void CheckRecords(const Collections& all) {
     try {
         engine::Database& database = database::CurrentDatabase();
-        CheckTable(database, KeysOf(collections.bankAccounts), QStringLiteral("glcodes"),
-                   QStringLiteral("gl_code"), QStringLiteral(" where type = 3"));
-        CheckTable(database, KeysOf(collections.Owners), QStringLiteral("owner"), QStringLiteral("code"));
-        CheckTable(database, KeysOf(collections.Properties), QStringLiteral("property"),
-                   QStringLiteral("code"));
-        CheckTable(database, KeysOf(collections.Tenants), QStringLiteral("tenancy"),
-                   QStringLiteral("reference"));
+        CheckTable(database, KeysOf(all.bankAccounts), QStringLiteral("glcodes"), QStringLiteral("gl_code"),
+                   QStringLiteral(" where type = 3"));
+        CheckTable(database, KeysOf(all.Owners), QStringLiteral("owner"), QStringLiteral("code"));
+        CheckTable(database, KeysOf(all.Properties), QStringLiteral("property"), QStringLiteral("code"));
+        CheckTable(database, KeysOf(all.Tenants), QStringLiteral("tenancy"), QStringLiteral("reference"));
     } catch (...) {
         database::ReportError(QStringLiteral("Import Data"), database::DatabaseFile());
     }

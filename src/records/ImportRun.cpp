@@ -59,22 +59,22 @@ constexpr std::array WipeStatements{
 
 }  // namespace
 
-void ImportData(const ImportProgress& progress) {
+void ImportData(Collections& all, const ImportProgress& progress) {
     const int reportedBefore = database::ReportedErrors();
-    PrepareCodes();
+    PrepareCodes(all);
     WipeDatabase();
-    InsertAllRecords(progress);
+    InsertAllRecords(all, progress);
     database::CheckWritten();
     if (database::ReportedErrors() == reportedBefore) {
-        CheckRecords();
+        CheckRecords(all);
     }
 }
 
-void PrepareCodes() {
-    TheCollections().bankAccounts.GenerateCodes();
-    TheCollections().Owners.GenerateCodes();
-    TheCollections().Properties.GenerateCodes();
-    TheCollections().Tenants.GenerateCodes();
+void PrepareCodes(Collections& all) {
+    all.bankAccounts.GenerateCodes();
+    all.Owners.GenerateCodes();
+    all.Properties.GenerateCodes();
+    all.Tenants.GenerateCodes();
 }
 
 void WipeDatabase() {
@@ -86,10 +86,9 @@ void WipeDatabase() {
     }
 }
 
-void InsertAllRecords(const ImportProgress& progress) {
-    const Collections& collections = TheCollections();
-    const int total = collections.bankAccounts.Count() + collections.Owners.Count() +
-                      collections.Properties.Count() + collections.Tenants.Count();
+void InsertAllRecords(const Collections& all, const ImportProgress& progress) {
+    const int total =
+        all.bankAccounts.Count() + all.Owners.Count() + all.Properties.Count() + all.Tenants.Count();
     int done = 0;
     const auto recordWritten = [&] {
         ++done;
@@ -97,10 +96,10 @@ void InsertAllRecords(const ImportProgress& progress) {
             progress(done, total);
         }
     };
-    collections.bankAccounts.InsertRecords(recordWritten);
-    collections.Owners.InsertRecords(recordWritten);
-    collections.Properties.InsertRecords(recordWritten);
-    collections.Tenants.InsertRecords(recordWritten);
+    all.bankAccounts.InsertRecords(all, recordWritten);
+    all.Owners.InsertRecords(all, recordWritten);
+    all.Properties.InsertRecords(all, recordWritten);
+    all.Tenants.InsertRecords(all, recordWritten);
     SetDisbursementCutOff();
 }
 

@@ -6,11 +6,11 @@
 
 namespace records {
 
-void Owners::PropogateChanges(const QString& sOriginal, const QString& sNew) const {
-    RenameReferences(TheCollections().Properties, &Property::Owner, sOriginal, sNew);
+void Owners::PropogateChanges(const Collections& all, const QString& sOriginal, const QString& sNew) const {
+    RenameReferences(all.Properties, &Property::Owner, sOriginal, sNew);
 }
 
-void Owners::InsertRecords(const RecordWritten& recordWritten) const {
+void Owners::InsertRecords(const Collections& /*all*/, const RecordWritten& recordWritten) const {
     const auto owners = OpenForChange(QStringLiteral("select * from owner"));
     for (const Reference& owner : Walk()) {
         // A landlord may leave the one owner's name empty. Hearthbook can't show an owner without a code.

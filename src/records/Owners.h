@@ -5,6 +5,8 @@
 
 namespace records {
 
+struct Collections;
+
 struct OwnerRules {
     using Record = Owner;
     static constexpr auto name = &Owner::OwnersName;
@@ -16,10 +18,10 @@ struct OwnerRules {
 class Owners : public RecordCollection<OwnerRules> {
 public:
     /// A renamed owner takes its properties along. Called before the record changes.
-    void PropogateChanges(const QString& sOriginal, const QString& sNew) const;
+    void PropogateChanges(const Collections& all, const QString& sOriginal, const QString& sNew) const;
 
     /// Adds one row for each owner who has a code, all with the one management fee. Needs the codes.
-    void InsertRecords(const RecordWritten& recordWritten = {}) const;
+    void InsertRecords(const Collections& all, const RecordWritten& recordWritten = {}) const;
 };
 
 }  // namespace records

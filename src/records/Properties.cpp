@@ -15,15 +15,16 @@ constexpr qint64 Vacant = 1;
 
 }  // namespace
 
-void Properties::PropogateChanges(const QString& sOriginal, const QString& sNew) const {
-    RenameReferences(TheCollections().Tenants, &Tenant::PropertyName, sOriginal, sNew);
+void Properties::PropogateChanges(const Collections& all, const QString& sOriginal,
+                                  const QString& sNew) const {
+    RenameReferences(all.Tenants, &Tenant::PropertyName, sOriginal, sNew);
 }
 
-void Properties::InsertRecords(const RecordWritten& recordWritten) const {
-    const auto accountCodes = TheCollections().bankAccounts.CodesByName();
-    const auto ownerCodes = TheCollections().Owners.CodesByName();
+void Properties::InsertRecords(const Collections& all, const RecordWritten& recordWritten) const {
+    const auto accountCodes = all.bankAccounts.CodesByName();
+    const auto ownerCodes = all.Owners.CodesByName();
     const auto propertyCodes = CodesByName();
-    const auto occupied = TheCollections().Tenants.OccupiedProperties();
+    const auto occupied = all.Tenants.OccupiedProperties();
 
     const auto properties = OpenForChange(QStringLiteral("select * from property"));
     for (const Reference& property : Walk()) {
@@ -49,18 +50,18 @@ void Properties::InsertRecords(const RecordWritten& recordWritten) const {
     }
 }
 
-QString Properties::GetBankAccount(const QString& Name) const {
-    return BankAccountsByName().value(Name);
+QString Properties::GetBankAccount(const bankAccounts& accounts, const QString& Name) const {
+    return BankAccountsByName(accounts).value(Name);
 }
 
-QHash<QString, QString> Properties::BankAccountsByName() const {
-    const auto accountCodes = TheCollections().bankAccounts.FinalCodesByName();
-    QHash<QString, QString> accounts;
-    accounts.reserve(Count());
+QHash<QString, QString> Properties::BankAccountsByName(const bankAccounts& accounts) const {
+    const auto accountCodes = accounts.FinalCodesByName();
+    QHash<QString, QString> codes;
+    codes.reserve(Count());
     for (const Reference& property : Walk()) {
-        accounts.insert(property->Address1, accountCodes.value(property->BankAccount, property->BankAccount));
+        codes.insert(property->Address1, accountCodes.value(property->BankAccount, property->BankAccount));
     }
-    return accounts;
+    return codes;
 }
 
 }  // namespace records

@@ -62,8 +62,8 @@ void InsertRentPeriods(const Tenant& tenant) {
 
 }  // namespace
 
-void Tenants::InsertRecords(const RecordWritten& recordWritten) const {
-    const LetProperties properties;
+void Tenants::InsertRecords(const Collections& all, const RecordWritten& recordWritten) const {
+    const LetProperties properties(all);
     const auto tenancies = OpenForChange(QStringLiteral("select * from tenancy"));
     for (const Reference& tenant : Walk()) {
         // The tenancy comes first, since its end may be read back for the periods, and the receipts last,

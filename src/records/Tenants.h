@@ -8,6 +8,8 @@
 
 namespace records {
 
+struct Collections;
+
 struct TenantRules {
     using Record = Tenant;
     static constexpr auto name = &Tenant::Name;
@@ -21,7 +23,7 @@ class Tenants : public RecordCollection<TenantRules> {
 public:
     /// Writes for each tenant the tenancy, the bond, the rent periods and the rent transactions. Needs the
     /// codes of all four collections.
-    void InsertRecords(const RecordWritten& recordWritten = {}) const;
+    void InsertRecords(const Collections& all, const RecordWritten& recordWritten = {}) const;
 
     /// True if any tenant, past ones included, has this property. Names are compared exactly.
     bool PropertyOccupied(const QString& Name) const;

@@ -3,6 +3,7 @@
 #include "controls/akGrid.h"
 #include "controls/ctlButton.h"
 #include "platform/MessageBox.h"
+#include "records/Collections.h"
 #include "screens/Paper.h"
 
 #include <QLabel>
@@ -20,15 +21,15 @@ namespace screens {
 ///   Dialog                       the dialog that adds or changes one record
 ///   label, headings, widths      what the page says and the columns of its list
 ///   list                         what assistive programs call the list
-///   Collection()                 the records
+///   Collection(all)              the records
 ///   RowOf(record)                the record's row, the values separated by tabs; the first is its name
 ///   MayLeave(collection)         whether Next may leave the page; tells the user why not
 ///   EditFieldOf(dialog)          where the dialog takes the record to be changed
-///   TakeFrom(dialog)             adds what the dialog has made; true if the list has to be shown anew
+///   TakeFrom(dialog, all)        adds what the dialog has made; true if the list has to be shown anew
 template <typename Own>
 class ListPage : public QWidget {
 public:
-    explicit ListPage(QWidget* parent) : QWidget(parent) {
+    ListPage(QWidget* parent, records::Collections& all) : QWidget(parent), all_(all) {
         setPalette(PaperPalette());
         AddLabel(this, QStringLiteral("Label1"), Own::label, {0, 0, 11000, 300});
         const QString zeros = QStringLiteral("0|").repeated(Own::headings.count(QLatin1Char('|')));
@@ -52,13 +53,13 @@ public:
     /// Shows the collection as it is now, in its own order.
     void Initialise() {
         akGrid1_->SetRows(0);
-        for (const auto& record : Own::Collection()) {
+        for (const auto& record : Own::Collection(all_)) {
             akGrid1_->AddItem(Own::RowOf(*record));
         }
     }
 
     /// Whether the page may be left forward. Where it may not, the user has been told why.
-    bool IsValid() { return Own::MayLeave(Own::Collection()); }
+    bool IsValid() { return Own::MayLeave(Own::Collection(all_)); }
 
 private:
     static constexpr int heightOfRows = 240;
@@ -74,9 +75,9 @@ private:
     }
 
     void Add() {
-        const auto dialog = std::make_unique<typename Own::Dialog>(window());
+        const auto dialog = std::make_unique<typename Own::Dialog>(window(), all_);
         dialog->exec();
-        if (Own::TakeFrom(*dialog)) {
+        if (Own::TakeFrom(*dialog, all_)) {
             Initialise();
         }
     }
@@ -86,9 +87,9 @@ private:
         if (name.isEmpty()) {
             return;
         }
-        const auto dialog = std::make_unique<typename Own::Dialog>(window());
+        const auto dialog = std::make_unique<typename Own::Dialog>(window(), all_);
         if (const int place = PlaceOf(name); place > 0) {
-            Own::EditFieldOf(*dialog) = Own::Collection().Item(place);
+            Own::EditFieldOf(*dialog) = Own::Collection(all_).Item(place);
         }
         dialog->exec();
         Initialise();
@@ -100,7 +101,7 @@ private:
             return;
         }
         if (const int place = PlaceOf(name); place > 0) {
-            Own::Collection().Remove(place);
+            Own::Collection(all_).Remove(place);
         }
         Initialise();
     }
@@ -108,17 +109,18 @@ private:
     QString NameInCurrentRow() const { return akGrid1_->TextMatrix(akGrid1_->AbsoluteRow(), 1); }
 
     /// The place of the first record of this name, 0 if there is none.
-    static int PlaceOf(const QString& name) {
+    int PlaceOf(const QString& name) const {
         int place = 0;
-        for (const auto& record : Own::Collection()) {
+        for (const auto& record : Own::Collection(all_)) {
             ++place;
-            if (Own::Collection().NameOf(*record) == name) {
+            if (Own::Collection(all_).NameOf(*record) == name) {
                 return place;
             }
         }
         return 0;
     }
 
+    records::Collections& all_;
     controls::akGrid* akGrid1_;
 };
 

@@ -38,8 +38,8 @@ bool AccountsPage::MayLeave(const records::bankAccounts& collection) {
     return MayLeaveUnlessFaulty(collection);
 }
 
-bool AccountsPage::TakeFrom(Dialog& dialog) {
-    return AddIfMade(Collection(), dialog.AddAccount);
+bool AccountsPage::TakeFrom(Dialog& dialog, records::Collections& all) {
+    return AddIfMade(Collection(all), dialog.AddAccount);
 }
 
 const QString OwnerPage::label =
@@ -53,8 +53,8 @@ bool OwnerPage::MayLeave(const records::Owners& collection) {
            platform::AskQuestion(records::EntryQuestion::NoOwners);
 }
 
-bool OwnerPage::TakeFrom(Dialog& dialog) {
-    return AddIfMade(Collection(), dialog.AddOwner);
+bool OwnerPage::TakeFrom(Dialog& dialog, records::Collections& all) {
+    return AddIfMade(Collection(all), dialog.AddOwner);
 }
 
 const QString PropertyPage::label = QStringLiteral("Enter the list of properties you manage.");
@@ -66,7 +66,7 @@ bool PropertyPage::MayLeave(const records::Properties& collection) {
     return MayLeaveUnlessFaulty(collection);
 }
 
-bool PropertyPage::TakeFrom(Dialog& /*dialog*/) {
+bool PropertyPage::TakeFrom(Dialog& /*dialog*/, records::Collections& /*all*/) {
     // The dialog has added its records itself, since a building brings its units along.
     return true;
 }
@@ -80,8 +80,8 @@ bool TenantPage::MayLeave(const records::Tenants& collection) {
     return MayLeaveUnlessFaulty(collection);
 }
 
-bool TenantPage::TakeFrom(Dialog& dialog) {
-    return AddIfMade(Collection(), dialog.AddTenant);
+bool TenantPage::TakeFrom(Dialog& dialog, records::Collections& all) {
+    return AddIfMade(Collection(all), dialog.AddTenant);
 }
 
 }  // namespace screens

@@ -16,11 +16,11 @@ struct AccountsPage {
     static const QString list;
     static const QString headings;
     static const QString widths;
-    static records::bankAccounts& Collection() { return records::TheCollections().bankAccounts; }
+    static records::bankAccounts& Collection(records::Collections& all) { return all.bankAccounts; }
     static QString RowOf(const records::BankAccount& record) { return record.BankAccountName; }
     static bool MayLeave(const records::bankAccounts& collection);
     static auto& EditFieldOf(Dialog& dialog) { return dialog.EditAccount; }
-    static bool TakeFrom(Dialog& dialog);
+    static bool TakeFrom(Dialog& dialog, records::Collections& all);
 };
 
 struct OwnerPage {
@@ -29,11 +29,11 @@ struct OwnerPage {
     static const QString list;
     static const QString headings;
     static const QString widths;
-    static records::Owners& Collection() { return records::TheCollections().Owners; }
+    static records::Owners& Collection(records::Collections& all) { return all.Owners; }
     static QString RowOf(const records::Owner& record) { return record.OwnersName; }
     static bool MayLeave(const records::Owners& collection);
     static auto& EditFieldOf(Dialog& dialog) { return dialog.EditOwner; }
-    static bool TakeFrom(Dialog& dialog);
+    static bool TakeFrom(Dialog& dialog, records::Collections& all);
 };
 
 struct PropertyPage {
@@ -42,13 +42,13 @@ struct PropertyPage {
     static const QString list;
     static const QString headings;
     static const QString widths;
-    static records::Properties& Collection() { return records::TheCollections().Properties; }
+    static records::Properties& Collection(records::Collections& all) { return all.Properties; }
     static QString RowOf(const records::Property& record) {
         return record.Address1 + QLatin1Char('\t') + record.Owner;
     }
     static bool MayLeave(const records::Properties& collection);
     static auto& EditFieldOf(Dialog& dialog) { return dialog.EditProperty; }
-    static bool TakeFrom(Dialog& dialog);
+    static bool TakeFrom(Dialog& dialog, records::Collections& all);
 };
 
 struct TenantPage {
@@ -57,13 +57,13 @@ struct TenantPage {
     static const QString list;
     static const QString headings;
     static const QString widths;
-    static records::Tenants& Collection() { return records::TheCollections().Tenants; }
+    static records::Tenants& Collection(records::Collections& all) { return all.Tenants; }
     static QString RowOf(const records::Tenant& record) {
         return record.Name + QLatin1Char('\t') + record.PropertyName;
     }
     static bool MayLeave(const records::Tenants& collection);
     static auto& EditFieldOf(Dialog& dialog) { return dialog.EditTenant; }
-    static bool TakeFrom(Dialog& dialog);
+    static bool TakeFrom(Dialog& dialog, records::Collections& all);
 };
 
 using ctlPageAccounts = ListPage<AccountsPage>;

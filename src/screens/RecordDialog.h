@@ -67,9 +67,11 @@ protected:
     using Reference = typename Collection::Reference;
 
     /// The fields for the record to be changed and for the one made, which are members of the dialog itself.
-    RecordDialog(const QString& caption, int width, int height, QWidget* parent, Reference& edit,
-                 Reference& add)
-        : DialogWindow(caption, width, height, parent), edit_(edit), add_(add) {}
+    RecordDialog(const QString& caption, int width, int height, QWidget* parent, records::Collections& all,
+                 Reference& edit, Reference& add)
+        : DialogWindow(caption, width, height, parent), all_(all), edit_(edit), add_(add) {}
+
+    records::Collections& All() { return all_; }
 
     virtual Collection& Records() = 0;
     /// Fills the lists that the user chooses from.
@@ -103,7 +105,7 @@ protected:
         }
         Complete(entry);
         if (edit_) {
-            records::ChangeRecord(*edit_, entry);
+            records::ChangeRecord(all_, *edit_, entry);
         } else {
             add_ = Make(entry);
         }
@@ -111,6 +113,7 @@ protected:
     }
 
 private:
+    records::Collections& all_;
     Reference& edit_;
     Reference& add_;
 };

@@ -6,7 +6,7 @@
 
 namespace screens {
 
-ctlSingleOwner::ctlSingleOwner(QWidget* parent) : QWidget(parent) {
+ctlSingleOwner::ctlSingleOwner(QWidget* parent, records::Owners& owners) : QWidget(parent), owners_(owners) {
     setPalette(PaperPalette());
     AddLabel(
         this, QStringLiteral("Label1"),
@@ -22,14 +22,13 @@ ctlSingleOwner::ctlSingleOwner(QWidget* parent) : QWidget(parent) {
 }
 
 void ctlSingleOwner::Initialise() {
-    const records::Owners& owners = records::TheCollections().Owners;
-    if (owners.Count() > 0) {
-        txtName_->SetText(owners.Item(1)->OwnersName);
+    if (owners_.Count() > 0) {
+        txtName_->SetText(owners_.Item(1)->OwnersName);
     }
 }
 
 bool ctlSingleOwner::IsValid() {
-    records::ReplaceOwners(records::TheCollections().Owners, txtName_->Text());
+    records::ReplaceOwners(owners_, txtName_->Text());
     return true;
 }
 

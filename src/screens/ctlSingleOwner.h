@@ -6,6 +6,10 @@ namespace controls {
 class ctlTextBox;
 }
 
+namespace records {
+class Owners;
+}
+
 namespace screens {
 
 /// The page of owners as a landlord sees it: one name, and no list. Leaving it forward makes the owner anew;
@@ -14,7 +18,7 @@ class ctlSingleOwner : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ctlSingleOwner(QWidget* parent);
+    ctlSingleOwner(QWidget* parent, records::Owners& owners);
 
     /// Shows the first owner, if there is one.
     void Initialise();
@@ -23,6 +27,7 @@ public:
     bool IsValid();
 
 private:
+    records::Owners& owners_;
     controls::ctlTextBox* txtName_;
 };
 

@@ -2,8 +2,8 @@
 
 namespace screens {
 
-frmBankAccount::frmBankAccount(QWidget* parent)
-    : RecordDialog(QStringLiteral("Bank Account"), 6600, 3300, parent, EditAccount, AddAccount) {
+frmBankAccount::frmBankAccount(QWidget* parent, records::Collections& all)
+    : RecordDialog(QStringLiteral("Bank Account"), 6600, 3300, parent, all, EditAccount, AddAccount) {
     txtName_ = AddTextBox(QStringLiteral("txtName"), QStringLiteral("Account Name"), 0, 3600,
                           {.MaxLength = records::EntryLimit::BankAccountName, .Text = QString()});
     datBalance_ = AddDate(QStringLiteral("datBalance"), QStringLiteral("Balance Date"), 1, {});
@@ -22,7 +22,7 @@ frmBankAccount::frmBankAccount(QWidget* parent)
 }
 
 records::bankAccounts& frmBankAccount::Records() {
-    return records::TheCollections().bankAccounts;
+    return All().bankAccounts;
 }
 
 void frmBankAccount::ShowRecord(const records::BankAccount& record) {

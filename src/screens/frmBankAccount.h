@@ -9,7 +9,7 @@ namespace screens {
 /// Adds a bank account or changes one, with the balance of a statement from which Hearthbook goes on.
 class frmBankAccount : public RecordDialog<records::bankAccounts, records::BankAccountEntry> {
 public:
-    explicit frmBankAccount(QWidget* parent);
+    frmBankAccount(QWidget* parent, records::Collections& all);
 
     std::shared_ptr<records::BankAccount> EditAccount;
     std::shared_ptr<records::BankAccount> AddAccount;

@@ -2,15 +2,15 @@
 
 namespace screens {
 
-frmOwner::frmOwner(QWidget* parent)
-    : RecordDialog(QStringLiteral("Owner"), 6600, 1500, parent, EditOwner, AddOwner) {
+frmOwner::frmOwner(QWidget* parent, records::Collections& all)
+    : RecordDialog(QStringLiteral("Owner"), 6600, 1500, parent, all, EditOwner, AddOwner) {
     txtName_ = AddTextBox(QStringLiteral("txtName"), QStringLiteral("Owner Name"), 0, 3600,
                           {.MaxLength = records::EntryLimit::OwnersName, .Text = QString()});
     AddSaveAndCancel();
 }
 
 records::Owners& frmOwner::Records() {
-    return records::TheCollections().Owners;
+    return All().Owners;
 }
 
 void frmOwner::ShowRecord(const records::Owner& record) {

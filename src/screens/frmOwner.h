@@ -9,7 +9,7 @@ namespace screens {
 /// Adds an owner or changes one.
 class frmOwner : public RecordDialog<records::Owners, records::OwnerEntry> {
 public:
-    explicit frmOwner(QWidget* parent);
+    frmOwner(QWidget* parent, records::Collections& all);
 
     std::shared_ptr<records::Owner> EditOwner;
     std::shared_ptr<records::Owner> AddOwner;

@@ -25,8 +25,8 @@ void FillWithNames(QComboBox& list, const Collection& collection) {
 
 }  // namespace
 
-frmProperty::frmProperty(QWidget* parent)
-    : RecordDialog(QStringLiteral("Property"), 7800, 4500, parent, EditProperty, AddProperty) {
+frmProperty::frmProperty(QWidget* parent, records::Collections& all)
+    : RecordDialog(QStringLiteral("Property"), 7800, 4500, parent, all, EditProperty, AddProperty) {
     const ctlTextBox::Properties address{.MaxLength = records::EntryLimit::Address, .Text = QString()};
     txtAddress1_ =
         AddTextBox(QStringLiteral("txtAddress1"), QStringLiteral("Address 1"), 0, widthOfAddress, address);
@@ -84,12 +84,12 @@ void frmProperty::CountUnitNumbers() {
 }
 
 records::Properties& frmProperty::Records() {
-    return records::TheCollections().Properties;
+    return All().Properties;
 }
 
 void frmProperty::FillLists() {
-    FillWithNames(*cboOwner_, records::TheCollections().Owners);
-    FillWithNames(*cboAccount_, records::TheCollections().bankAccounts);
+    FillWithNames(*cboOwner_, All().Owners);
+    FillWithNames(*cboAccount_, All().bankAccounts);
 }
 
 void frmProperty::ShowRecord(const records::Property& record) {

@@ -14,7 +14,7 @@ namespace screens {
 /// are properties of their own by then.
 class frmProperty : public RecordDialog<records::Properties, records::PropertyEntry> {
 public:
-    explicit frmProperty(QWidget* parent);
+    frmProperty(QWidget* parent, records::Collections& all);
 
     std::shared_ptr<records::Property> EditProperty;
     /// The record made last: the last unit, or the single property. It is in the collection already.

@@ -34,8 +34,8 @@ const ctlTextBox::Properties& CountBox() {
 
 }  // namespace
 
-frmTenant::frmTenant(QWidget* parent)
-    : RecordDialog(QStringLiteral("Tenant"), 9600, 5700, parent, EditTenant, AddTenant) {
+frmTenant::frmTenant(QWidget* parent, records::Collections& all)
+    : RecordDialog(QStringLiteral("Tenant"), 9600, 5700, parent, all, EditTenant, AddTenant) {
     AddTenancyFields();
     AddRentFields();
     AddBalanceFields();
@@ -114,7 +114,7 @@ void frmTenant::Load() {
     cboFrequency_->addItems(records::OfferedFrequencies());
     cboFrequency_->setCurrentText(records::DefaultFrequency());
     ShowMonthDay();
-    for (const auto& property : records::TheCollections().Properties) {
+    for (const auto& property : All().Properties) {
         if (records::CanBeLet(*property)) {
             cboProperty_->addItem(property->Address1);
         }
@@ -132,7 +132,7 @@ void frmTenant::ShowMonthDay() {
 }
 
 records::Tenants& frmTenant::Records() {
-    return records::TheCollections().Tenants;
+    return All().Tenants;
 }
 
 void frmTenant::ShowRecord(const records::Tenant& record) {

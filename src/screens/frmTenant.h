@@ -13,7 +13,7 @@ namespace screens {
 /// makes up the payments that lead to it or writes none.
 class frmTenant : public RecordDialog<records::Tenants, records::TenantEntry> {
 public:
-    explicit frmTenant(QWidget* parent);
+    frmTenant(QWidget* parent, records::Collections& all);
 
     std::shared_ptr<records::Tenant> EditTenant;
     std::shared_ptr<records::Tenant> AddTenant;

@@ -11,7 +11,7 @@ void RunImport(bool restartRequested) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     // The window is held up from here on; what it still has to draw, the hourglass too, is drawn before.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    records::ImportData();
+    records::ImportData(records::TheCollections());
     QApplication::restoreOverrideCursor();
     platform::ShowMessageBox(records::ImportCompleteMessage(restartRequested));
 }

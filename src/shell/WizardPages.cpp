@@ -1,11 +1,14 @@
 #include "shell/WizardPages.h"
 
+#include "records/Collections.h"
 #include "records/ImportSettings.h"
 #include "screens/ListPages.h"
 #include "screens/ctlSingleOwner.h"
 #include "shell/ctlFinish.h"
 #include "shell/ctlPageIntro.h"
 #include "shell/ctlPageType.h"
+
+#include <type_traits>
 
 namespace shell {
 
@@ -25,6 +28,19 @@ bool IsForManagers() {
     return !IsForLandlords();
 }
 
+/// Each page gets of the collections what it works with.
+template <typename Page>
+QWidget* MakePage(QWidget* parent) {
+    records::Collections& all = records::TheCollections();
+    if constexpr (std::is_constructible_v<Page, QWidget*, records::Collections&>) {
+        return new Page(parent, all);
+    } else if constexpr (std::is_constructible_v<Page, QWidget*, records::Owners&>) {
+        return new Page(parent, all.Owners);
+    } else {
+        return new Page(parent);
+    }
+}
+
 /// A page has Initialise and IsValid if there is something to fill in or to check.
 template <typename Page>
 PageKind KindOf(const QString& tab, const QString& name, std::optional<int> helpTopic,
@@ -33,7 +49,7 @@ PageKind KindOf(const QString& tab, const QString& name, std::optional<int> help
                   .name = name,
                   .helpTopic = helpTopic,
                   .IsMeant = isMeant,
-                  .Make = [](QWidget* parent) { return new Page(parent); },
+                  .Make = MakePage<Page>,
                   .Initialise = [](QWidget& /*page*/) {},
                   .IsValid = [](QWidget& /*page*/) { return true; }};
     if constexpr (requires(Page page) { page.Initialise(); }) {

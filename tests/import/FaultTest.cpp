@@ -56,7 +56,7 @@ protected:
         disk.FailAgainAfter(secondFault_.after, secondFault_.operations);
         disk.HoldAtMost(room_);
         try {
-            records::ImportData();
+            records::ImportData(records::TheCollections());
         } catch (const platform::Failure&) {
             outcome.endedEarly = true;
         }

@@ -23,8 +23,8 @@ protected:
     }
 
     static void Insert() {
-        records::PrepareCodes();
-        TheCollections().Tenants.InsertRecords();
+        records::PrepareCodes(TheCollections());
+        TheCollections().Tenants.InsertRecords(TheCollections());
     }
 
     static QStringList Receipts() {

@@ -7,7 +7,9 @@ using records::TheCollections;
 
 class BankLookupTest : public RecordsTest {
 protected:
-    static QString BankOf(const QString& name) { return TheCollections().Properties.GetBankAccount(name); }
+    static QString BankOf(const QString& name) {
+        return TheCollections().Properties.GetBankAccount(TheCollections().bankAccounts, name);
+    }
 
     /// The rule as two walks, one inside the other.
     static QString PlainBankOf(const QString& name) {

@@ -118,7 +118,7 @@ TEST_F(CollectionsTest, EachCollectionComparesItsOwnName) {
 TEST_F(CollectionsTest, ARenamedAccountTakesItsPropertiesAlong) {
     const auto property = AddProperty(u"1 A St"_s, u"Trust"_s, u"Trust"_s);
     const auto otherCase = AddProperty(u"2 A St"_s, u"trust"_s);
-    TheCollections().bankAccounts.PropogateChanges(u"Trust"_s, u"Trust Account"_s);
+    TheCollections().bankAccounts.PropogateChanges(TheCollections(), u"Trust"_s, u"Trust Account"_s);
     EXPECT_EQ(property->BankAccount, u"Trust Account"_s);
     EXPECT_EQ(property->Owner, u"Trust"_s);
     EXPECT_EQ(otherCase->BankAccount, u"trust"_s);
@@ -126,7 +126,7 @@ TEST_F(CollectionsTest, ARenamedAccountTakesItsPropertiesAlong) {
 
 TEST_F(CollectionsTest, ARenamedOwnerTakesItsPropertiesAlong) {
     const auto property = AddProperty(u"1 A St"_s, u"Smith"_s, u"Smith"_s);
-    TheCollections().Owners.PropogateChanges(u"Smith"_s, u"Jones"_s);
+    TheCollections().Owners.PropogateChanges(TheCollections(), u"Smith"_s, u"Jones"_s);
     EXPECT_EQ(property->Owner, u"Jones"_s);
     EXPECT_EQ(property->BankAccount, u"Smith"_s);
 }
@@ -136,7 +136,7 @@ TEST_F(CollectionsTest, ARenamedPropertyTakesItsTenantsAlongButNotItsUnits) {
     unit->ParentProperty = u"Old"_s;
     const auto tenant = AddTenant(u"T"_s, u"Old"_s);
     const auto otherCase = AddTenant(u"U"_s, u"OLD"_s);
-    TheCollections().Properties.PropogateChanges(u"Old"_s, u"New"_s);
+    TheCollections().Properties.PropogateChanges(TheCollections(), u"Old"_s, u"New"_s);
     EXPECT_EQ(tenant->PropertyName, u"New"_s);
     EXPECT_EQ(otherCase->PropertyName, u"OLD"_s);
     EXPECT_EQ(unit->ParentProperty, u"Old"_s);
@@ -181,19 +181,22 @@ TEST_F(CollectionsTest, WalksTakeAllThatSixteenBitsCanCount) {
     EXPECT_EQ(FailureOf([&] { collections.Tenants.NameExists(u"x"_s, nullptr); }), 6);
     EXPECT_EQ(FailureOf([&] { collections.Tenants.GenerateCodes(); }), 6);
     EXPECT_EQ(FailureOf([&] { collections.Tenants.PropertyOccupied(u"x"_s); }), 6);
-    EXPECT_EQ(FailureOf([&] { collections.Properties.PropogateChanges(u"a"_s, u"b"_s); }), 6);
+    EXPECT_EQ(FailureOf([&] { collections.Properties.PropogateChanges(TheCollections(), u"a"_s, u"b"_s); }),
+              6);
     EXPECT_EQ(collections.Tenants.Item(32768)->Name, QString());
 }
 
 TEST_F(CollectionsTest, TooManyPropertiesFailEveryWalkOverThem) {
     auto& collections = TheCollections();
     Fill(collections.Properties, 32767);
-    EXPECT_EQ(FailureOf([&] { collections.Owners.PropogateChanges(u"a"_s, u"b"_s); }), 0);
+    EXPECT_EQ(FailureOf([&] { collections.Owners.PropogateChanges(TheCollections(), u"a"_s, u"b"_s); }), 0);
     Fill(collections.Properties, 1);
-    EXPECT_EQ(FailureOf([&] { collections.Owners.PropogateChanges(u"a"_s, u"b"_s); }), 6);
-    EXPECT_EQ(FailureOf([&] { collections.bankAccounts.PropogateChanges(u"a"_s, u"b"_s); }), 6);
+    EXPECT_EQ(FailureOf([&] { collections.Owners.PropogateChanges(TheCollections(), u"a"_s, u"b"_s); }), 6);
+    EXPECT_EQ(FailureOf([&] { collections.bankAccounts.PropogateChanges(TheCollections(), u"a"_s, u"b"_s); }),
+              6);
     EXPECT_EQ(FailureOf([&] { collections.Properties.GetCode(u"a"_s); }), 6);
-    EXPECT_EQ(FailureOf([&] { collections.Properties.GetBankAccount(u"a"_s); }), 6);
+    EXPECT_EQ(
+        FailureOf([&] { collections.Properties.GetBankAccount(TheCollections().bankAccounts, u"a"_s); }), 6);
 }
 
 }  // namespace

@@ -121,18 +121,19 @@ TEST_F(EntryRulesTest, AChangedNameIsPassedOnBeforeTheRecordChanges) {
     const auto property = AddProperty(u"12 Main Road"_s, u"Main"_s, u"Smith"_s);
     const auto tenant = AddTenant(u"Ada"_s, u"12 Main Road"_s);
 
-    ChangeRecord(*account, BankAccountEntry{u"Trust"_s, QDate(2026, 2, 1), 7});
+    ChangeRecord(TheCollections(), *account, BankAccountEntry{u"Trust"_s, QDate(2026, 2, 1), 7});
     EXPECT_EQ(account->BankAccountName, u"Trust"_s);
     EXPECT_EQ(account->Code, u"BankAcct"_s);
     EXPECT_EQ(property->BankAccount, u"Trust"_s);
 
-    ChangeRecord(*owner, OwnerEntry{u"Jones"_s});
+    ChangeRecord(TheCollections(), *owner, OwnerEntry{u"Jones"_s});
     EXPECT_EQ(owner->OwnersName, u"Jones"_s);
     EXPECT_EQ(property->Owner, u"Jones"_s);
 
     property->iType = PropertyType::Building;
     property->ParentProperty = u"12 Main Road"_s;
-    ChangeRecord(*property, PropertyEntry{u"14 Main Road"_s, u"Town"_s, u"Land"_s, u"o"_s, u"b"_s, u"1,2"_s});
+    ChangeRecord(TheCollections(), *property,
+                 PropertyEntry{u"14 Main Road"_s, u"Town"_s, u"Land"_s, u"o"_s, u"b"_s, u"1,2"_s});
     EXPECT_EQ(property->Address1, u"14 Main Road"_s);
     EXPECT_EQ(property->Address2, u"Town"_s);
     EXPECT_EQ(property->Address3, u"Land"_s);

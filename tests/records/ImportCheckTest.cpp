@@ -14,7 +14,7 @@ protected:
     }
 
     void ImportWhile(const char* othersStatements) const {
-        records::ImportData([&](int done, int total) {
+        records::ImportData(TheCollections(), [&](int done, int total) {
             if (done == total) {
                 database::CurrentDatabase().Flush();
                 EXPECT_TRUE(RunElsewhere(path_, othersStatements));
@@ -79,7 +79,7 @@ TEST_F(ImportCheckTest, AwkwardKeysAreFoundAgain) {
     AddProperty(u"1 x"_s)->Code = u"same"_s;
     AddAccount(u"one"_s, u"same"_s);
     AddAccount(u"two"_s, u"same"_s);
-    records::ImportData();
+    records::ImportData(TheCollections());
     ExpectNoMessages();
     EXPECT_EQ(Rows(u"select code from owner"_s).size(), 2);
 }

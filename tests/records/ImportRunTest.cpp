@@ -121,7 +121,7 @@ TEST_F(ImportRunTest, ARunReplacesWhatTheDatabaseHeld) {
     tenant->Setbalance = true;
     tenant->BalanceAmount = 300;
     records::CurrentSettings().LastDisbursement = QDate(2026, 11, 7);
-    records::ImportData();
+    records::ImportData(TheCollections());
     const auto all = [] {
         return Rows(u"select gl_code from glcodes where type = 3"_s) + Rows(u"select * from owner"_s) +
                Rows(u"select * from property"_s) + Rows(u"select * from tenancy"_s) +
@@ -132,7 +132,7 @@ TEST_F(ImportRunTest, ARunReplacesWhatTheDatabaseHeld) {
     EXPECT_EQ(first.size(), 1 + 1 + 1 + 1 + 3 + 2);
     EXPECT_EQ(Rows(u"select [date], disburse_id, counter_gl from revenues order by [date]"_s),
               (QStringList{u"2026-11-01|-1|BankAcct"_s, u"2026-11-08|0|BankAcct"_s}));
-    records::ImportData();
+    records::ImportData(TheCollections());
     EXPECT_EQ(all(), first);
     ExpectNoMessages();
 }
@@ -140,7 +140,7 @@ TEST_F(ImportRunTest, ARunReplacesWhatTheDatabaseHeld) {
 TEST_F(ImportRunTest, WithoutATableTheRunGoesOn) {
     DropTable("mileage");
     records::CreateCollections();
-    records::ImportData();
+    records::ImportData(TheCollections());
     ASSERT_EQ(boxes_.requests.size(), 1U);
     EXPECT_EQ(boxes_.requests[0].title, u"Execute SQL"_s);
     EXPECT_EQ(Rows(u"select gl_code from glcodes where type = 3"_s), QStringList{u"BankAcct"_s});
@@ -150,7 +150,7 @@ TEST_F(ImportRunTest, WhenTheDatabaseCannotBeOpenedAgainTheRunAddsToTheOldData) 
     Execute(u"insert into owner (code, name) values ('OLD', 'Old Owner')"_s);
     AddOwner(u"Smith"_s);
     database::UseDatabaseFile(workplace_.Path(u"missing.mdb"_s));
-    records::ImportData();
+    records::ImportData(TheCollections());
     EXPECT_EQ(Rows(u"select code from owner order by code"_s), (QStringList{u"OLD"_s, u"Smith"_s}));
 }
 
@@ -208,13 +208,13 @@ private:
 };
 
 TEST_F(TwoImportsTest, WhileAnotherProcessImportsNothingIsChangedAndEachRowIsTold) {
-    records::ImportData();
+    records::ImportData(TheCollections());
     ExpectAllRefused(boxes_.requests);
 }
 
 TEST_F(TwoImportsTest, NothingIsAddedToWhatTheOtherHasLeftMeanwhile) {
     const InterruptedBoxes boxes([this] { other_->Kill(); });
-    records::ImportData();
+    records::ImportData(TheCollections());
     ExpectAllRefused(boxes.requests);
 }
 
@@ -224,7 +224,7 @@ TEST_F(ImportRunTest, ProgressCountsEveryRecord) {
     AddProperty(u"12 Main Road"_s);
     AddTenant(u"Ada"_s, u"12 Main Road"_s);
     std::vector<std::pair<int, int>> steps;
-    records::ImportData([&](int done, int total) { steps.emplace_back(done, total); });
+    records::ImportData(TheCollections(), [&](int done, int total) { steps.emplace_back(done, total); });
     EXPECT_EQ(steps, (std::vector<std::pair<int, int>>{{1, 4}, {2, 4}, {3, 4}, {4, 4}}));
 }
 
@@ -234,7 +234,7 @@ TEST_F(ImportRunTest, TooManyRecordsFailBeforeAnythingIsDeleted) {
     for (int place = 1; place <= 32768; ++place) {
         TheCollections().Tenants.Add(tenant);
     }
-    EXPECT_EQ(FailureOf([] { records::ImportData(); }), platform::FailureNumber::Overflow);
+    EXPECT_EQ(FailureOf([] { records::ImportData(TheCollections()); }), platform::FailureNumber::Overflow);
     EXPECT_EQ(Rows(u"select code from owner"_s), QStringList{u"OLD"_s});
 }
 

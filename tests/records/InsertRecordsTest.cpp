@@ -8,8 +8,8 @@ class InsertRecordsTest : public HearthbookTest {
 protected:
     /// Codes made and all rows written, with nothing wiped.
     void Insert() {
-        records::PrepareCodes();
-        records::InsertAllRecords();
+        records::PrepareCodes(TheCollections());
+        records::InsertAllRecords(TheCollections());
     }
 };
 

@@ -18,14 +18,14 @@ class DialogTest : public RecordsTest {
 protected:
     /// A dialog that adds.
     void Open() {
-        dialog = std::make_unique<Dialog>(nullptr);
+        dialog = std::make_unique<Dialog>(nullptr, records::TheCollections());
         ShowAndActivate(*dialog);
     }
 
     /// A dialog that changes the record; the field is where the dialog takes it.
     template <typename Field, typename Record>
     void Open(Field field, const Record& record) {
-        dialog = std::make_unique<Dialog>(nullptr);
+        dialog = std::make_unique<Dialog>(nullptr, records::TheCollections());
         (*dialog).*field = record;
         ShowAndActivate(*dialog);
     }

@@ -11,7 +11,7 @@ protected:
     controls::ctlTextBox& Name() { return *page.findChild<controls::ctlTextBox*>(u"txtName"_s); }
     static records::Owners& Owners() { return records::TheCollections().Owners; }
 
-    screens::ctlSingleOwner page{nullptr};
+    screens::ctlSingleOwner page{nullptr, Owners()};
 };
 
 TEST_F(SingleOwnerTest, SaysWhatItAsksFor) {

@@ -99,7 +99,7 @@ public:
 
 int Import(ProgressBar& progressBar, const ConsoleMessageBoxes& boxes) {
     const int shownBefore = boxes.Shown();
-    records::ImportData([&progressBar](int done, int total) {
+    records::ImportData(records::TheCollections(), [&progressBar](int done, int total) {
         progressBar.Show(done, total);
         platform::EndIfRequested();
     });

@@ -44,7 +44,7 @@ void ReadPresetAccount(ObjectReader& portfolio, Reading& reading) {
     ObjectReader account(*changes, pointer, reading.faults);
     const records::BankAccountEntry before{preset->BankAccountName, preset->BalanceDate,
                                            preset->BalanceAmount};
-    records::ChangeRecord(*preset, ReadAccount(account, before, reading.accounts));
+    records::ChangeRecord(reading.collections, *preset, ReadAccount(account, before, reading.accounts));
 }
 
 void ReadOwner(const JsonValue& value, const QString& pointer, Reading& reading) {
