@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/KeyLength.h"
 #include "records/RecordCollection.h"
 #include "records/Records.h"
 
@@ -10,7 +11,7 @@ struct Collections;
 struct BankAccountRules {
     using Record = BankAccount;
     static constexpr auto name = &BankAccount::BankAccountName;
-    static constexpr int codeLimit = 10;
+    static constexpr int codeLimit = LedgerCodeLength;
     static constexpr bool keepsCodes = true;  ///< The preset account has its code from the start.
     static constexpr bool foundByName = true;
 };

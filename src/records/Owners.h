@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/KeyLength.h"
 #include "records/RecordCollection.h"
 #include "records/Records.h"
 
@@ -10,7 +11,7 @@ struct Collections;
 struct OwnerRules {
     using Record = Owner;
     static constexpr auto name = &Owner::OwnersName;
-    static constexpr int codeLimit = 10;
+    static constexpr int codeLimit = LedgerCodeLength;
     static constexpr bool keepsCodes = true;
     static constexpr bool foundByName = true;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/KeyLength.h"
 #include "records/RecordCollection.h"
 #include "records/Records.h"
 
@@ -11,7 +12,7 @@ struct Collections;
 struct PropertyRules {
     using Record = Property;
     static constexpr auto name = &Property::Address1;
-    static constexpr int codeLimit = 20;
+    static constexpr int codeLimit = PropertyCodeLength;
     static constexpr bool keepsCodes = true;
     static constexpr bool foundByName = true;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/KeyLength.h"
 #include "records/RecordCollection.h"
 #include "records/Records.h"
 #include "records/RentPeriods.h"
@@ -13,7 +14,7 @@ struct Collections;
 struct TenantRules {
     using Record = Tenant;
     static constexpr auto name = &Tenant::Name;
-    static constexpr int codeLimit = 20;
+    static constexpr int codeLimit = PropertyCodeLength;
     static constexpr bool keepsCodes =
         false;  ///< Nothing refers to a tenant, so all are coded anew each time.
     static constexpr bool foundByName = false;

@@ -70,7 +70,7 @@ private:
         auto* button = new controls::ctlButton({.Caption = caption}, this);
         button->setObjectName(name);
         constexpr int pitch = 1700;
-        PutAt(*button, {place * pitch, 450 + heightOfGrid + 150, 1575, 375});
+        PutAt(*button, {place * pitch, 450 + heightOfGrid + 150, ButtonWidth, ButtonHeight});
         connect(button, &controls::ctlButton::Click, this, action);
     }
 

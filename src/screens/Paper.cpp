@@ -4,6 +4,7 @@
 #include "controls/base/Font.h"
 
 #include <QLabel>
+#include <QRadioButton>
 
 namespace screens {
 
@@ -35,6 +36,14 @@ QLabel* AddLabel(QWidget* parent, const QString& name, const QString& text, cons
     label->setText(text);
     PutAt(*label, place);
     return label;
+}
+
+QRadioButton* AddOption(QWidget* parent, const QString& name, const QString& caption, const Place& place) {
+    auto* option = new QRadioButton(caption, parent);
+    option->setObjectName(name);
+    option->setFont(controls::ControlFont());
+    PutAt(*option, place);
+    return option;
 }
 
 }  // namespace screens

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QLabel;
+class QRadioButton;
 
 namespace screens {
 
@@ -16,6 +17,10 @@ struct Place {
     int height = 0;
 };
 
+/// The size of buttons, in twips.
+inline constexpr int ButtonWidth = 1575;
+inline constexpr int ButtonHeight = 375;
+
 void PutAt(QWidget& widget, const Place& place);
 
 /// The colours of pages and dialogs, which are white paper on every desktop: black text on white, also where
@@ -24,5 +29,8 @@ QPalette PaperPalette();
 
 /// Plain text that wraps at its width. It can be read by assistive programs and takes no focus.
 QLabel* AddLabel(QWidget* parent, const QString& name, const QString& text, const Place& place);
+
+/// One of the choices of its parent.
+QRadioButton* AddOption(QWidget* parent, const QString& name, const QString& caption, const Place& place);
 
 }  // namespace screens

@@ -77,18 +77,25 @@ QComboBox* DialogWindow::AddPlainList(const QString& name, const QString& access
     return list;
 }
 
+const ctlTextBox::Properties& DialogWindow::MoneyBox() {
+    static const ctlTextBox::Properties properties{.Alignment = 1,
+                                                   .Text = QStringLiteral("0.00"),
+                                                   .IsNumeric = true,
+                                                   .DecimalPlaces = 2,
+                                                   .AllowNegative = true};
+    return properties;
+}
+
 void DialogWindow::AddSaveAndCancel() {
-    constexpr int buttonWidth = 1575;
-    constexpr int buttonHeight = 375;
-    const int top = controls::ToTwips(height()) - margin - buttonHeight;
+    const int top = controls::ToTwips(height()) - margin - ButtonHeight;
     const int right = controls::ToTwips(width()) - margin;
     auto* save = new ctlButton({.Caption = QStringLiteral("Save"), .Default = true}, this);
     save->setObjectName(QStringLiteral("cmdSave"));
-    PutAt(*save, {right - 2 * buttonWidth - 120, top, buttonWidth, buttonHeight});
+    PutAt(*save, {right - 2 * ButtonWidth - 120, top, ButtonWidth, ButtonHeight});
     connect(save, &ctlButton::Click, this, [this] { Save(); });
     auto* cancel = new ctlButton({.Caption = QStringLiteral("Cancel"), .Cancel = true}, this);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
-    PutAt(*cancel, {right - buttonWidth, top, buttonWidth, buttonHeight});
+    PutAt(*cancel, {right - ButtonWidth, top, ButtonWidth, ButtonHeight});
     connect(cancel, &ctlButton::Click, this, &QDialog::reject);
 }
 

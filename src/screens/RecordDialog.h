@@ -31,6 +31,9 @@ protected:
                               const controls::akDate::Properties& properties);
     QComboBox* AddList(const QString& name, const QString& label, int line, int width);
 
+    /// What a box for an amount of money that may be negative is like.
+    static const controls::ctlTextBox::Properties& MoneyBox();
+
     /// cmdSave and cmdCancel, side by side at the bottom.
     void AddSaveAndCancel();
 

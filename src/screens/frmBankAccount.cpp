@@ -7,12 +7,8 @@ frmBankAccount::frmBankAccount(QWidget* parent, records::Collections& all)
     txtName_ = AddTextBox(QStringLiteral("txtName"), QStringLiteral("Account Name"), 0, 3600,
                           {.MaxLength = records::EntryLimit::BankAccountName, .Text = QString()});
     datBalance_ = AddDate(QStringLiteral("datBalance"), QStringLiteral("Balance Date"), 1, {});
-    txtBalance_ = AddTextBox(QStringLiteral("txtBalance"), QStringLiteral("Balance Amount"), 2, 1575,
-                             {.Alignment = 1,
-                              .Text = QStringLiteral("0.00"),
-                              .IsNumeric = true,
-                              .DecimalPlaces = 2,
-                              .AllowNegative = true});
+    txtBalance_ =
+        AddTextBox(QStringLiteral("txtBalance"), QStringLiteral("Balance Amount"), 2, 1575, MoneyBox());
     AddLabel(
         this, QStringLiteral("Label4"),
         QStringLiteral("By entering a bank account balance date and value from a previous bank statement, "

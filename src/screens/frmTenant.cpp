@@ -1,6 +1,5 @@
 #include "screens/frmTenant.h"
 
-#include "controls/base/Font.h"
 #include "platform/NoDate.h"
 #include "platform/Rounding.h"
 #include "records/RentFrequency.h"
@@ -16,15 +15,6 @@ namespace {
 
 constexpr int lineOfFrequency = 5;
 constexpr int topOfBalance = 3800;
-
-const ctlTextBox::Properties& MoneyBox() {
-    static const ctlTextBox::Properties properties{.Alignment = 1,
-                                                   .Text = QStringLiteral("0.00"),
-                                                   .IsNumeric = true,
-                                                   .DecimalPlaces = 2,
-                                                   .AllowNegative = true};
-    return properties;
-}
 
 const ctlTextBox::Properties& CountBox() {
     static const ctlTextBox::Properties properties{
@@ -81,20 +71,13 @@ void frmTenant::AddBalanceFields() {
     txtBalance_->SetLabel(QStringLiteral("Rent Balance"));
     PutAt(*txtBalance_, {3700, topOfBalance + 735, 1575, heightOfFields});
     AddSaveAndCancel();
-    const auto addOption = [this](const QString& name, const QString& caption, const Place& place) {
-        auto* option = new QRadioButton(caption, this);
-        option->setObjectName(name);
-        option->setFont(controls::ControlFont());
-        PutAt(*option, place);
-        return option;
-    };
     optDont_ =
-        addOption(QStringLiteral("optDont"),
+        AddOption(this, QStringLiteral("optDont"),
                   QStringLiteral("Dont set the balance.  I will manually enter all transactions since the "
                                  "tenancy start date"),
                   {240, topOfBalance + 330, 9120, heightOfFields});
-    optSet_ =
-        addOption(QStringLiteral("optSet"), setCaption, {240, topOfBalance + 735, 3400, heightOfFields});
+    optSet_ = AddOption(this, QStringLiteral("optSet"), setCaption,
+                        {240, topOfBalance + 735, 3400, heightOfFields});
 }
 
 void frmTenant::AddMonthDayFields() {

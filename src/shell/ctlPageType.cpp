@@ -1,7 +1,6 @@
 #include "shell/ctlPageType.h"
 
 #include "controls/akDate.h"
-#include "controls/base/Font.h"
 #include "controls/ctlTextBox.h"
 #include "platform/MessageBox.h"
 #include "platform/NoDate.h"
@@ -26,18 +25,13 @@ ctlPageType::ctlPageType(QWidget* parent) : QWidget(parent) {
 }
 
 void ctlPageType::AddOptions() {
-    const auto addOption = [this](const QString& name, const QString& caption, int top) {
-        auto* option = new QRadioButton(caption, this);
-        option->setObjectName(name);
-        option->setFont(controls::ControlFont());
-        screens::PutAt(*option, {0, top, 11000, 300});
-        return option;
-    };
-    optLandlord_ = addOption(QStringLiteral("optLandlord"),
-                             QStringLiteral("I am a landlord.  I only manage my own properties."), 600);
-    optManager_ = addOption(
-        QStringLiteral("optManager"),
-        QStringLiteral("I am a property manager.  I manage properties on behalf of other owners"), 1050);
+    optLandlord_ = screens::AddOption(this, QStringLiteral("optLandlord"),
+                                      QStringLiteral("I am a landlord.  I only manage my own properties."),
+                                      {0, 600, 11000, 300});
+    optManager_ = screens::AddOption(
+        this, QStringLiteral("optManager"),
+        QStringLiteral("I am a property manager.  I manage properties on behalf of other owners"),
+        {0, 1050, 11000, 300});
 }
 
 void ctlPageType::AddManagerFields() {

@@ -11,6 +11,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Process.h"
 #include "records/Collections.h"
+#include "screens/Paper.h"
 #include "shell/Help.h"
 #include "shell/MainModule.h"
 #include "shell/Pictures.h"
@@ -89,25 +90,25 @@ void frmMain::AddPages() {
 }
 
 void frmMain::AddButtons() {
-    constexpr int buttonWidth = 1575;
-    constexpr int buttonHeight = 375;
+    using screens::ButtonHeight;
+    using screens::ButtonWidth;
     // The largest button, and just as large as the picture on it, which is not stretched.
     constexpr int nextWidth = 2250;
     constexpr int gap = 120;
-    constexpr int top = innerHeight - margin - buttonHeight;
-    constexpr int finishLeft = innerWidth - margin - buttonWidth;
+    constexpr int top = innerHeight - margin - ButtonHeight;
+    constexpr int finishLeft = innerWidth - margin - ButtonWidth;
     constexpr int nextLeft = finishLeft - gap - nextWidth;
-    constexpr int backLeft = nextLeft - gap - buttonWidth;
-    AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"), {margin, top, buttonWidth, buttonHeight},
+    constexpr int backLeft = nextLeft - gap - ButtonWidth;
+    AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"), {margin, top, ButtonWidth, ButtonHeight},
               &frmMain::ShowHelp);
     AddButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"),
-              {margin + buttonWidth + gap, top, buttonWidth, buttonHeight}, &frmMain::Cancel);
+              {margin + ButtonWidth + gap, top, ButtonWidth, ButtonHeight}, &frmMain::Cancel);
     cmdBack_ = AddButton(QStringLiteral("cmdBack"), QStringLiteral("Back"),
-                         {backLeft, top, buttonWidth, buttonHeight}, &frmMain::GoBack);
+                         {backLeft, top, ButtonWidth, ButtonHeight}, &frmMain::GoBack);
     cmdNext_ = AddButton(QStringLiteral("cmdNext"), QStringLiteral("Next"),
-                         {nextLeft, top, nextWidth, buttonHeight}, &frmMain::GoNext);
+                         {nextLeft, top, nextWidth, ButtonHeight}, &frmMain::GoNext);
     cmdFinish_ = AddButton(QStringLiteral("cmdFinish"), QStringLiteral("Finish"),
-                           {finishLeft, top, buttonWidth, buttonHeight}, &frmMain::Finish);
+                           {finishLeft, top, ButtonWidth, ButtonHeight}, &frmMain::Finish);
 }
 
 ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const screens::Place& place,

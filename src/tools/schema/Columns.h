@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/DBEngine.h"
+#include "records/KeyLength.h"
 
 #include <QLatin1String>
 
@@ -10,8 +11,8 @@
 namespace tools {
 
 /// Widths of text columns that several tables share.
-inline constexpr int LedgerCodeLength = 10;    ///< Codes of accounts and owners.
-inline constexpr int PropertyCodeLength = 20;  ///< Codes of properties and tenancies.
+using records::LedgerCodeLength;
+using records::PropertyCodeLength;
 inline constexpr int NameLength = 50;
 /// A ledger code's column that may get an account's name instead, when a property names an account that is
 /// gone.
