@@ -28,7 +28,7 @@ public:
 
 /// Next shows the page that it comes to twice over.
 void PageChange(benchmark::State& state) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     for (int tenant = 0; tenant < state.range(0); ++tenant) {
         auto record = std::make_shared<records::Tenant>();
         record->Name = QStringLiteral("Tenant %1").arg(tenant);
@@ -60,7 +60,7 @@ BENCHMARK(PageChange)->Arg(5)->Arg(5000)->Unit(benchmark::kMillisecond);
 /// The portfolio named by the environment into a fresh database each time.
 template <typename Import>
 void ImportInto(benchmark::State& state, const Import& import) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     if (!tools::ReadPortfolioFile(qEnvironmentVariable("WRENFIELD_PORTFOLIO")).empty()) {
         state.SkipWithError("WRENFIELD_PORTFOLIO names no portfolio");
         return;

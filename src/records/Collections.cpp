@@ -19,21 +19,21 @@ QString CountsOf(const Collections& collections) {
         .arg(collections.Tenants.Count());
 }
 
-void CreateCollections() {
-    TheCollections() = Collections();
+void CreateCollections(Collections& all) {
+    all = Collections();
 
     auto mainAccount = std::make_shared<BankAccount>();
     mainAccount->BankAccountName = QStringLiteral("Main Bank Account");
     mainAccount->Code = QStringLiteral("BankAcct");
     mainAccount->BalanceDate = platform::Today();
-    TheCollections().bankAccounts.Add(mainAccount);
+    all.bankAccounts.Add(mainAccount);
 }
 
-void InitialiseData() {
+void InitialiseData(Collections& all) {
     if (!database::StartDatabase()) {
         platform::EndProcess(1);
     }
-    CreateCollections();
+    CreateCollections(all);
 }
 
 }  // namespace records

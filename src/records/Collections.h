@@ -15,7 +15,8 @@ struct Collections {
     records::Tenants Tenants;
 };
 
-/// The one set of collections of the process. Before CreateCollections all four are empty.
+/// The one set of collections of the process, which the wizard and the batch tool hand to whatever works on
+/// records. Before CreateCollections all four are empty.
 Collections& TheCollections();
 
 /// How many records of each kind there are, one line each, as the user is told before and after an import.
@@ -24,10 +25,10 @@ QString CountsOf(const Collections& collections);
 
 /// Begins anew: every collection empty, but for the preset bank account "Main Bank Account" with balance 0 as
 /// of today, so that the first page is never empty. Its code is fixed; the others are made at the import.
-void CreateCollections();
+void CreateCollections(Collections& all);
 
 /// The start of the wizard: opens the database and creates the collections. The process ends with status 1 if
 /// the database can't be opened; the user has been told then.
-void InitialiseData();
+void InitialiseData(Collections& all);
 
 }  // namespace records

@@ -1,6 +1,7 @@
 #include "shell/MainModule.h"
 
 #include "platform/MessageBox.h"
+#include "records/Collections.h"
 #include "records/ImportRun.h"
 
 #include <QApplication>

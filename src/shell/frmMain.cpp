@@ -53,7 +53,7 @@ frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     setWindowIcon(WizardIcon());
     setPalette(screens::PaperPalette());
     controls::InitialiseColours();
-    records::InitialiseData();
+    records::InitialiseData(records::TheCollections());
     RestartRequested_ = commandLine.contains(QLatin1String("/restart"));
     AddHeading();
     AddPages();

@@ -5,6 +5,7 @@
 #include "engine/sqlite/WriteGroup.h"
 #include "platform/Clock.h"
 #include "platform/Failure.h"
+#include "records/Collections.h"
 #include "records/ImportRun.h"
 #include "support/FaultyDisk.h"
 #include "tools/portfolio/PortfolioReader.h"

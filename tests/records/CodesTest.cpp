@@ -14,7 +14,7 @@ protected:
 };
 
 TEST_F(CodesTest, ClashingNamesGetNumbersAtTheirEnd) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     for (const auto& name :
          {u"Kestrel Bank Cheque"_s, u"Kestrel Bank Savings"_s, u"Kestrel Bank Term"_s, u"Bob"_s, u"bob"_s}) {
         AddAccount(name);
@@ -91,7 +91,7 @@ TEST_F(CodesTest, AnEmptyNameGetsAnEmptyCodeOnceAndANumberAfterThat) {
 }
 
 TEST_F(CodesTest, ThePresetCodeSurvivesARename) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     TheCollections().bankAccounts.Item(1)->BankAccountName = u"Trust"_s;
     TheCollections().bankAccounts.GenerateCodes();
     EXPECT_EQ(AccountCode(1), u"BankAcct"_s);

@@ -67,7 +67,7 @@ TEST_F(CollectionsTest, TheWizardStartsWithOneBankAccount) {
     AddOwner(u"left over"_s);
     AddTenant(u"left over"_s, {});
     AddProperty(u"left over"_s);
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     ASSERT_EQ(TheCollections().bankAccounts.Count(), 1);
     const auto account = TheCollections().bankAccounts.Item(1);
     EXPECT_EQ(account->BankAccountName, u"Main Bank Account"_s);

@@ -7,14 +7,14 @@ namespace {
 class ImportCheckTest : public HearthbookTest {
 protected:
     ImportCheckTest() {
-        records::CreateCollections();
+        records::CreateCollections(records::TheCollections());
         AddOwner(u"Smith"_s);
         AddProperty(u"12 Main Road"_s);
         AddTenant(u"Ada"_s, u"12 Main Road"_s);
     }
 
     void ImportWhile(const char* othersStatements) const {
-        records::ImportData(TheCollections(), [&](int done, int total) {
+        records::ImportData(records::TheCollections(), [&](int done, int total) {
             if (done == total) {
                 database::CurrentDatabase().Flush();
                 EXPECT_TRUE(RunElsewhere(path_, othersStatements));
@@ -79,7 +79,7 @@ TEST_F(ImportCheckTest, AwkwardKeysAreFoundAgain) {
     AddProperty(u"1 x"_s)->Code = u"same"_s;
     AddAccount(u"one"_s, u"same"_s);
     AddAccount(u"two"_s, u"same"_s);
-    records::ImportData(TheCollections());
+    records::ImportData(records::TheCollections());
     ExpectNoMessages();
     EXPECT_EQ(Rows(u"select code from owner"_s).size(), 2);
 }

@@ -114,7 +114,7 @@ TEST_F(ImportRunTest, TheWipeKeepsWhatIsTheUsersOwn) {
 }
 
 TEST_F(ImportRunTest, ARunReplacesWhatTheDatabaseHeld) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     AddOwner(u"Smith"_s);
     AddProperty(u"12 Main Road"_s, u"Main Bank Account"_s, u"Smith"_s);
     const auto tenant = AddTenant(u"Ada"_s, u"12 Main Road"_s);
@@ -139,7 +139,7 @@ TEST_F(ImportRunTest, ARunReplacesWhatTheDatabaseHeld) {
 
 TEST_F(ImportRunTest, WithoutATableTheRunGoesOn) {
     DropTable("mileage");
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     records::ImportData(TheCollections());
     ASSERT_EQ(boxes_.requests.size(), 1U);
     EXPECT_EQ(boxes_.requests[0].title, u"Execute SQL"_s);
@@ -177,7 +177,7 @@ protected:
         // What this process has written so far isn't the import.
         database::SetCurrentDatabase(nullptr);
         EXPECT_TRUE(database::StartDatabase());
-        records::CreateCollections();
+        records::CreateCollections(records::TheCollections());
         AddOwner(u"Smith"_s);
         AddProperty(u"12 Main Road"_s);
         AddTenant(u"Ada"_s, u"12 Main Road"_s);
@@ -219,7 +219,7 @@ TEST_F(TwoImportsTest, NothingIsAddedToWhatTheOtherHasLeftMeanwhile) {
 }
 
 TEST_F(ImportRunTest, ProgressCountsEveryRecord) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     AddOwner(QString());
     AddProperty(u"12 Main Road"_s);
     AddTenant(u"Ada"_s, u"12 Main Road"_s);
@@ -247,7 +247,7 @@ TEST(ImportCompleteMessageTest, AdvisesARestartUnlessThereIsOne) {
 
 TEST_F(ImportRunTest, TheStartOpensTheDatabaseAndCreatesTheCollections) {
     database::SetCurrentDatabase(nullptr);
-    records::InitialiseData();
+    records::InitialiseData(records::TheCollections());
     EXPECT_NO_THROW(database::CurrentDatabase());
     EXPECT_EQ(TheCollections().bankAccounts.Count(), 1);
 }
@@ -256,9 +256,9 @@ TEST_F(ImportRunTest, WithoutADatabaseTheStartEndsTheProcess) {
     // What the end brings to the disk must not be what the parent process still holds.
     database::CurrentDatabase().Flush();
     database::UseDatabaseFile(workplace_.Path(u"missing.mdb"_s));
-    EXPECT_EXIT(records::InitialiseData(), ::testing::ExitedWithCode(1), "");
+    EXPECT_EXIT(records::InitialiseData(records::TheCollections()), ::testing::ExitedWithCode(1), "");
     database::SetCurrentDatabase(nullptr);
-    EXPECT_EXIT(records::InitialiseData(), ::testing::ExitedWithCode(1), "");
+    EXPECT_EXIT(records::InitialiseData(records::TheCollections()), ::testing::ExitedWithCode(1), "");
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ protected:
 };
 
 TEST_F(InsertRecordsTest, ThePresetAccountAloneGivesOneRow) {
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     Insert();
     EXPECT_EQ(Rows(u"select gl_code, description, type, taxable_yn, bankbalance, balancedate from glcodes "
                    u"where type = 3"_s),

@@ -29,7 +29,7 @@ QStringList TabOrder(const QWidget& dialog) {
 
 template <typename Dialog>
 void ExpectWindow(const QString& caption, const QStringList& tabOrder) {
-    Dialog dialog(nullptr);
+    Dialog dialog(nullptr, records::TheCollections());
     EXPECT_EQ(dialog.windowTitle(), caption);
     EXPECT_EQ(dialog.minimumSize(), dialog.maximumSize());
     EXPECT_EQ(dialog.windowType(), Qt::Dialog);

@@ -70,7 +70,7 @@ protected:
         ASSERT_EQ(Grid().AbsoluteRow(), row);
     }
 
-    Page page{nullptr};
+    Page page{nullptr, records::TheCollections()};
 };
 
 using AccountsPageTest = ListPageTest<ctlPageAccounts>;
@@ -232,7 +232,7 @@ TEST_F(TenantPageTest, ShowsTheTenantsWithTheirProperties) {
 
 template <typename Page>
 QString LabelOf() {
-    const Page page(nullptr);
+    const Page page(nullptr, records::TheCollections());
     return page.template findChild<QLabel*>(QStringLiteral("Label1"))->text();
 }
 

@@ -37,7 +37,7 @@ protected:
     template <typename Dialog>
     static void ExpectDialogKeepsNothing() {
         ExpectNothingKept([] {
-            Dialog dialog(nullptr);
+            Dialog dialog(nullptr, records::TheCollections());
             dialog.show();
             QCoreApplication::processEvents();
             dialog.reject();
@@ -46,7 +46,7 @@ protected:
 
     template <typename Page>
     static void ExpectPageKeepsNothing() {
-        Page page(nullptr);
+        Page page(nullptr, records::TheCollections());
         page.show();
         ExpectNothingKept([&page] { page.Initialise(); });
     }

@@ -77,12 +77,12 @@ void EnterName(ObjectReader& record, const char* member, const std::optional<QSt
 
 Faults ReadPortfolio(QByteArray bytes) {
     Faults faults;
-    records::CreateCollections();
+    records::CreateCollections(records::TheCollections());
     if (const std::optional<JsonValue> document = ParseJson(std::move(bytes), faults)) {
         ReadDocument(*document, faults);
     }
     if (!faults.empty()) {
-        records::CreateCollections();
+        records::CreateCollections(records::TheCollections());
         records::CurrentSettings() = records::ImportSettings();
     }
     return faults;
