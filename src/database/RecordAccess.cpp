@@ -20,8 +20,8 @@ engine::Recordset& Opened(const RecordsetReference& recordset) {
 }
 
 bool IsCheckedForQuotes(short type) {
-    constexpr short unknownType = -1;
-    return type == engine::dbBoolean || type == engine::dbMemo || type == unknownType;
+    constexpr short UnknownType = -1;
+    return type == engine::dbBoolean || type == engine::dbMemo || type == UnknownType;
 }
 
 /// Puts a double-quote character for each pair of apostrophes. True if there was any.

@@ -131,8 +131,8 @@ QString DecimalText(double value) {
         platform::RaiseOverflow();
     }
     const Decimal decimal = ToDecimal(value);
-    constexpr int smallestPlain = -4;
-    const bool plain = decimal.exponent >= smallestPlain && decimal.exponent < SignificantDigits;
+    constexpr int SmallestPlain = -4;
+    const bool plain = decimal.exponent >= SmallestPlain && decimal.exponent < SignificantDigits;
     const QString text = plain ? Plain(decimal) : WithExponent(decimal);
     return decimal.negative ? QLatin1Char('-') + text : text;
 }

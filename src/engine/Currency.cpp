@@ -22,15 +22,15 @@ Currency Currency::FromDouble(double value) {
 }
 
 Currency Currency::RoundedToCents() const {
-    constexpr qint64 cent = Scale / 100;
-    qint64 cents = scaled_ / cent;
-    const qint64 rest = std::abs(scaled_ % cent);
-    const bool awayFromZero = rest > cent / 2 || (rest == cent / 2 && cents % 2 != 0);
+    constexpr qint64 Cent = Scale / 100;
+    qint64 cents = scaled_ / Cent;
+    const qint64 rest = std::abs(scaled_ % Cent);
+    const bool awayFromZero = rest > Cent / 2 || (rest == Cent / 2 && cents % 2 != 0);
     if (awayFromZero) {
         cents += scaled_ < 0 ? -1 : 1;
     }
     // Always fits: the outermost amounts lie nearer to the whole cent below them.
-    return Currency(cents * cent);
+    return Currency(cents * Cent);
 }
 
 QString Currency::ToText(const QString& decimalMark) const {

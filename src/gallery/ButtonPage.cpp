@@ -13,8 +13,8 @@ using controls::ctlButton;
 
 namespace {
 
-constexpr Size usual{1575, 375};
-constexpr int columns = 4;
+constexpr Size Usual{1575, 375};
+constexpr int Columns = 4;
 
 /// A plus sign, drawn at twice the size of its 16 pixels so that it is sharp on dense displays.
 QPixmap PlusSign() {
@@ -36,7 +36,7 @@ class Buttons {
 public:
     Buttons(EventLog& log, Sheet* sheet) : log_(&log), sheet_(sheet) {}
 
-    ctlButton* Add(const QString& caption, const ctlButton::Properties& properties, Size size = usual) const {
+    ctlButton* Add(const QString& caption, const ctlButton::Properties& properties, Size size = Usual) const {
         auto* button = new ctlButton(properties, sheet_);
         button->setObjectName(caption);
         // For the one that has an icon in place of its caption.
@@ -96,14 +96,14 @@ void AddOnDisabledForm(Sheet* sheet) {
     auto* form = new QWidget(sheet);
     form->setEnabled(false);
     auto* button = new ctlButton({.Caption = QStringLiteral("Unseen")}, form);
-    button->Move(0, 0, usual.width, usual.height);
-    sheet->Add(form, QStringLiteral("On a disabled form"), usual);
+    button->Move(0, 0, Usual.width, Usual.height);
+    sheet->Add(form, QStringLiteral("On a disabled form"), Usual);
 }
 
 }  // namespace
 
 Sheet* ButtonPage(EventLog& log, QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Button"), columns, parent);
+    auto* sheet = new Sheet(QStringLiteral("Button"), Columns, parent);
     const Buttons buttons(log, sheet);
     AddStates(buttons, sheet);
     AddOnDisabledForm(sheet);

@@ -13,11 +13,11 @@ using controls::ctlButton;
 
 namespace {
 
-constexpr int columns = 4;
-constexpr Size asItIs{};
+constexpr int Columns = 4;
+constexpr Size AsItIs{};
 
 akDate* AddDate(Sheet* sheet, const QString& caption, const akDate::Properties& properties, QDate value,
-                Size size = asItIs) {
+                Size size = AsItIs) {
     auto* date = new akDate(properties, sheet);
     date->setObjectName(caption);
     date->SetLabel(caption);
@@ -49,18 +49,18 @@ void OpenWhenShown(Sheet* sheet, akDate* date) {
 }  // namespace
 
 Sheet* DatePage(EventLog& log, QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Date"), columns, parent);
-    AddDate(sheet, QStringLiteral("A date"), {}, exampleDay);
-    sheet->FocusOn(AddDate(sheet, QStringLiteral("With the focus"), {}, exampleDay));
-    AddDate(sheet, QStringLiteral("Not Enabled"), {.Enabled = false}, exampleDay);
-    AddDate(sheet, QStringLiteral("Wide"), {}, exampleDay, {2400, 285});
+    auto* sheet = new Sheet(QStringLiteral("Date"), Columns, parent);
+    AddDate(sheet, QStringLiteral("A date"), {}, ExampleDay);
+    sheet->FocusOn(AddDate(sheet, QStringLiteral("With the focus"), {}, ExampleDay));
+    AddDate(sheet, QStringLiteral("Not Enabled"), {.Enabled = false}, ExampleDay);
+    AddDate(sheet, QStringLiteral("Wide"), {}, ExampleDay, {2400, 285});
     AddDate(sheet, QStringLiteral("IncludeNone, no date"), {.IncludeNone = true}, platform::NoDate());
-    AddDate(sheet, QStringLiteral("IncludeNone, a date"), {.IncludeNone = true}, exampleDay);
+    AddDate(sheet, QStringLiteral("IncludeNone, a date"), {.IncludeNone = true}, ExampleDay);
     AddDate(sheet, QStringLiteral("No date, not Enabled"), {.Enabled = false, .IncludeNone = true},
             platform::NoDate());
     AddReader(log, sheet);
     sheet->EndRow();
-    OpenWhenShown(sheet, AddDate(sheet, QStringLiteral("Calendar open"), {.IncludeNone = true}, exampleDay));
+    OpenWhenShown(sheet, AddDate(sheet, QStringLiteral("Calendar open"), {.IncludeNone = true}, ExampleDay));
     return sheet;
 }
 

@@ -5,7 +5,7 @@ namespace gallery {
 namespace {
 
 /// More than anybody reads back; without an end, an afternoon of typing would fill the list for good.
-constexpr int mostLines = 500;
+constexpr int MostLines = 500;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ EventLog::EventLog(QWidget* parent) : QListWidget(parent) {
 }
 
 void EventLog::Write(const QString& sample, const QString& event) {
-    if (count() == mostLines) {
+    if (count() == MostLines) {
         delete takeItem(0);
     }
     addItem(sample + QStringLiteral(": ") + event);

@@ -5,6 +5,6 @@
 namespace gallery {
 
 /// The day in all dates on show. Not today's, so that pictures stay the same.
-inline const QDate exampleDay(2026, 3, 14);
+inline const QDate ExampleDay(2026, 3, 14);
 
 }  // namespace gallery

@@ -13,11 +13,11 @@ namespace gallery {
 namespace {
 
 /// For the writer of the file this is the best compression, at the price of time.
-constexpr int smallestFile = 0;
+constexpr int SmallestFile = 0;
 
 void Save(const QPixmap& picture, const QString& file) {
     // Without an unused channel the file is a quarter smaller.
-    if (!picture.toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", smallestFile)) {
+    if (!picture.toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", SmallestFile)) {
         throw platform::Failure(platform::FailureNumber::FileNotFound,
                                 QStringLiteral("Can't write %1").arg(file));
     }

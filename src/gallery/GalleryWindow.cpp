@@ -14,7 +14,7 @@ namespace gallery {
 
 namespace {
 
-constexpr int heightOfLog = 1650;
+constexpr int HeightOfLog = 1650;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ GalleryWindow::GalleryWindow() : tabs_(new QTabWidget(this)), log_(new EventLog(
     layout->addWidget(tabs_);
     layout->addWidget(new QLabel(log_->accessibleName(), this));
     layout->addWidget(log_);
-    log_->setFixedHeight(controls::ToPixels(heightOfLog));
+    log_->setFixedHeight(controls::ToPixels(HeightOfLog));
 }
 
 void GalleryWindow::ShowSheet(Sheet* sheet) {

@@ -9,9 +9,9 @@ using controls::akGrid;
 
 namespace {
 
-constexpr int columns = 3;
-constexpr int width = 3750;
-constexpr int height = 1680;
+constexpr int Columns = 3;
+constexpr int Width = 3750;
+constexpr int Height = 1680;
 
 void LogEvents(akGrid* grid, EventLog* log) {
     const auto write = [log, name = grid->accessibleName()](const QString& event) {
@@ -43,7 +43,7 @@ akGrid::Properties TwoColumns() {
 }
 
 akGrid* AddGrid(EventLog& log, Sheet* sheet, const QString& caption, const akGrid::Properties& properties) {
-    auto* grid = new akGrid(properties, sheet, QRect(0, 0, width, height));
+    auto* grid = new akGrid(properties, sheet, QRect(0, 0, Width, Height));
     grid->setObjectName(caption);
     grid->setAccessibleName(caption);
     // A grid has its own mind of its height.
@@ -112,14 +112,14 @@ void AddHeights(EventLog& log, Sheet* sheet) {
     fresh->setObjectName(QStringLiteral("A new one"));
     fresh->setAccessibleName(fresh->objectName());
     // Its rows come on view when it finds itself higher than a whole number of them.
-    sheet->Add(fresh, fresh->objectName(), {width, height - 120});
+    sheet->Add(fresh, fresh->objectName(), {Width, Height - 120});
     LogEvents(fresh, &log);
 }
 
 }  // namespace
 
 Sheet* GridPage(EventLog& log, QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Grid"), columns, parent);
+    auto* sheet = new Sheet(QStringLiteral("Grid"), Columns, parent);
     AddSelections(log, sheet);
     AddColumns(log, sheet);
     AddHeights(log, sheet);

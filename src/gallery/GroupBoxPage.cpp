@@ -18,44 +18,44 @@ using controls::ToPixels;
 
 namespace {
 
-constexpr int columns = 2;
-constexpr Size boxSize{5700, 1800};
-constexpr int labelLeft = 225;
-constexpr int fieldLeft = 2250;
-constexpr int firstLine = 450;
-constexpr int pitch = 435;
+constexpr int Columns = 2;
+constexpr Size BoxSize{5700, 1800};
+constexpr int LabelLeft = 225;
+constexpr int FieldLeft = 2250;
+constexpr int FirstLine = 450;
+constexpr int Pitch = 435;
 
 void AddLabel(ctlGroupBox* box, const QString& text, int top) {
     auto* label = new QLabel(text, box);
     label->setFont(controls::ControlFont());
-    label->setGeometry(ToPixels(labelLeft), ToPixels(top), ToPixels(fieldLeft - labelLeft), ToPixels(285));
+    label->setGeometry(ToPixels(LabelLeft), ToPixels(top), ToPixels(FieldLeft - LabelLeft), ToPixels(285));
 }
 
 /// What a form would put in a box. The texts are named after it, so that they can be told apart by ear.
 void Fill(ctlGroupBox* box, EventLog& log) {
     const QString name = box->Caption() + QStringLiteral(" name");
-    AddLabel(box, name, firstLine);
+    AddLabel(box, name, FirstLine);
     auto* text = new controls::ctlTextBox({.Text = QStringLiteral("Ada Finch")}, box);
     text->SetLabel(name);
-    text->Move(fieldLeft, firstLine, 3000, 285);
+    text->Move(FieldLeft, FirstLine, 3000, 285);
 
     const QString day = box->Caption() + QStringLiteral(" since");
-    AddLabel(box, day, firstLine + pitch);
+    AddLabel(box, day, FirstLine + Pitch);
     auto* date = new controls::akDate({}, box);
     date->SetLabel(day);
-    date->SetValue(exampleDay);
-    date->Move(fieldLeft, firstLine + pitch);
+    date->SetValue(ExampleDay);
+    date->Move(FieldLeft, FirstLine + Pitch);
 
     auto* button =
         new controls::ctlButton({.Caption = QStringLiteral("Remove ") + box->Caption().toLower()}, box);
-    button->Move(fieldLeft, firstLine + 2 * pitch, 2250, 375);
+    button->Move(FieldLeft, FirstLine + 2 * Pitch, 2250, 375);
     QObject::connect(button, &controls::ctlButton::Click, &log,
                      [&log, button] { log.Write(button->Caption(), QStringLiteral("Click")); });
 }
 
 ctlGroupBox* AddBox(EventLog& log, Sheet* sheet, ctlGroupBox* box, const QString& caption) {
     box->setObjectName(caption);
-    sheet->Add(box, caption, boxSize);
+    sheet->Add(box, caption, BoxSize);
     Fill(box, log);
     return box;
 }
@@ -73,7 +73,7 @@ void AddSwitch(Sheet* sheet, ctlGroupBox* box) {
 }  // namespace
 
 Sheet* GroupBoxPage(EventLog& log, QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Group box"), columns, parent);
+    auto* sheet = new Sheet(QStringLiteral("Group box"), Columns, parent);
     ctlGroupBox* loaded = AddBox(log, sheet, new ctlGroupBox({.Caption = QStringLiteral("Owner")}, sheet),
                                  QStringLiteral("Loaded with a form"));
     // A loaded box works but reads as disabled until the first write.

@@ -9,14 +9,14 @@ using controls::ctlPageHeading;
 
 namespace {
 
-constexpr int columns = 1;
-constexpr Size asInTheWizard{11700, 1095};
+constexpr int Columns = 1;
+constexpr Size AsInTheWizard{11700, 1095};
 
 ctlPageHeading* AddHeading(EventLog& log, Sheet* sheet, const QString& caption,
                            const ctlPageHeading::Properties& properties) {
     auto* heading = new ctlPageHeading(properties, sheet);
     heading->setObjectName(caption);
-    sheet->Add(heading, caption, asInTheWizard);
+    sheet->Add(heading, caption, AsInTheWizard);
     const auto write = [log = &log, name = properties.Caption](const QString& event) {
         log->Write(name, event);
     };
@@ -32,7 +32,7 @@ ctlPageHeading* AddHeading(EventLog& log, Sheet* sheet, const QString& caption,
 }  // namespace
 
 Sheet* HeadingPage(EventLog& log, QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Heading"), columns, parent);
+    auto* sheet = new Sheet(QStringLiteral("Heading"), Columns, parent);
     ctlPageHeading* wizard = AddHeading(
         log, sheet, QStringLiteral("The first three tabs enabled, the second one current, with CloseButton"),
         {.Caption = QStringLiteral("Hearthbook Wrenfield Wizard"),

@@ -24,11 +24,11 @@ void Sheet::Add(QWidget* sample, const QString& caption, Size size, int span) {
     if (column_ + span > columns_) {
         EndRow();
     }
-    const int pitch = (Extent.width - 2 * margin + gap) / columns_;
-    const int left = margin + column_ * pitch;
-    AddCaption(caption, left, span * pitch - gap);
+    const int pitch = (Extent.width - 2 * Margin + Gap) / columns_;
+    const int left = Margin + column_ * pitch;
+    AddCaption(caption, left, span * pitch - Gap);
     sample->setParent(this);
-    sample->move(ToPixels(left), ToPixels(top_ + captionHeight));
+    sample->move(ToPixels(left), ToPixels(top_ + CaptionHeight));
     if (size.width > 0) {
         sample->resize(ToPixels(size.width), ToPixels(size.height));
     }
@@ -37,16 +37,16 @@ void Sheet::Add(QWidget* sample, const QString& caption, Size size, int span) {
 }
 
 void Sheet::EndRow() {
-    top_ += captionHeight + rowHeight_ + gap;
+    top_ += CaptionHeight + rowHeight_ + Gap;
     column_ = 0;
     rowHeight_ = 0;
 }
 
 QRect Sheet::Used() const {
     // A multiple of four is a whole number of device pixels at every scale factor in steps of a quarter.
-    constexpr int step = 4;
-    const int bottom = childrenRect().bottom() + ToPixels(margin);
-    return {0, 0, width(), (bottom + step - 1) / step * step};
+    constexpr int Step = 4;
+    const int bottom = childrenRect().bottom() + ToPixels(Margin);
+    return {0, 0, width(), (bottom + Step - 1) / Step * Step};
 }
 
 void Sheet::AddCaption(const QString& text, int left, int width) {
@@ -54,7 +54,7 @@ void Sheet::AddCaption(const QString& text, int left, int width) {
     caption->setTextFormat(Qt::PlainText);
     caption->setFont(controls::ControlFont());
     caption->setText(text);
-    caption->setGeometry(ToPixels(left), ToPixels(top_), ToPixels(width), ToPixels(captionHeight));
+    caption->setGeometry(ToPixels(left), ToPixels(top_), ToPixels(width), ToPixels(CaptionHeight));
 }
 
 void Sheet::showEvent(QShowEvent* event) {

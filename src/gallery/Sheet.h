@@ -47,16 +47,16 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    static constexpr int margin = 225;
-    static constexpr int gap = 150;
-    static constexpr int captionHeight = 240;
+    static constexpr int Margin = 225;
+    static constexpr int Gap = 150;
+    static constexpr int CaptionHeight = 240;
 
     void AddCaption(const QString& text, int left, int width);
 
     QString title_;
     int columns_;
     int column_ = 0;
-    int top_ = margin;
+    int top_ = Margin;
     int rowHeight_ = 0;
     QWidget* focused_ = nullptr;
     std::vector<std::function<void()>> stages_;

@@ -7,14 +7,14 @@ namespace gallery {
 
 namespace {
 
-constexpr int columns = 4;
-constexpr Size area{2700, 2100};
+constexpr int Columns = 4;
+constexpr Size Area{2700, 2100};
 
 void AddSkin(Sheet* sheet, const QString& caption, const controls::clsSkin& skin) {
     auto* sample = new SkinSample(skin, sheet);
     sample->setObjectName(caption);
     sample->setAccessibleName(caption);
-    sheet->Add(sample, caption, area);
+    sheet->Add(sample, caption, Area);
 }
 
 controls::clsSkin WizardSkin(qint32 style) {
@@ -28,7 +28,7 @@ controls::clsSkin WizardSkin(qint32 style) {
 }  // namespace
 
 Sheet* SkinPage(QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Skin"), columns, parent);
+    auto* sheet = new Sheet(QStringLiteral("Skin"), Columns, parent);
     AddSkin(sheet, QStringLiteral("Style 0: top to bottom"), WizardSkin(0));
     AddSkin(sheet, QStringLiteral("Style 1: left to right"), WizardSkin(1));
     AddSkin(sheet, QStringLiteral("Style 2: middle to top, bottom"), WizardSkin(2));

@@ -9,11 +9,11 @@ using controls::ctlTextBox;
 
 namespace {
 
-constexpr Size usual{2700, 285};
-constexpr int columns = 4;
-constexpr qint16 rightAligned = 1;
+constexpr Size Usual{2700, 285};
+constexpr int Columns = 4;
+constexpr qint16 RightAligned = 1;
 /// The saved number of decimals that means as many as the user's money has.
-constexpr qint16 decimalsOfMoney = 2;
+constexpr qint16 DecimalsOfMoney = 2;
 
 /// Puts text boxes on the sheet.
 class TextBoxes {
@@ -21,7 +21,7 @@ public:
     TextBoxes(EventLog& log, Sheet* sheet) : log_(&log), sheet_(sheet) {}
 
     ctlTextBox* Add(const QString& caption, const ctlTextBox::Properties& properties,
-                    Size size = usual) const {
+                    Size size = Usual) const {
         auto* box = new ctlTextBox(properties, sheet_);
         box->setObjectName(caption);
         box->SetLabel(caption);
@@ -51,7 +51,7 @@ void AddTexts(const TextBoxes& boxes, Sheet* sheet) {
     boxes.Add(QStringLiteral("Locked"), {.Locked = true, .Text = QStringLiteral("Can be read and copied")});
     boxes.Add(QStringLiteral("Empty"), {.Text = QString()});
     boxes.Add(QStringLiteral("Alignment right"),
-              {.Alignment = rightAligned, .Text = QStringLiteral("12 Main Road")});
+              {.Alignment = RightAligned, .Text = QStringLiteral("12 Main Road")});
     boxes.Add(QStringLiteral("MaxLength 5"), {.MaxLength = 5, .Text = QStringLiteral("12345")});
     boxes.Add(QStringLiteral("Longer than the box"),
               {.Text = QStringLiteral("The trustees for the time being of the Smith Family Trust")});
@@ -60,57 +60,57 @@ void AddTexts(const TextBoxes& boxes, Sheet* sheet) {
 void AddNumbers(const TextBoxes& boxes, Sheet* sheet) {
     sheet->EndRow();
     boxes.Add(QStringLiteral("IsNumeric"),
-              {.Alignment = rightAligned, .Text = QStringLiteral("12"), .IsNumeric = true});
-    boxes.Add(QStringLiteral("IsNumeric, decimals of money"), {.Alignment = rightAligned,
+              {.Alignment = RightAligned, .Text = QStringLiteral("12"), .IsNumeric = true});
+    boxes.Add(QStringLiteral("IsNumeric, decimals of money"), {.Alignment = RightAligned,
                                                                .Text = QStringLiteral("1680"),
                                                                .IsNumeric = true,
-                                                               .DecimalPlaces = decimalsOfMoney});
-    boxes.Add(QStringLiteral("AllowNegative"), {.Alignment = rightAligned,
+                                                               .DecimalPlaces = DecimalsOfMoney});
+    boxes.Add(QStringLiteral("AllowNegative"), {.Alignment = RightAligned,
                                                 .Text = QStringLiteral("-210"),
                                                 .IsNumeric = true,
-                                                .DecimalPlaces = decimalsOfMoney,
+                                                .DecimalPlaces = DecimalsOfMoney,
                                                 .AllowNegative = true});
     boxes.Add(
         QStringLiteral("IsNumeric, not Enabled"),
-        {.Enabled = false, .Alignment = rightAligned, .Text = QStringLiteral("420"), .IsNumeric = true});
-    boxes.Add(QStringLiteral("ShowUpDown"), {.Alignment = rightAligned,
+        {.Enabled = false, .Alignment = RightAligned, .Text = QStringLiteral("420"), .IsNumeric = true});
+    boxes.Add(QStringLiteral("ShowUpDown"), {.Alignment = RightAligned,
                                              .Text = QStringLiteral("1"),
                                              .IsNumeric = true,
                                              .ShowUpDown = true,
                                              .UpDownIncrement = 1});
-    boxes.Add(QStringLiteral("ShowUpDown, AllowNegative"), {.Alignment = rightAligned,
+    boxes.Add(QStringLiteral("ShowUpDown, AllowNegative"), {.Alignment = RightAligned,
                                                             .Text = QStringLiteral("+5"),
                                                             .IsNumeric = true,
                                                             .AllowNegative = true,
                                                             .ShowUpDown = true,
                                                             .UpDownIncrement = 5});
     boxes.Add(QStringLiteral("ShowUpDown, not Enabled"), {.Enabled = false,
-                                                          .Alignment = rightAligned,
+                                                          .Alignment = RightAligned,
                                                           .Text = QStringLiteral("1"),
                                                           .IsNumeric = true,
                                                           .ShowUpDown = true,
                                                           .UpDownIncrement = 1});
-    boxes.Add(QStringLiteral("ShowUpDown, Locked"), {.Alignment = rightAligned,
+    boxes.Add(QStringLiteral("ShowUpDown, Locked"), {.Alignment = RightAligned,
                                                      .Locked = true,
                                                      .Text = QStringLiteral("1"),
                                                      .IsNumeric = true,
                                                      .ShowUpDown = true,
                                                      .UpDownIncrement = 1});
     boxes.Add(QStringLiteral("Higher"), {.Text = QStringLiteral("One line all the same")},
-              {usual.width, 600});
+              {Usual.width, 600});
     boxes.Add(QStringLiteral("Higher, ShowUpDown"),
-              {.Alignment = rightAligned,
+              {.Alignment = RightAligned,
                .Text = QStringLiteral("7"),
                .IsNumeric = true,
                .ShowUpDown = true,
                .UpDownIncrement = 1},
-              {usual.width, 600});
+              {Usual.width, 600});
 }
 
 }  // namespace
 
 Sheet* TextBoxPage(EventLog& log, QWidget* parent) {
-    auto* sheet = new Sheet(QStringLiteral("Text box"), columns, parent);
+    auto* sheet = new Sheet(QStringLiteral("Text box"), Columns, parent);
     const TextBoxes boxes(log, sheet);
     AddTexts(boxes, sheet);
     AddNumbers(boxes, sheet);

@@ -30,11 +30,11 @@ FileIdentity ToIdentity(const struct stat& status) {
 
 // These make a lock of the file out of locks of all its bytes, which would keep out a database engine's own.
 bool AreFileLocksByteLocks(int file) {
-    constexpr std::array<quint32, 5> networks{NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
+    constexpr std::array<quint32, 5> Networks{NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
                                               SMB2_SUPER_MAGIC, V9FS_MAGIC};
     struct statfs fileSystem {};
     return fstatfs(file, &fileSystem) == 0 &&
-           std::count(networks.begin(), networks.end(), static_cast<quint32>(fileSystem.f_type)) > 0;
+           std::count(Networks.begin(), Networks.end(), static_cast<quint32>(fileSystem.f_type)) > 0;
 }
 
 bool TryTakeByte(int file) {

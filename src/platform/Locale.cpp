@@ -65,12 +65,12 @@ Answers AskLocale() {
         answers.decimalMark = decimalMark;
     }
     answers.dateFormat = ReadDateFormat(FromLocaleBytes(nl_langinfo(D_FMT)));
-    static constexpr std::array<nl_item, 12> monthItems{ABMON_1, ABMON_2,  ABMON_3,  ABMON_4,
+    static constexpr std::array<nl_item, 12> MonthItems{ABMON_1, ABMON_2,  ABMON_3,  ABMON_4,
                                                         ABMON_5, ABMON_6,  ABMON_7,  ABMON_8,
                                                         ABMON_9, ABMON_10, ABMON_11, ABMON_12};
-    for (size_t place = 0; place < monthItems.size(); ++place) {
+    for (size_t place = 0; place < MonthItems.size(); ++place) {
         // Some locales pad the names to one width.
-        const QString name = FromLocaleBytes(nl_langinfo(monthItems[place])).trimmed();
+        const QString name = FromLocaleBytes(nl_langinfo(MonthItems[place])).trimmed();
         if (!name.isEmpty()) {
             answers.months[place] = name;
         }

@@ -72,9 +72,9 @@ RegistryValue DoubleWord(QStringView digits) {
 }
 
 bool HoldsText(quint32 type) {
-    constexpr quint32 expandableText = 2;
-    constexpr quint32 textList = 7;
-    return type == RegistryType::REG_SZ || type == expandableText || type == textList;
+    constexpr quint32 ExpandableText = 2;
+    constexpr quint32 TextList = 7;
+    return type == RegistryType::REG_SZ || type == ExpandableText || type == TextList;
 }
 
 /// Exported texts are two-byte characters; the store hands out UTF-8. What can't be such text stays as it is.

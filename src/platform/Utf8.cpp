@@ -3,12 +3,12 @@
 namespace platform {
 
 QString TextFromUtf8(QByteArrayView bytes) {
-    constexpr QByteArrayView mark("\xEF\xBB\xBF");
+    constexpr QByteArrayView Mark("\xEF\xBB\xBF");
     qsizetype marks = 0;
-    while (bytes.sliced(marks * mark.size()).startsWith(mark)) {
+    while (bytes.sliced(marks * Mark.size()).startsWith(Mark)) {
         ++marks;
     }
-    return QString(marks, QChar(QChar::ByteOrderMark)) + QString::fromUtf8(bytes.sliced(marks * mark.size()));
+    return QString(marks, QChar(QChar::ByteOrderMark)) + QString::fromUtf8(bytes.sliced(marks * Mark.size()));
 }
 
 QByteArray Utf8FromText(QStringView text) {

@@ -10,10 +10,10 @@ struct Collections;
 
 struct BankAccountRules {
     using Record = BankAccount;
-    static constexpr auto name = &BankAccount::BankAccountName;
-    static constexpr int codeLimit = LedgerCodeLength;
-    static constexpr bool keepsCodes = true;  ///< The preset account has its code from the start.
-    static constexpr bool foundByName = true;
+    static constexpr auto Name = &BankAccount::BankAccountName;
+    static constexpr int CodeLimit = LedgerCodeLength;
+    static constexpr bool KeepsCodes = true;  ///< The preset account has its code from the start.
+    static constexpr bool FoundByName = true;
 };
 
 class bankAccounts : public RecordCollection<BankAccountRules> {

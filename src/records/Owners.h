@@ -10,10 +10,10 @@ struct Collections;
 
 struct OwnerRules {
     using Record = Owner;
-    static constexpr auto name = &Owner::OwnersName;
-    static constexpr int codeLimit = LedgerCodeLength;
-    static constexpr bool keepsCodes = true;
-    static constexpr bool foundByName = true;
+    static constexpr auto Name = &Owner::OwnersName;
+    static constexpr int CodeLimit = LedgerCodeLength;
+    static constexpr bool KeepsCodes = true;
+    static constexpr bool FoundByName = true;
 };
 
 class Owners : public RecordCollection<OwnerRules> {

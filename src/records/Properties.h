@@ -11,10 +11,10 @@ struct Collections;
 
 struct PropertyRules {
     using Record = Property;
-    static constexpr auto name = &Property::Address1;
-    static constexpr int codeLimit = PropertyCodeLength;
-    static constexpr bool keepsCodes = true;
-    static constexpr bool foundByName = true;
+    static constexpr auto Name = &Property::Address1;
+    static constexpr int CodeLimit = PropertyCodeLength;
+    static constexpr bool KeepsCodes = true;
+    static constexpr bool FoundByName = true;
 };
 
 class Properties : public RecordCollection<PropertyRules> {

@@ -28,10 +28,10 @@ inline QString NameKey(const QString& name) {
 ///
 /// Each collection states what is its own in its rules:
 ///   Record        the record class
-///   name          the field that is the record's name throughout the system
-///   codeLimit     how many characters Hearthbook's key column takes
-///   keepsCodes    whether a record that already has a code keeps it
-///   foundByName   whether other records find the code through the name
+///   Name          the field that is the record's name throughout the system
+///   CodeLimit     how many characters Hearthbook's key column takes
+///   KeepsCodes    whether a record that already has a code keeps it
+///   FoundByName   whether other records find the code through the name
 ///
 /// Places are counted in 16 bits, as Hearthbook counts its records: everything that walks the whole list
 /// raises platform failure 6 if there are more than 32767 records.
@@ -57,7 +57,7 @@ public:
     }
 
     /// What the record is called all over the system.
-    static const QString& NameOf(const Record& record) { return record.*Rules::name; }
+    static const QString& NameOf(const Record& record) { return record.*Rules::Name; }
 
     /// The enumeration in the order of the places (NewEnum).
     auto begin() const { return records_.begin(); }
@@ -88,9 +88,9 @@ public:
     /// Gives the records their codes. Only records at earlier places can clash with one.
     void GenerateCodes() {
         const List& records = Walk();
-        CodeMaker codes(Rules::codeLimit, Count());
+        CodeMaker codes(Rules::CodeLimit, Count());
         for (const Reference& record : records) {
-            if (!Rules::keepsCodes || record->Code.isEmpty()) {
+            if (!Rules::KeepsCodes || record->Code.isEmpty()) {
                 record->Code = codes.MakeUniqueCode(NameOf(*record));
             }
             codes.Take(record->Code);
@@ -99,7 +99,7 @@ public:
 
     /// All codes by name, compared exactly. Where records share a name, the last one counts. For callers that
     /// look up many names: GetCode walks the list at every call.
-    QHash<QString, QString> CodesByName() const requires(Rules::foundByName) {
+    QHash<QString, QString> CodesByName() const requires(Rules::FoundByName) {
         QHash<QString, QString> codes;
         codes.reserve(Count());
         for (const Reference& record : Walk()) {
@@ -109,7 +109,7 @@ public:
     }
 
     /// The code of the record of this name, empty if there is none.
-    QString GetCode(const QString& Name) const requires(Rules::foundByName) {
+    QString GetCode(const QString& Name) const requires(Rules::FoundByName) {
         return CodesByName().value(Name);
     }
 

@@ -15,7 +15,7 @@ struct NamedFrequency {
     bool isOffered = true;
 };
 
-constexpr std::array<NamedFrequency, 5> frequencies = {{
+constexpr std::array<NamedFrequency, 5> Frequencies = {{
     {Frequency::Day, QLatin1String("Day")},
     {Frequency::Week, QLatin1String("Week")},
     {Frequency::Month, QLatin1String("Month")},
@@ -28,15 +28,15 @@ constexpr std::array<NamedFrequency, 5> frequencies = {{
 
 Frequency FrequencyOf(const QString& every_freq) {
     const auto* const found =
-        std::find_if(frequencies.begin(), frequencies.end(),
+        std::find_if(Frequencies.begin(), Frequencies.end(),
                      [&](const NamedFrequency& each) { return each.name == every_freq; });
-    return found == frequencies.end() ? Frequency::Unknown : found->frequency;
+    return found == Frequencies.end() ? Frequency::Unknown : found->frequency;
 }
 
 const QStringList& OfferedFrequencies() {
     static const QStringList offered = [] {
         QStringList names;
-        for (const NamedFrequency& each : frequencies) {
+        for (const NamedFrequency& each : Frequencies) {
             if (each.isOffered) {
                 names.append(each.name);
             }

@@ -13,11 +13,11 @@ struct Collections;
 
 struct TenantRules {
     using Record = Tenant;
-    static constexpr auto name = &Tenant::Name;
-    static constexpr int codeLimit = PropertyCodeLength;
-    static constexpr bool keepsCodes =
+    static constexpr auto Name = &Tenant::Name;
+    static constexpr int CodeLimit = PropertyCodeLength;
+    static constexpr bool KeepsCodes =
         false;  ///< Nothing refers to a tenant, so all are coded anew each time.
-    static constexpr bool foundByName = false;
+    static constexpr bool FoundByName = false;
 };
 
 class Tenants : public RecordCollection<TenantRules> {

@@ -19,8 +19,8 @@ namespace screens {
 ///
 /// Each page states what is its own:
 ///   Dialog                       the dialog that adds or changes one record
-///   label, headings, widths      what the page says and the columns of its list
-///   list                         what assistive programs call the list
+///   Label, Headings, Widths      what the page says and the columns of its list
+///   List                         what assistive programs call the list
 ///   Collection(all)              the records
 ///   RowOf(record)                the record's row, the values separated by tabs; the first is its name
 ///   MayLeave(collection)         whether Next may leave the page; tells the user why not
@@ -31,20 +31,20 @@ class ListPage : public QWidget {
 public:
     ListPage(QWidget* parent, records::Collections& all) : QWidget(parent), all_(all) {
         setPalette(PaperPalette());
-        AddLabel(this, QStringLiteral("Label1"), Own::label, {0, 0, 11000, 300});
-        const QString zeros = QStringLiteral("0|").repeated(Own::headings.count(QLatin1Char('|')));
-        akGrid1_ = new controls::akGrid({.ColumnHeadings = Own::headings,
-                                         .ColumnWidths = Own::widths,
+        AddLabel(this, QStringLiteral("Label1"), Own::Label, {0, 0, 11000, 300});
+        const QString zeros = QStringLiteral("0|").repeated(Own::Headings.count(QLatin1Char('|')));
+        akGrid1_ = new controls::akGrid({.ColumnHeadings = Own::Headings,
+                                         .ColumnWidths = Own::Widths,
                                          .ColumnAlignments = zeros,
                                          .Hyperlinks = zeros,
                                          .RowCount = QStringLiteral("0")},
-                                        this, QRect(0, 450, 8625, heightOfGrid));
+                                        this, QRect(0, 450, 8625, HeightOfGrid));
         akGrid1_->setObjectName(QStringLiteral("akGrid1"));
-        akGrid1_->setAccessibleName(Own::list);
+        akGrid1_->setAccessibleName(Own::List);
         // An empty grid reckons with lower rows than it lays out later. Told the true height now, it shows
         // all the rows that it counts as visible, also those that come while the page is on show.
-        akGrid1_->SetRowHeight(heightOfRows);
-        PutAt(*akGrid1_, {0, 450, 8625, heightOfGrid});
+        akGrid1_->SetRowHeight(HeightOfRows);
+        PutAt(*akGrid1_, {0, 450, 8625, HeightOfGrid});
         AddButton(QStringLiteral("ctlButton1"), QStringLiteral("Add"), 0, &ListPage::Add);
         AddButton(QStringLiteral("ctlButton2"), QStringLiteral("Edit"), 1, &ListPage::Edit);
         AddButton(QStringLiteral("ctlButton3"), QStringLiteral("Remove"), 2, &ListPage::Remove);
@@ -62,15 +62,15 @@ public:
     bool IsValid() { return Own::MayLeave(Own::Collection(all_)); }
 
 private:
-    static constexpr int heightOfRows = 240;
+    static constexpr int HeightOfRows = 240;
     /// 22 rows, the heading and the grid's own margin.
-    static constexpr int heightOfGrid = 22 * 225 + 330;
+    static constexpr int HeightOfGrid = 22 * 225 + 330;
 
     void AddButton(const QString& name, const QString& caption, int place, void (ListPage::*action)()) {
         auto* button = new controls::ctlButton({.Caption = caption}, this);
         button->setObjectName(name);
-        constexpr int pitch = 1700;
-        PutAt(*button, {place * pitch, 450 + heightOfGrid + 150, ButtonWidth, ButtonHeight});
+        constexpr int Pitch = 1700;
+        PutAt(*button, {place * Pitch, 450 + HeightOfGrid + 150, ButtonWidth, ButtonHeight});
         connect(button, &controls::ctlButton::Click, this, action);
     }
 

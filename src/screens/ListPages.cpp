@@ -28,11 +28,11 @@ bool AddIfMade(Collection& collection, const typename Collection::Reference& rec
 
 }  // namespace
 
-const QString AccountsPage::label =
+const QString AccountsPage::Label =
     QStringLiteral("Enter your list of bank accounts used for properties or your business.");
-const QString AccountsPage::list = QStringLiteral("List of bank accounts");
-const QString AccountsPage::headings = QStringLiteral("Bank Account Name|");
-const QString AccountsPage::widths = QStringLiteral("8000|");
+const QString AccountsPage::List = QStringLiteral("List of bank accounts");
+const QString AccountsPage::Headings = QStringLiteral("Bank Account Name|");
+const QString AccountsPage::Widths = QStringLiteral("8000|");
 
 bool AccountsPage::MayLeave(const records::bankAccounts& collection) {
     return MayLeaveUnlessFaulty(collection);
@@ -42,11 +42,11 @@ bool AccountsPage::TakeFrom(Dialog& dialog, records::Collections& all) {
     return AddIfMade(Collection(all), dialog.AddAccount);
 }
 
-const QString OwnerPage::label =
+const QString OwnerPage::Label =
     QStringLiteral("Enter your list of people/companies who own the properties you are managing.");
-const QString OwnerPage::list = QStringLiteral("List of owners");
-const QString OwnerPage::headings = QStringLiteral("Owner|");
-const QString OwnerPage::widths = QStringLiteral("8000|");
+const QString OwnerPage::List = QStringLiteral("List of owners");
+const QString OwnerPage::Headings = QStringLiteral("Owner|");
+const QString OwnerPage::Widths = QStringLiteral("8000|");
 
 bool OwnerPage::MayLeave(const records::Owners& collection) {
     return !records::NeedsNoOwnersAnswer(collection) ||
@@ -57,10 +57,10 @@ bool OwnerPage::TakeFrom(Dialog& dialog, records::Collections& all) {
     return AddIfMade(Collection(all), dialog.AddOwner);
 }
 
-const QString PropertyPage::label = QStringLiteral("Enter the list of properties you manage.");
-const QString PropertyPage::list = QStringLiteral("List of properties");
-const QString PropertyPage::headings = QStringLiteral("Property|Owner|");
-const QString PropertyPage::widths = QStringLiteral("4000|4000|");
+const QString PropertyPage::Label = QStringLiteral("Enter the list of properties you manage.");
+const QString PropertyPage::List = QStringLiteral("List of properties");
+const QString PropertyPage::Headings = QStringLiteral("Property|Owner|");
+const QString PropertyPage::Widths = QStringLiteral("4000|4000|");
 
 bool PropertyPage::MayLeave(const records::Properties& collection) {
     return MayLeaveUnlessFaulty(collection);
@@ -71,10 +71,10 @@ bool PropertyPage::TakeFrom(Dialog& /*dialog*/, records::Collections& /*all*/) {
     return true;
 }
 
-const QString TenantPage::label = QStringLiteral("Enter the list of tenants you manage.");
-const QString TenantPage::list = QStringLiteral("List of tenants");
-const QString TenantPage::headings = QStringLiteral("Tenant|Property|");
-const QString TenantPage::widths = QStringLiteral("4000|4000|");
+const QString TenantPage::Label = QStringLiteral("Enter the list of tenants you manage.");
+const QString TenantPage::List = QStringLiteral("List of tenants");
+const QString TenantPage::Headings = QStringLiteral("Tenant|Property|");
+const QString TenantPage::Widths = QStringLiteral("4000|4000|");
 
 bool TenantPage::MayLeave(const records::Tenants& collection) {
     return MayLeaveUnlessFaulty(collection);

@@ -12,10 +12,10 @@ namespace screens {
 
 struct AccountsPage {
     using Dialog = frmBankAccount;
-    static const QString label;
-    static const QString list;
-    static const QString headings;
-    static const QString widths;
+    static const QString Label;
+    static const QString List;
+    static const QString Headings;
+    static const QString Widths;
     static records::bankAccounts& Collection(records::Collections& all) { return all.bankAccounts; }
     static QString RowOf(const records::BankAccount& record) { return record.BankAccountName; }
     static bool MayLeave(const records::bankAccounts& collection);
@@ -25,10 +25,10 @@ struct AccountsPage {
 
 struct OwnerPage {
     using Dialog = frmOwner;
-    static const QString label;
-    static const QString list;
-    static const QString headings;
-    static const QString widths;
+    static const QString Label;
+    static const QString List;
+    static const QString Headings;
+    static const QString Widths;
     static records::Owners& Collection(records::Collections& all) { return all.Owners; }
     static QString RowOf(const records::Owner& record) { return record.OwnersName; }
     static bool MayLeave(const records::Owners& collection);
@@ -38,10 +38,10 @@ struct OwnerPage {
 
 struct PropertyPage {
     using Dialog = frmProperty;
-    static const QString label;
-    static const QString list;
-    static const QString headings;
-    static const QString widths;
+    static const QString Label;
+    static const QString List;
+    static const QString Headings;
+    static const QString Widths;
     static records::Properties& Collection(records::Collections& all) { return all.Properties; }
     static QString RowOf(const records::Property& record) {
         return record.Address1 + QLatin1Char('\t') + record.Owner;
@@ -53,10 +53,10 @@ struct PropertyPage {
 
 struct TenantPage {
     using Dialog = frmTenant;
-    static const QString label;
-    static const QString list;
-    static const QString headings;
-    static const QString widths;
+    static const QString Label;
+    static const QString List;
+    static const QString Headings;
+    static const QString Widths;
     static records::Tenants& Collection(records::Collections& all) { return all.Tenants; }
     static QString RowOf(const records::Tenant& record) {
         return record.Name + QLatin1Char('\t') + record.PropertyName;

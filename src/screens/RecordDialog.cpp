@@ -18,10 +18,10 @@ using controls::ctlTextBox;
 
 namespace {
 
-constexpr int margin = 240;
-constexpr int pitch = 435;
-constexpr int widthOfLabels = 2400;
-constexpr int heightOfLists = 330;
+constexpr int Margin = 240;
+constexpr int Pitch = 435;
+constexpr int WidthOfLabels = 2400;
+constexpr int HeightOfLists = 330;
 
 }  // namespace
 
@@ -35,36 +35,36 @@ DialogWindow::DialogWindow(const QString& caption, int width, int height, QWidge
 }
 
 int DialogWindow::TopOfLine(int line) {
-    return margin + line * pitch;
+    return Margin + line * Pitch;
 }
 
 ctlTextBox* DialogWindow::AddTextBox(const QString& name, const QString& label, int line, int width,
                                      const ctlTextBox::Properties& properties) {
     AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
-             {margin, TopOfLine(line) + 45, widthOfLabels, heightOfFields});
+             {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
     auto* box = new ctlTextBox(properties, this);
     box->setObjectName(name);
     box->SetLabel(label);
-    PutAt(*box, {leftOfFields, TopOfLine(line), width, heightOfFields});
+    PutAt(*box, {LeftOfFields, TopOfLine(line), width, HeightOfFields});
     return box;
 }
 
 akDate* DialogWindow::AddDate(const QString& name, const QString& label, int line,
                               const akDate::Properties& properties) {
     AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
-             {margin, TopOfLine(line) + 45, widthOfLabels, heightOfFields});
+             {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
     auto* date = new akDate(properties, this);
     date->setObjectName(name);
     date->SetLabel(label);
     date->SetBackColor(controls::White);
-    date->Move(leftOfFields, TopOfLine(line));
+    date->Move(LeftOfFields, TopOfLine(line));
     return date;
 }
 
 QComboBox* DialogWindow::AddList(const QString& name, const QString& label, int line, int width) {
     AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
-             {margin, TopOfLine(line) + 45, widthOfLabels, heightOfFields});
-    return AddPlainList(name, label, {leftOfFields, TopOfLine(line) - 15, width, heightOfLists});
+             {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
+    return AddPlainList(name, label, {LeftOfFields, TopOfLine(line) - 15, width, HeightOfLists});
 }
 
 QComboBox* DialogWindow::AddPlainList(const QString& name, const QString& accessibleName,
@@ -87,8 +87,8 @@ const ctlTextBox::Properties& DialogWindow::MoneyBox() {
 }
 
 void DialogWindow::AddSaveAndCancel() {
-    const int top = controls::ToTwips(height()) - margin - ButtonHeight;
-    const int right = controls::ToTwips(width()) - margin;
+    const int top = controls::ToTwips(height()) - Margin - ButtonHeight;
+    const int right = controls::ToTwips(width()) - Margin;
     auto* save = new ctlButton({.Caption = QStringLiteral("Save"), .Default = true}, this);
     save->setObjectName(QStringLiteral("cmdSave"));
     PutAt(*save, {right - 2 * ButtonWidth - 120, top, ButtonWidth, ButtonHeight});

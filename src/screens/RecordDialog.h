@@ -42,8 +42,8 @@ protected:
 
     /// Where a line begins, and where the fields of the lines stand, in twips.
     static int TopOfLine(int line);
-    static constexpr int leftOfFields = 2700;
-    static constexpr int heightOfFields = 285;
+    static constexpr int LeftOfFields = 2700;
+    static constexpr int HeightOfFields = 285;
 
     /// The dialog is about to be seen for the first time.
     virtual void Activated() = 0;

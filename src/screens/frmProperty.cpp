@@ -12,7 +12,7 @@ using controls::ctlTextBox;
 
 namespace {
 
-constexpr int widthOfAddress = 3600;
+constexpr int WidthOfAddress = 3600;
 
 /// A single entry needs no choosing.
 template <typename Collection>
@@ -29,14 +29,14 @@ frmProperty::frmProperty(QWidget* parent, records::Collections& all)
     : RecordDialog(QStringLiteral("Property"), 7800, 4500, parent, all, EditProperty, AddProperty) {
     const ctlTextBox::Properties address{.MaxLength = records::EntryLimit::Address, .Text = QString()};
     txtAddress1_ =
-        AddTextBox(QStringLiteral("txtAddress1"), QStringLiteral("Address 1"), 0, widthOfAddress, address);
+        AddTextBox(QStringLiteral("txtAddress1"), QStringLiteral("Address 1"), 0, WidthOfAddress, address);
     txtAddress2_ =
-        AddTextBox(QStringLiteral("txtAddress2"), QStringLiteral("Address 2"), 1, widthOfAddress, address);
+        AddTextBox(QStringLiteral("txtAddress2"), QStringLiteral("Address 2"), 1, WidthOfAddress, address);
     txtAddress3_ =
-        AddTextBox(QStringLiteral("txtAddress3"), QStringLiteral("Address 3"), 2, widthOfAddress, address);
-    cboOwner_ = AddList(QStringLiteral("cboOwner"), QStringLiteral("Owner"), 3, widthOfAddress);
+        AddTextBox(QStringLiteral("txtAddress3"), QStringLiteral("Address 3"), 2, WidthOfAddress, address);
+    cboOwner_ = AddList(QStringLiteral("cboOwner"), QStringLiteral("Owner"), 3, WidthOfAddress);
     cboAccount_ =
-        AddList(QStringLiteral("cboAccount"), QStringLiteral("Default Bank Account"), 4, widthOfAddress);
+        AddList(QStringLiteral("cboAccount"), QStringLiteral("Default Bank Account"), 4, WidthOfAddress);
     AddSaveAndCancel();
     AddUnitFields();
 }
@@ -45,7 +45,7 @@ void frmProperty::AddUnitFields() {
     Check1_ = new QCheckBox(QStringLiteral("This property has multiple units/rooms which we manage"), this);
     Check1_->setObjectName(QStringLiteral("Check1"));
     Check1_->setFont(controls::ControlFont());
-    PutAt(*Check1_, {240, TopOfLine(5) + 60, 7300, heightOfFields});
+    PutAt(*Check1_, {240, TopOfLine(5) + 60, 7300, HeightOfFields});
     txtUnitCount_ = AddTextBox(QStringLiteral("txtUnitCount"), QStringLiteral("Number of Units"), 6, 900,
                                {.Enabled = false,
                                 .Alignment = 1,

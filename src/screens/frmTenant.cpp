@@ -13,8 +13,8 @@ using controls::ctlTextBox;
 
 namespace {
 
-constexpr int lineOfFrequency = 5;
-constexpr int topOfBalance = 3800;
+constexpr int LineOfFrequency = 5;
+constexpr int TopOfBalance = 3800;
 
 const ctlTextBox::Properties& CountBox() {
     static const ctlTextBox::Properties properties{
@@ -40,7 +40,7 @@ void frmTenant::AddTenancyFields() {
         AddDate(QStringLiteral("datStart"), QStringLiteral("Tenancy Start Date"), 1, {.IncludeNone = true});
     AddLabel(this, QStringLiteral("lblStartNote"),
              QStringLiteral("NOTE - This date can NOT be changed later."),
-             {leftOfFields + 1800, TopOfLine(1) + 45, 4600, heightOfFields});
+             {LeftOfFields + 1800, TopOfLine(1) + 45, 4600, HeightOfFields});
     datEnd_ = AddDate(QStringLiteral("datEnd"), QStringLiteral("Tenancy End Date"), 2, {.IncludeNone = true});
     cboProperty_ = AddList(QStringLiteral("cboProperty"), QStringLiteral("Property"), 3, 3600);
 }
@@ -50,9 +50,9 @@ void frmTenant::AddRentFields() {
     rent.AllowNegative = false;
     txtRent_ = AddTextBox(QStringLiteral("txtRent"), QStringLiteral("Current Rent"), 4, 1575, rent);
     txtFreqNumber_ = AddTextBox(QStringLiteral("txtFreqNumber"), QStringLiteral("Rent Frequency"),
-                                lineOfFrequency, 600, CountBox());
+                                LineOfFrequency, 600, CountBox());
     cboFrequency_ = AddPlainList(QStringLiteral("cboFrequency"), QStringLiteral("Rent Frequency Unit"),
-                                 {leftOfFields + 720, TopOfLine(lineOfFrequency) - 15, 1200, 330});
+                                 {LeftOfFields + 720, TopOfLine(LineOfFrequency) - 15, 1200, 330});
     txtBond_ =
         AddTextBox(QStringLiteral("txtBond"), QStringLiteral("Bond/Deposit Held"), 6, 1575, MoneyBox());
 }
@@ -69,27 +69,27 @@ void frmTenant::AddBalanceFields() {
     txtBalance_->setObjectName(QStringLiteral("txtBalance"));
     // The option beside it bears the caption already, and no two fields are called alike.
     txtBalance_->SetLabel(QStringLiteral("Rent Balance"));
-    PutAt(*txtBalance_, {3700, topOfBalance + 735, 1575, heightOfFields});
+    PutAt(*txtBalance_, {3700, TopOfBalance + 735, 1575, HeightOfFields});
     AddSaveAndCancel();
     optDont_ =
         AddOption(this, QStringLiteral("optDont"),
                   QStringLiteral("Dont set the balance.  I will manually enter all transactions since the "
                                  "tenancy start date"),
-                  {240, topOfBalance + 330, 9120, heightOfFields});
+                  {240, TopOfBalance + 330, 9120, HeightOfFields});
     optSet_ = AddOption(this, QStringLiteral("optSet"), setCaption,
-                        {240, topOfBalance + 735, 3400, heightOfFields});
+                        {240, TopOfBalance + 735, 3400, HeightOfFields});
 }
 
 void frmTenant::AddMonthDayFields() {
-    const int top = TopOfLine(lineOfFrequency);
+    const int top = TopOfLine(LineOfFrequency);
     lblMonthDay1_ = AddLabel(this, QStringLiteral("lblMonthDay1"), QStringLiteral("from day"),
-                             {leftOfFields + 2050, top + 45, 800, heightOfFields});
+                             {LeftOfFields + 2050, top + 45, 800, HeightOfFields});
     txtMonthDay_ = new ctlTextBox(CountBox(), this);
     txtMonthDay_->setObjectName(QStringLiteral("txtMonthDay"));
     txtMonthDay_->SetLabel(QStringLiteral("from day of each month"));
-    PutAt(*txtMonthDay_, {leftOfFields + 2850, top, 600, heightOfFields});
+    PutAt(*txtMonthDay_, {LeftOfFields + 2850, top, 600, HeightOfFields});
     lblMonthDay2_ = AddLabel(this, QStringLiteral("lblMonthDay2"), QStringLiteral("of each month"),
-                             {leftOfFields + 3550, top + 45, 1500, heightOfFields});
+                             {LeftOfFields + 3550, top + 45, 1500, HeightOfFields});
 }
 
 void frmTenant::Load() {

@@ -8,14 +8,14 @@
 namespace shell {
 
 void AddWarning(QWidget* page, int top) {
-    constexpr int side = 1920;
-    AddPicture(page, {0, top, side, side});
+    constexpr int Side = 1920;
+    AddPicture(page, {0, top, Side, Side});
     QLabel* warning = screens::AddLabel(
         page, QStringLiteral("Label1"),
         QStringLiteral(
             "WARNING - This will delete all existing data in your Hearthbook database.  This includes "
             "existing properties, owners, tenants, bank accounts and ALL transactions."),
-        {side + 300, top + 300, 8400, 1320});
+        {Side + 300, top + 300, 8400, 1320});
     QFont bold = warning->font();
     bold.setBold(true);
     warning->setFont(bold);
@@ -23,7 +23,7 @@ void AddWarning(QWidget* page, int top) {
         page, QStringLiteral("Label3"),
         QStringLiteral("All the information entered during this process can be changed later, with the "
                        "exception of the tenancy start date."),
-        {0, top + side + 300, 10800, 600});
+        {0, top + Side + 300, 10800, 600});
 }
 
 }  // namespace shell

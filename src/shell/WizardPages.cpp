@@ -14,7 +14,7 @@ namespace shell {
 
 namespace {
 
-constexpr std::optional<int> contents;
+constexpr std::optional<int> Contents;
 
 bool IsForAll() {
     return true;
@@ -67,7 +67,7 @@ const std::vector<PageKind>& Pages() {
     using namespace screens;
     // Topic 2 of the help is not in use.
     static const std::vector<PageKind> pages{
-        KindOf<ctlPageIntro>(QStringLiteral("Introduction"), QStringLiteral("ctlPageIntro1"), contents),
+        KindOf<ctlPageIntro>(QStringLiteral("Introduction"), QStringLiteral("ctlPageIntro1"), Contents),
         KindOf<ctlPageAccounts>(QStringLiteral("Bank Accounts"), QStringLiteral("ctlPageAccounts1"), 1),
         KindOf<ctlPageType>(QStringLiteral("User Type"), QStringLiteral("ctlPageType1"), 6),
         KindOf<ctlPageOwner>(QStringLiteral("Owners"), QStringLiteral("ctlPageOwner1"), 3, IsForManagers),
@@ -75,7 +75,7 @@ const std::vector<PageKind>& Pages() {
                                IsForLandlords),
         KindOf<ctlPageProperty>(QStringLiteral("Properties"), QStringLiteral("ctlPageProperty1"), 4),
         KindOf<ctlPageTenant>(QStringLiteral("Tenants"), QStringLiteral("ctlPageTenant1"), 5),
-        KindOf<ctlFinish>(QStringLiteral("Finished"), QStringLiteral("ctlFinish1"), contents)};
+        KindOf<ctlFinish>(QStringLiteral("Finished"), QStringLiteral("ctlFinish1"), Contents)};
     return pages;
 }
 

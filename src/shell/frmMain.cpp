@@ -29,17 +29,17 @@ using controls::ctlPageHeading;
 
 namespace {
 
-constexpr int innerWidth = 11970;
-constexpr int innerHeight = 8895;
-constexpr int margin = 240;
-constexpr qint16 firstTab = 0;
+constexpr int InnerWidth = 11970;
+constexpr int InnerHeight = 8895;
+constexpr int Margin = 240;
+constexpr qint16 FirstTab = 0;
 
 }  // namespace
 
 frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
     for (PageKind& kind : kinds) {
-        qint16 tab = firstTab;
+        qint16 tab = FirstTab;
         if (!pages_.empty()) {
             tab = pages_.back().tab;
             if (pages_.back().kind.tab != kind.tab) {
@@ -59,7 +59,7 @@ frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     AddPages();
     AddButtons();
     AddTutorialLink();
-    resize(controls::ToPixels(innerWidth), controls::ToPixels(innerHeight));
+    resize(controls::ToPixels(InnerWidth), controls::ToPixels(InnerHeight));
 }
 
 void frmMain::AddHeading() {
@@ -81,11 +81,11 @@ void frmMain::AddHeading() {
 
 void frmMain::AddPages() {
     for (FormPage& page : pages_) {
-        constexpr int top = 1410;
+        constexpr int Top = 1410;
         page.widget = page.kind.Make(this);
         page.widget->setObjectName(page.kind.name);
         page.widget->hide();
-        screens::PutAt(*page.widget, {margin, top, innerWidth - 2 * margin, 6500});
+        screens::PutAt(*page.widget, {Margin, Top, InnerWidth - 2 * Margin, 6500});
     }
 }
 
@@ -93,22 +93,22 @@ void frmMain::AddButtons() {
     using screens::ButtonHeight;
     using screens::ButtonWidth;
     // The largest button, and just as large as the picture on it, which is not stretched.
-    constexpr int nextWidth = 2250;
-    constexpr int gap = 120;
-    constexpr int top = innerHeight - margin - ButtonHeight;
-    constexpr int finishLeft = innerWidth - margin - ButtonWidth;
-    constexpr int nextLeft = finishLeft - gap - nextWidth;
-    constexpr int backLeft = nextLeft - gap - ButtonWidth;
-    AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"), {margin, top, ButtonWidth, ButtonHeight},
+    constexpr int NextWidth = 2250;
+    constexpr int Gap = 120;
+    constexpr int Top = InnerHeight - Margin - ButtonHeight;
+    constexpr int FinishLeft = InnerWidth - Margin - ButtonWidth;
+    constexpr int NextLeft = FinishLeft - Gap - NextWidth;
+    constexpr int BackLeft = NextLeft - Gap - ButtonWidth;
+    AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"), {Margin, Top, ButtonWidth, ButtonHeight},
               &frmMain::ShowHelp);
     AddButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"),
-              {margin + ButtonWidth + gap, top, ButtonWidth, ButtonHeight}, &frmMain::Cancel);
+              {Margin + ButtonWidth + Gap, Top, ButtonWidth, ButtonHeight}, &frmMain::Cancel);
     cmdBack_ = AddButton(QStringLiteral("cmdBack"), QStringLiteral("Back"),
-                         {backLeft, top, ButtonWidth, ButtonHeight}, &frmMain::GoBack);
+                         {BackLeft, Top, ButtonWidth, ButtonHeight}, &frmMain::GoBack);
     cmdNext_ = AddButton(QStringLiteral("cmdNext"), QStringLiteral("Next"),
-                         {nextLeft, top, nextWidth, ButtonHeight}, &frmMain::GoNext);
+                         {NextLeft, Top, NextWidth, ButtonHeight}, &frmMain::GoNext);
     cmdFinish_ = AddButton(QStringLiteral("cmdFinish"), QStringLiteral("Finish"),
-                           {finishLeft, top, ButtonWidth, ButtonHeight}, &frmMain::Finish);
+                           {FinishLeft, Top, ButtonWidth, ButtonHeight}, &frmMain::Finish);
 }
 
 ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const screens::Place& place,
@@ -122,7 +122,7 @@ ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const
 
 void frmMain::AddTutorialLink() {
     auto* link = new TutorialLink(this);
-    screens::PutAt(*link, {margin, 7815, 4350, 330});
+    screens::PutAt(*link, {Margin, 7815, 4350, 330});
 }
 
 void frmMain::showEvent(QShowEvent* event) {
@@ -141,8 +141,8 @@ void frmMain::ActivateOnce() {
             "least once."));
         platform::EndProcess(1);
     }
-    for (qint16 tab = firstTab; tab <= LastTab(); ++tab) {
-        HeadingControl_->ChangeTabEnabled(tab, tab == firstTab);
+    for (qint16 tab = FirstTab; tab <= LastTab(); ++tab) {
+        HeadingControl_->ChangeTabEnabled(tab, tab == FirstTab);
     }
     cmdBack_->SetEnabled(false);
     cmdFinish_->SetEnabled(false);
@@ -187,7 +187,7 @@ void frmMain::ShowPage() {
 
 void frmMain::EnableButtons() {
     const int index = HeadingControl_->CurrentTabIndex();
-    cmdBack_->SetEnabled(index > firstTab);
+    cmdBack_->SetEnabled(index > FirstTab);
     cmdNext_->SetEnabled(index != LastTab());
     cmdFinish_->SetEnabled(index == LastTab());
     // A button that can't be clicked any more must not keep the keyboard. Finish doesn't get it by itself:

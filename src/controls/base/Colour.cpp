@@ -10,10 +10,10 @@ namespace controls {
 
 namespace {
 
-constexpr Colour systemColourBit = 0x80000000U;
+constexpr Colour SystemColourBit = 0x80000000U;
 
 /// Text of large letters and the edges of controls can be told apart from this ratio on.
-constexpr double leastContrast = 3.0;
+constexpr double LeastContrast = 3.0;
 
 double Linear(double channel) {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -58,7 +58,7 @@ QColor DesktopColour(Colour colour) {
 }  // namespace
 
 QColor ToQColor(Colour colour) {
-    if ((colour & systemColourBit) != 0) {
+    if ((colour & SystemColourBit) != 0) {
         return DesktopColour(colour);
     }
     return {static_cast<int>(colour & 255U), static_cast<int>(colour >> 8U & 255U),
@@ -69,10 +69,10 @@ QColor ReadableOn(const QColor& background, const QColor& wanted) {
     const QColor strongest = Contrast(background, Qt::white) > Contrast(background, Qt::black)
                                  ? QColor(Qt::white)
                                  : QColor(Qt::black);
-    constexpr int steps = 8;
-    for (int step = 0; step < steps; ++step) {
-        const QColor mixed = Mixed(wanted, strongest, static_cast<double>(step) / steps);
-        if (Contrast(background, mixed) >= leastContrast) {
+    constexpr int Steps = 8;
+    for (int step = 0; step < Steps; ++step) {
+        const QColor mixed = Mixed(wanted, strongest, static_cast<double>(step) / Steps);
+        if (Contrast(background, mixed) >= LeastContrast) {
             return mixed;
         }
     }

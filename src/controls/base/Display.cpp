@@ -10,8 +10,8 @@ namespace controls {
 
 namespace {
 
-constexpr double twipsPerInch = 1440.0;
-constexpr int usualTwipsPerPixel = 15;
+constexpr double TwipsPerInch = 1440.0;
+constexpr int UsualTwipsPerPixel = 15;
 
 int pinnedTwips = 0;
 
@@ -23,9 +23,9 @@ int TwipsPerPixel() {
     }
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (screen == nullptr || screen->logicalDotsPerInch() <= 0) {
-        return usualTwipsPerPixel;
+        return UsualTwipsPerPixel;
     }
-    return std::max(1, static_cast<int>(std::lround(twipsPerInch / screen->logicalDotsPerInch())));
+    return std::max(1, static_cast<int>(std::lround(TwipsPerInch / screen->logicalDotsPerInch())));
 }
 
 void PinTwipsPerPixel(int twips) {

@@ -7,10 +7,10 @@
 namespace controls {
 
 QFont ControlFont(double points, Weight weight, const QString& name) {
-    constexpr double twipsPerPoint = 20.0;
+    constexpr double TwipsPerPoint = 20.0;
     QFont font(name);
     font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(std::max(1, ToPixels(points * twipsPerPoint)));
+    font.setPixelSize(std::max(1, ToPixels(points * TwipsPerPoint)));
     font.setBold(weight == Weight::Bold);
     return font;
 }

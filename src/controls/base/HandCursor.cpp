@@ -12,13 +12,13 @@ namespace {
 
 /// A cursor file begins with a table of its pictures; the hot spot of the first stands at bytes 10 to 13.
 QPoint HotSpotOf(const QString& path) {
-    constexpr qint64 headerLength = 14;
+    constexpr qint64 HeaderLength = 14;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QByteArray header = file.read(headerLength);
-    if (header.size() < headerLength) {
+    const QByteArray header = file.read(HeaderLength);
+    if (header.size() < HeaderLength) {
         return {};
     }
     const auto shortAt = [&header](qsizetype place) {

@@ -15,8 +15,8 @@ namespace controls {
 namespace {
 
 /// Most numbers that people type are shorter, and need no memory of their own to be read.
-constexpr qsizetype usualLength = 64;
-using PlainDigits = QVarLengthArray<char, usualLength>;
+constexpr qsizetype UsualLength = 64;
+using PlainDigits = QVarLengthArray<char, UsualLength>;
 
 bool TakeMark(QStringView& rest, const QString& mark) {
     if (mark.isEmpty() || !rest.startsWith(mark)) {

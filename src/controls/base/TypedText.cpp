@@ -18,10 +18,10 @@ bool IsShortcut(const QKeyEvent& event) {
 }  // namespace
 
 QString TypedText(const QKeyEvent& event) {
-    constexpr Qt::KeyboardModifiers harmless = Qt::ShiftModifier | Qt::KeypadModifier;
+    constexpr Qt::KeyboardModifiers Harmless = Qt::ShiftModifier | Qt::KeypadModifier;
     switch (event.key()) {
         case Qt::Key_Backspace:
-            return (event.modifiers() & ~harmless) == 0 ? BackspaceKey : QString();
+            return (event.modifiers() & ~Harmless) == 0 ? BackspaceKey : QString();
         case Qt::Key_Tab:
         case Qt::Key_Backtab:
         case Qt::Key_Delete:

@@ -8,11 +8,11 @@ namespace controls {
 
 namespace {
 
-constexpr Colour linkText = RGB(0, 0, 255);
-constexpr Colour outlineInUse = RGB(255, 0, 0);
+constexpr Colour LinkText = RGB(0, 0, 255);
+constexpr Colour OutlineInUse = RGB(255, 0, 0);
 
 /// The last pixel of the surface begins this many twips before its end.
-constexpr int lastPixel = 15;
+constexpr int LastPixel = 15;
 
 Colour Ground(const ButtonLook& look) {
     const bool greyed = !look.Blank && !look.Enabled && !look.LinkButton;
@@ -35,14 +35,14 @@ Colour OutlineOf(const ButtonLook& look) {
     if (!look.Enabled) {
         return SystemColours::DarkShadow;
     }
-    return look.State == ButtonStates::Normal ? ThePalette().ButtonOutline : outlineInUse;
+    return look.State == ButtonStates::Normal ? ThePalette().ButtonOutline : OutlineInUse;
 }
 
 QColor TextColour(const ButtonLook& look) {
     if (!look.Enabled) {
         return ReadableOn(ToQColor(Ground(look)), ToQColor(SystemColours::GreyText));
     }
-    return ToQColor(look.LinkButton ? linkText : Black);
+    return ToQColor(look.LinkButton ? LinkText : Black);
 }
 
 void DrawCaption(PaintedCanvas& canvas, const ButtonLook& look, QFont font) {
@@ -64,7 +64,7 @@ void DrawLook(PaintedCanvas& canvas, const ButtonLook& look, const QFont& font) 
         PictureOf(look.State).DrawOn(canvas);
     }
     if (!look.LinkButton) {
-        canvas.Line(0, 0, canvas.Width() - lastPixel, canvas.Height() - lastPixel, OutlineOf(look),
+        canvas.Line(0, 0, canvas.Width() - LastPixel, canvas.Height() - LastPixel, OutlineOf(look),
                     LineForm::Outline);
     }
     DrawCaption(canvas, look, font);

@@ -9,7 +9,7 @@ namespace controls {
 
 namespace {
 
-constexpr int monthsInYear = 12;
+constexpr int MonthsInYear = 12;
 
 CalendarMonth IfItsYearFits(CalendarMonth wanted, CalendarMonth otherwise) {
     using Bits = std::numeric_limits<std::int16_t>;
@@ -25,12 +25,12 @@ int WeekdayFromSunday(QDate date) {
 
 CalendarMonth MonthBefore(CalendarMonth shown) {
     const CalendarMonth before = shown.month > 1 ? CalendarMonth{shown.month - 1, shown.year}
-                                                 : CalendarMonth{monthsInYear, shown.year - 1};
+                                                 : CalendarMonth{MonthsInYear, shown.year - 1};
     return IfItsYearFits(before, shown);
 }
 
 CalendarMonth MonthAfter(CalendarMonth shown) {
-    const CalendarMonth after = shown.month < monthsInYear ? CalendarMonth{shown.month + 1, shown.year}
+    const CalendarMonth after = shown.month < MonthsInYear ? CalendarMonth{shown.month + 1, shown.year}
                                                            : CalendarMonth{1, shown.year + 1};
     return IfItsYearFits(after, shown);
 }
@@ -70,14 +70,14 @@ QString MonthName(int month) {
     static const QString names = QStringLiteral(
         "January  February March    April    May      June     July     August   SeptemberOctober  November "
         "December ");
-    constexpr qsizetype width = 9;
-    return month >= 1 ? names.mid((month - 1) * width, width).trimmed() : QString();
+    constexpr qsizetype Width = 9;
+    return month >= 1 ? names.mid((month - 1) * Width, Width).trimmed() : QString();
 }
 
 QString DayName(int weekday) {
     static const QString names = QStringLiteral("SunMonTueWedThuFriSat");
-    constexpr qsizetype width = 3;
-    return weekday >= 1 ? names.mid((weekday - 1) * width, width) : QString();
+    constexpr qsizetype Width = 3;
+    return weekday >= 1 ? names.mid((weekday - 1) * Width, Width) : QString();
 }
 
 QString MonthTitle(CalendarMonth shown) {
@@ -89,10 +89,10 @@ std::optional<CalendarCell> CellAt(int X, int Y) {
     if (Y < GridTop || Y > GridEnd) {
         return std::nullopt;
     }
-    constexpr double halfColumn = ColumnWidth / 2.0;
-    constexpr double halfRow = RowHeight / 2.0;
-    const int column = platform::ToLong((X - GridLeft + halfColumn) / ColumnWidth);
-    const int row = platform::ToLong((Y - GridTop + halfRow) / RowHeight);
+    constexpr double HalfColumn = ColumnWidth / 2.0;
+    constexpr double HalfRow = RowHeight / 2.0;
+    const int column = platform::ToLong((X - GridLeft + HalfColumn) / ColumnWidth);
+    const int row = platform::ToLong((Y - GridTop + HalfRow) / RowHeight);
     if (column < 0 || column > DayColumns) {
         return std::nullopt;
     }

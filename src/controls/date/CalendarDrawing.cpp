@@ -9,7 +9,7 @@ namespace {
 
 using namespace CalendarPlaces;
 
-constexpr Colour discColour = RGB(255, 255, 0);
+constexpr Colour DiscColour = RGB(255, 255, 0);
 
 void PrintCentred(PaintedCanvas& canvas, double left, double width, double top, const QString& text,
                   const QColor& colour) {
@@ -28,10 +28,10 @@ bool DayNamesFit(const PaintedCanvas& canvas) {
 
 /// In a wide face the names would run into one another.
 void SetFontOfDayNames(PaintedCanvas& canvas) {
-    constexpr int leastReadable = 8;
+    constexpr int LeastReadable = 8;
     QFont font = ControlFont();
     canvas.SetFont(font);
-    while (!DayNamesFit(canvas) && font.pixelSize() > leastReadable) {
+    while (!DayNamesFit(canvas) && font.pixelSize() > LeastReadable) {
         font.setPixelSize(font.pixelSize() - 1);
         canvas.SetFont(font);
     }
@@ -40,8 +40,8 @@ void SetFontOfDayNames(PaintedCanvas& canvas) {
 void DrawDay(PaintedCanvas& canvas, CalendarCell cell, int day, bool isMarked) {
     const TwipsPoint place = CellPlace(cell);
     if (isMarked) {
-        constexpr double radius = 95;
-        canvas.Disc(place.left + ColumnWidth / 2.0, place.top + RowHeight / 2.0, radius, discColour);
+        constexpr double Radius = 95;
+        canvas.Disc(place.left + ColumnWidth / 2.0, place.top + RowHeight / 2.0, Radius, DiscColour);
     }
     const QString text = QString::number(day);
     const double top = place.top + (RowHeight - canvas.TextHeight(text)) / 2.0;
@@ -59,8 +59,8 @@ TwipsPoint CellPlace(CalendarCell cell) {
 }
 
 int NoneLine(bool IncludeNone) {
-    constexpr int marginBelow = 30;
-    return OpenHeight(IncludeNone) - RowHeight - marginBelow;
+    constexpr int MarginBelow = 30;
+    return OpenHeight(IncludeNone) - RowHeight - MarginBelow;
 }
 
 void DrawFrame(PaintedCanvas& canvas, const CalendarPicture& picture) {

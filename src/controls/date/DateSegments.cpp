@@ -75,14 +75,14 @@ QString CorrectedMonth(const QString& text) {
 
 QString CorrectedYear(const QString& text) {
     // Two digits mean the century around the turn of the millennium.
-    constexpr double firstOfLastCentury = 50;
+    constexpr double FirstOfLastCentury = 50;
     switch (text.length()) {
         case 0:
             return QStringLiteral("2000");
         case 1:
             return QStringLiteral("200") + text;
         case 2:
-            return (LeadingNumber(text) < firstOfLastCentury ? QStringLiteral("20") : QStringLiteral("19")) +
+            return (LeadingNumber(text) < FirstOfLastCentury ? QStringLiteral("20") : QStringLiteral("19")) +
                    text;
         case 3:
             return text + QLatin1Char('0');

@@ -85,13 +85,13 @@ void akDate::PlaceConstituents() {
     }
     Place(*cmdOpen_, borderWidth_ - DateLayout::BorderMargin - DateLayout::OpenButtonSize,
           DateLayout::BorderMargin, DateLayout::OpenButtonSize, DateLayout::OpenButtonSize);
-    constexpr int buttonTop = 360;
-    constexpr int buttonWidth = 225;
-    constexpr int buttonHeight = 195;
-    Place(*cmdLeftYear_, 45, buttonTop, buttonWidth, buttonHeight);
-    Place(*cmdLeftMonth_, 255, buttonTop, buttonWidth, buttonHeight);
-    Place(*cmdRightMonth_, 2010, buttonTop, buttonWidth, buttonHeight);
-    Place(*cmdRightYear_, 2235, buttonTop, buttonWidth, buttonHeight);
+    constexpr int ButtonTop = 360;
+    constexpr int ButtonWidth = 225;
+    constexpr int ButtonHeight = 195;
+    Place(*cmdLeftYear_, 45, ButtonTop, ButtonWidth, ButtonHeight);
+    Place(*cmdLeftMonth_, 255, ButtonTop, ButtonWidth, ButtonHeight);
+    Place(*cmdRightMonth_, 2010, ButtonTop, ButtonWidth, ButtonHeight);
+    Place(*cmdRightYear_, 2235, ButtonTop, ButtonWidth, ButtonHeight);
     PlaceNone();
 }
 

@@ -11,17 +11,17 @@ namespace controls {
 
 namespace {
 
-constexpr QChar separator = QLatin1Char('|');
+constexpr QChar Separator = QLatin1Char('|');
 
 void EndWithSeparator(QString& text) {
-    if (!text.endsWith(separator)) {
-        text += separator;
+    if (!text.endsWith(Separator)) {
+        text += Separator;
     }
 }
 
 /// What stands before each separator.
 QStringList Tokens(const QString& text) {
-    QStringList tokens = text.split(separator);
+    QStringList tokens = text.split(Separator);
     tokens.removeLast();
     return tokens;
 }

@@ -10,8 +10,8 @@ namespace controls {
 
 namespace {
 
-constexpr Colour headingColour = RGB(45, 127, 242);
-constexpr int heightOfNewCell = 210;
+constexpr Colour HeadingColour = RGB(45, 127, 242);
+constexpr int HeightOfNewCell = 210;
 
 int LeftOfText(const GridLabel& label, const QRect& inside, int textWidth) {
     const int left = ToTwips(inside.left());
@@ -59,14 +59,14 @@ QRect GridLabel::Pixels() const {
 
 GridLabel NewHeadingLabel() {
     GridLabel label;
-    label.BackColour = headingColour;
+    label.BackColour = HeadingColour;
     return label;
 }
 
 GridLabel NewCellLabel() {
     GridLabel label;
     label.Border = GridBorder::SingleLine;
-    label.Height = heightOfNewCell;
+    label.Height = HeightOfNewCell;
     return label;
 }
 

@@ -16,12 +16,12 @@ namespace {
 
 // Twips, on every display. Borders of one pixel are allowed for with 15, so that on a display with another
 // number of twips to the pixel the rows come out a little apart from the heights that are reckoned with here.
-constexpr int borderAllowance = 15;
-constexpr int rowPitch = 225;
-constexpr int cellHeight = 240;
-constexpr int headingText = 255;
+constexpr int BorderAllowance = 15;
+constexpr int RowPitch = 225;
+constexpr int CellHeight = 240;
+constexpr int HeadingText = 255;
 
-constexpr Colour linkColour = RGB(0, 0, 255);
+constexpr Colour LinkColour = RGB(0, 0, 255);
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void akGrid::LayoutColumns() {
         heading.Visible = column.Width >= 1;
         heading.Top = 0;
         heading.Caption = column.Heading;
-        heading.Height = TwipsPerPixel() + headingText;
+        heading.Height = TwipsPerPixel() + HeadingText;
         left = platform::ToLong(double{1} * left + column.Width);
     }
     // In this order: see akGrid.h.
@@ -68,7 +68,7 @@ void akGrid::LayoutColumns() {
 
 void akGrid::CalculateVisibleRows() {
     const int headingHeight = headings_.front().Height;
-    const int pitch = cells_.front().Height - borderAllowance;
+    const int pitch = cells_.front().Height - BorderAllowance;
     if (pitch == 0) {
         platform::RaiseDivisionByZero();
     }
@@ -112,7 +112,7 @@ void akGrid::LayoutCell(size_t index, int windowRow, const GridColumn& column, c
         cells_.push_back(NewCellLabel());
     }
     GridLabel& cell = cells_[index];
-    cell.Top = headings_.front().Height + windowRow * rowPitch;
+    cell.Top = headings_.front().Height + windowRow * RowPitch;
     // A pixel wider than the column and a pixel further left: the borders of neighbours make one grid line.
     cell.Left = column.Left - TwipsPerPixel();
     cell.SetCaption(QString());
@@ -125,8 +125,8 @@ void akGrid::LayoutCell(size_t index, int windowRow, const GridColumn& column, c
     cell.Width = platform::ToLong(double{1} * column.Width + TwipsPerPixel());
     cell.Alignment = column.Alignment;
     cell.FontName = column.FontName;
-    cell.Height = cellHeight;
-    cell.TextColour = column.Hyperlink ? linkColour : Black;
+    cell.Height = CellHeight;
+    cell.TextColour = column.Hyperlink ? LinkColour : Black;
     cell.Underlined = column.Hyperlink;
     cell.Pointer = column.Hyperlink ? linkPointer : QCursor();
 }

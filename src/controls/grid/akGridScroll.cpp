@@ -12,7 +12,7 @@ namespace controls {
 namespace {
 
 /// Twips.
-constexpr int scrollBarWidth = 255;
+constexpr int ScrollBarWidth = 255;
 
 /// The bar comes up to date as far as it can: a step that fails is left out.
 template <class Step>
@@ -31,9 +31,9 @@ void akGrid::PositionScrollBar() {
         return;
     }
     const int height = Height() - FrameAllowance;
-    const int left = Width() - scrollBarWidth - FrameAllowance;
+    const int left = Width() - ScrollBarWidth - FrameAllowance;
     if (height >= 0) {
-        scrollBar_->resize(ToPixels(scrollBarWidth), ToPixels(height));
+        scrollBar_->resize(ToPixels(ScrollBarWidth), ToPixels(height));
     }
     scrollBar_->move(ToPixels(left), 0);
     Attempt([this] { scrollBar_->setMinimum(visibleRows_); });

@@ -16,18 +16,18 @@ namespace controls {
 
 namespace {
 
-constexpr int titleHeight = 285;
+constexpr int TitleHeight = 285;
 /// A band a row of pixels at 96 dots per inch.
-constexpr int bandHeight = 15;
+constexpr int BandHeight = 15;
 /// The frame's right and lower edge stand on the last pixel.
-constexpr int edge = 15;
-constexpr Colour whiteOfAnEmptyPalette = RGB(245, 245, 245);
+constexpr int Edge = 15;
+constexpr Colour WhiteOfAnEmptyPalette = RGB(245, 245, 245);
 
 /// The skin of all titles.
 clsSkin& TitleSkin() {
     static clsSkin skin = [] {
         clsSkin made;
-        made.ColourBandCount = titleHeight / bandHeight;
+        made.ColourBandCount = TitleHeight / BandHeight;
         made.SetStartColour(ThePalette().TitleStart);
         made.SetEndColour(ThePalette().TitleEnd);
         return made;
@@ -36,10 +36,10 @@ clsSkin& TitleSkin() {
 }
 
 void Enable(QWidget& child, bool enabled) {
-    constexpr const char* ownValue = "Enabled";
+    constexpr const char* OwnValue = "Enabled";
     try {
-        if (child.metaObject()->indexOfProperty(ownValue) >= 0) {
-            child.setProperty(ownValue, enabled);
+        if (child.metaObject()->indexOfProperty(OwnValue) >= 0) {
+            child.setProperty(OwnValue, enabled);
         } else {
             child.setEnabled(enabled);
         }
@@ -66,7 +66,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent* /*event*/) override {
         gradient_.Begin(ToTwips(width()), ToTwips(height()), depth());
-        TitleSkin().DrawGradient(&gradient_, 0, 0, gradient_.Width(), titleHeight);
+        TitleSkin().DrawGradient(&gradient_, 0, 0, gradient_.Width(), TitleHeight);
     }
 
     void paintEvent(QPaintEvent* /*event*/) override {
@@ -77,7 +77,7 @@ protected:
         canvas.SetFont(ControlFont());
         const QString& text = box_->Caption();
         canvas.Print((canvas.Width() - canvas.TextWidth(text)) / 2.0,
-                     (titleHeight - canvas.TextHeight(text)) / 2.0, text, Qt::black);
+                     (TitleHeight - canvas.TextHeight(text)) / 2.0, text, Qt::black);
     }
 
 private:
@@ -93,7 +93,7 @@ ctlGroupBox::ctlGroupBox(const Properties& saved, QWidget* parent) : ctlGroupBox
     enabled_ = false;
     frameColour_ = ThePalette().Frame;
     if (ThePalette().Window == 0) {
-        ThePalette().Window = whiteOfAnEmptyPalette;
+        ThePalette().Window = WhiteOfAnEmptyPalette;
     }
     SetGround(ToQColor(ThePalette().Window));
     SetCaption(saved.Caption);
@@ -139,11 +139,11 @@ void ctlGroupBox::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Window));
     PaintedCanvas canvas(&painter, width(), height());
-    canvas.Line(0, 0, Width() - edge, Height() - edge, frameColour_, LineForm::Outline);
+    canvas.Line(0, 0, Width() - Edge, Height() - Edge, frameColour_, LineForm::Outline);
 }
 
 void ctlGroupBox::resizeEvent(QResizeEvent* event) {
-    picTitle_->setGeometry(0, 0, width(), ToPixels(titleHeight));
+    picTitle_->setGeometry(0, 0, width(), ToPixels(TitleHeight));
     Control::resizeEvent(event);
 }
 

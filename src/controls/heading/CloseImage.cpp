@@ -11,14 +11,14 @@ namespace controls {
 namespace {
 
 // Dark enough for the white cross to stand out, whatever the gradient behind does.
-constexpr Colour ground = RGB(58, 104, 156);
-constexpr Colour groundUnderTheMouse = RGB(74, 124, 180);
-constexpr Colour groundPressed = RGB(37, 79, 167);
+constexpr Colour Ground = RGB(58, 104, 156);
+constexpr Colour GroundUnderTheMouse = RGB(74, 124, 180);
+constexpr Colour GroundPressed = RGB(37, 79, 167);
 
 // In fractions of the image's side.
-constexpr double roundness = 0.15;
-constexpr double crossFrom = 0.31;
-constexpr double crossThickness = 0.095;
+constexpr double Roundness = 0.15;
+constexpr double CrossFrom = 0.31;
+constexpr double CrossThickness = 0.095;
 
 }  // namespace
 
@@ -30,19 +30,19 @@ CloseImage::CloseImage(QWidget* parent) : QAbstractButton(parent) {
 
 void CloseImage::paintEvent(QPaintEvent* /*event*/) {
     const double side = std::min(width(), height());
-    Colour colour = ground;
+    Colour colour = Ground;
     if (isDown()) {
-        colour = groundPressed;
+        colour = GroundPressed;
     } else if (underMouse()) {
-        colour = groundUnderTheMouse;
+        colour = GroundUnderTheMouse;
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ToQColor(colour));
-    painter.drawRoundedRect(QRectF(0, 0, side, side), side * roundness, side * roundness);
-    painter.setPen(QPen(Qt::white, side * crossThickness, Qt::SolidLine, Qt::RoundCap));
-    const double from = side * crossFrom;
+    painter.drawRoundedRect(QRectF(0, 0, side, side), side * Roundness, side * Roundness);
+    painter.setPen(QPen(Qt::white, side * CrossThickness, Qt::SolidLine, Qt::RoundCap));
+    const double from = side * CrossFrom;
     const double to = side - from;
     painter.drawLine(QPointF(from, from), QPointF(to, to));
     painter.drawLine(QPointF(from, to), QPointF(to, from));

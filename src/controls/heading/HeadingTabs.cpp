@@ -9,9 +9,9 @@ namespace controls {
 
 namespace {
 
-constexpr int gap = 90;
-constexpr int tabWidth = 1500;
-constexpr int tabHeight = 360;
+constexpr int Gap = 90;
+constexpr int TabWidth = 1500;
+constexpr int TabHeight = 360;
 
 }  // namespace
 
@@ -39,16 +39,16 @@ void HeadingTabs::CheckPlace(int place) const {
 }
 
 int HeadingTabs::Left(int tab) {
-    return (tab + 1) * gap + tab * tabWidth;
+    return (tab + 1) * Gap + tab * TabWidth;
 }
 
 int HeadingTabs::Right(int tab) {
-    return Left(tab) + tabWidth;
+    return Left(tab) + TabWidth;
 }
 
 qint16 HeadingTabs::Top(int headingHeight) {
     using Limits = std::numeric_limits<qint16>;
-    return static_cast<qint16>(std::clamp<int>(headingHeight - tabHeight, Limits::min(), Limits::max()));
+    return static_cast<qint16>(std::clamp<int>(headingHeight - TabHeight, Limits::min(), Limits::max()));
 }
 
 std::optional<int> HeadingTabs::TabAt(int X) const {

@@ -18,21 +18,21 @@ namespace controls {
 
 namespace {
 
-constexpr double captionPoints = 13.5;
-constexpr int captionLeft = 120;
-constexpr int captionHeight = 375;
+constexpr double CaptionPoints = 13.5;
+constexpr int CaptionLeft = 120;
+constexpr int CaptionHeight = 375;
 /// What the tabs take from the height that the title has.
-constexpr int tabHeight = 360;
+constexpr int TabHeight = 360;
 
-constexpr int closeTop = 60;
-constexpr int closeSide = 315;
-constexpr int closeMargin = 60;
+constexpr int CloseTop = 60;
+constexpr int CloseSide = 315;
+constexpr int CloseMargin = 60;
 
 /// The base line stands this much above the lower edge, and bands are cut by the same measure.
-constexpr int line = 15;
+constexpr int Line = 15;
 
 /// Letters with and without tails, so that all tabs share one base line.
-constexpr const char16_t* sampleText = u"Aagy";
+constexpr const char16_t* SampleText = u"Aagy";
 
 /// How a tab looks. The outline's lower edge is one row higher on all but the current tab, which opens
 /// downward.
@@ -62,7 +62,7 @@ ctlPageHeading::ctlPageHeading(QWidget* parent)
     lblCaption_->setObjectName(QStringLiteral("lblCaption"));
     lblCaption_->setTextFormat(Qt::PlainText);
     lblCaption_->setAlignment(Qt::AlignCenter);
-    lblCaption_->setFont(ControlFont(captionPoints, Weight::Bold));
+    lblCaption_->setFont(ControlFont(CaptionPoints, Weight::Bold));
     QPalette colours = lblCaption_->palette();
     colours.setColor(QPalette::WindowText, Qt::white);
     lblCaption_->setPalette(colours);
@@ -167,9 +167,9 @@ void ctlPageHeading::DrawBackground() {
     background_.Line(0, 0, width, third, ThePalette().BannerStart, LineForm::FilledBox);
     gradient_.StartColour = ThePalette().BannerStart;
     gradient_.EndColour = ThePalette().BannerEnd;
-    colourBandCount_ = platform::ToInteger((third + third) / line);
+    colourBandCount_ = platform::ToInteger((third + third) / Line);
     DrawGradient(0, 0, width, height);
-    background_.Line(0, height - line, width, height - line, ThePalette().Frame, LineForm::Line);
+    background_.Line(0, height - Line, width, height - Line, ThePalette().Frame, LineForm::Line);
     update();
 }
 
@@ -181,15 +181,15 @@ void ctlPageHeading::DrawTab(PaintedCanvas& canvas, int tab) const {
     const bool current = tabs_.IsCurrent(tab);
     const TabLook look = LookOf(current, tabs_.TabEnabled[tab]);
     // A text that is too long would run over the neighbours.
-    const QString text = canvas.Elided(tabs_.TabNames[tab], right - left - 2 * line);
+    const QString text = canvas.Elided(tabs_.TabNames[tab], right - left - 2 * Line);
 
     canvas.Line(left, top, right, bottom, look.fill, LineForm::FilledBox);
-    canvas.Line(left, top, right, current ? bottom : bottom - line, look.outline, LineForm::Outline);
+    canvas.Line(left, top, right, current ? bottom : bottom - Line, look.outline, LineForm::Outline);
     if (current) {
-        canvas.Line(left + line, bottom - line, right - line, bottom - line, White, LineForm::Line);
+        canvas.Line(left + Line, bottom - Line, right - Line, bottom - Line, White, LineForm::Line);
     }
     canvas.Print((left + right) / 2.0 - canvas.TextWidth(text) / 2.0,
-                 (bottom - top) / 2.0 - canvas.TextHeight(QString::fromUtf16(sampleText)) / 2.0 + top, text,
+                 (bottom - top) / 2.0 - canvas.TextHeight(QString::fromUtf16(SampleText)) / 2.0 + top, text,
                  look.text);
 }
 
@@ -205,12 +205,12 @@ void ctlPageHeading::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ctlPageHeading::resizeEvent(QResizeEvent* event) {
-    const int room = tabs_.TabNames.isEmpty() ? Height() : Height() - tabHeight;
-    lblCaption_->setGeometry(ToPixels(captionLeft), ToPixels((room - captionHeight) / 2.0), width(),
-                             ToPixels(captionHeight));
+    const int room = tabs_.TabNames.isEmpty() ? Height() : Height() - TabHeight;
+    lblCaption_->setGeometry(ToPixels(CaptionLeft), ToPixels((room - CaptionHeight) / 2.0), width(),
+                             ToPixels(CaptionHeight));
     DrawBackground();
-    imgCloseButton_->setGeometry(ToPixels(Width() - closeSide - closeMargin), ToPixels(closeTop),
-                                 ToPixels(closeSide), ToPixels(closeSide));
+    imgCloseButton_->setGeometry(ToPixels(Width() - CloseSide - CloseMargin), ToPixels(CloseTop),
+                                 ToPixels(CloseSide), ToPixels(CloseSide));
     Control::resizeEvent(event);
 }
 

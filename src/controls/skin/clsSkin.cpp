@@ -7,7 +7,7 @@ namespace controls {
 namespace {
 
 /// Displays that show fewer colours than this get flat areas: the bands would look alike or dithered.
-constexpr qint32 leastDepth = 16;
+constexpr qint32 LeastDepth = 16;
 
 namespace Styles {
 constexpr qint32 TopToBottom = 0;
@@ -39,7 +39,7 @@ void clsSkin::DrawGradient(Canvas* objCanvas, qint32 x1, qint32 Y1, qint32 X2, q
     }
     try {
         gradient_.Prepare();
-        if (GetColourCount(objCanvas) < leastDepth) {
+        if (GetColourCount(objCanvas) < LeastDepth) {
             objCanvas->Line(x1, Y1, X2, Y2, StartColour(), LineForm::FilledBox);
             return;
         }

@@ -17,21 +17,21 @@ namespace controls {
 namespace {
 
 /// Can still be read on white, and yet differs from black.
-constexpr Colour disabledText = RGB(96, 96, 96);
+constexpr Colour DisabledText = RGB(96, 96, 96);
 
 /// Between the edge and the text, so that the frame doesn't touch it.
-constexpr QMargins besideText(2, 0, 2, 0);
+constexpr QMargins BesideText(2, 0, 2, 0);
 
 }  // namespace
 
 InnerTextBox::InnerTextBox(QWidget* parent) : EntryBox(QString(), parent) {
     setObjectName(QStringLiteral("TextBox"));
     setMaxLength(std::numeric_limits<int>::max());
-    setTextMargins(besideText);
+    setTextMargins(BesideText);
     // What is behind the box needn't be painted with every key.
     setAttribute(Qt::WA_OpaquePaintEvent);
     QPalette colours = palette();
-    colours.setColor(QPalette::Disabled, QPalette::Text, ToQColor(disabledText));
+    colours.setColor(QPalette::Disabled, QPalette::Text, ToQColor(DisabledText));
     setPalette(colours);
 }
 

@@ -9,7 +9,7 @@ namespace controls {
 
 namespace {
 
-constexpr QChar minusKey = QLatin1Char('-');
+constexpr QChar MinusKey = QLatin1Char('-');
 
 bool IsFirstOf(QChar key, const QString& mark) {
     return !mark.isEmpty() && mark.front() == key;
@@ -21,11 +21,11 @@ QString LeadingNumberText(const QString& text, const NumericRules& rules) {
 
 /// A sign may be typed anywhere and moves to the front.
 void PutSignRight(QString& text, const NumericRules& rules) {
-    if (!text.contains(minusKey)) {
+    if (!text.contains(MinusKey)) {
         return;
     }
-    if (!text.startsWith(minusKey)) {
-        text.remove(minusKey).prepend(minusKey);
+    if (!text.startsWith(MinusKey)) {
+        text.remove(MinusKey).prepend(MinusKey);
     }
     if (!rules.AllowNegative) {
         text.remove(0, 1);
@@ -59,13 +59,13 @@ bool PassesNumericKeys(QChar key, const QString& text, const NumericRules& rules
     if (IsFirstOf(key, rules.marks.decimalSeparator)) {
         return rules.DecimalPlaces != 0 && !text.contains(rules.marks.decimalSeparator);
     }
-    return key == minusKey && rules.AllowNegative && !text.contains(minusKey);
+    return key == MinusKey && rules.AllowNegative && !text.contains(MinusKey);
 }
 
 QString CorrectedNumber(QString text, const NumericRules& rules) {
     PutSignRight(text, rules);
     CutDecimals(text, rules);
-    if (text.isEmpty() || text == minusKey || IsNumericText(text, rules.marks)) {
+    if (text.isEmpty() || text == MinusKey || IsNumericText(text, rules.marks)) {
         return text;
     }
     return LeadingNumberText(text, rules);

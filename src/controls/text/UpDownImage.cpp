@@ -14,11 +14,11 @@ namespace controls {
 
 namespace {
 
-constexpr int dividingRow = UpDownImage::pixelHeight / 2;
-constexpr int arrowRows = 4;
+constexpr int DividingRow = UpDownImage::PixelHeight / 2;
+constexpr int ArrowRows = 4;
 /// Rows between the tip of an arrow and the nearer edge of the picture.
-constexpr int tipDistance = 3;
-constexpr Colour disabledArrow = RGB(150, 150, 150);
+constexpr int TipDistance = 3;
+constexpr Colour DisabledArrow = RGB(150, 150, 150);
 
 void FillRow(PaintedCanvas& canvas, int left, int right, int row, Colour colour) {
     canvas.Line(ToTwips(left), ToTwips(row), ToTwips(right), ToTwips(row), colour, LineForm::FilledBox);
@@ -27,22 +27,22 @@ void FillRow(PaintedCanvas& canvas, int left, int right, int row, Colour colour)
 /// The arrows of DrawArrows between the outer edges of their pixels.
 void DrawSmoothArrows(QPainter& painter, const QColor& colour) {
     const auto draw = [&](double tip, double base) {
-        constexpr double middle = UpDownImage::pixelWidth / 2.0;
-        FillTriangle(painter, {middle - arrowRows, base}, {middle + arrowRows, base}, {middle, tip}, colour);
+        constexpr double Middle = UpDownImage::PixelWidth / 2.0;
+        FillTriangle(painter, {Middle - ArrowRows, base}, {Middle + ArrowRows, base}, {Middle, tip}, colour);
     };
-    constexpr int bottom = UpDownImage::pixelHeight;
-    draw(tipDistance, tipDistance + arrowRows);
-    draw(bottom - tipDistance, bottom - tipDistance - arrowRows);
+    constexpr int Bottom = UpDownImage::PixelHeight;
+    draw(TipDistance, TipDistance + ArrowRows);
+    draw(Bottom - TipDistance, Bottom - TipDistance - ArrowRows);
 }
 
 /// Row by row, each a pixel wider at both ends than the one nearer to the tip.
 void DrawArrows(PaintedCanvas& canvas, Colour colour) {
-    constexpr int middleRight = UpDownImage::pixelWidth / 2;
-    for (int step = 0; step < arrowRows; ++step) {
-        const int left = middleRight - 1 - step;
-        const int right = middleRight + step;
-        FillRow(canvas, left, right, tipDistance + step, colour);
-        FillRow(canvas, left, right, UpDownImage::pixelHeight - 1 - tipDistance - step, colour);
+    constexpr int MiddleRight = UpDownImage::PixelWidth / 2;
+    for (int step = 0; step < ArrowRows; ++step) {
+        const int left = MiddleRight - 1 - step;
+        const int right = MiddleRight + step;
+        FillRow(canvas, left, right, TipDistance + step, colour);
+        FillRow(canvas, left, right, UpDownImage::PixelHeight - 1 - TipDistance - step, colour);
     }
 }
 
@@ -54,7 +54,7 @@ UpDownButton::UpDownButton(UpDownImage* image, UpDownHalf half) : QObject(image)
 
 UpDownImage::UpDownImage(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("imgUpDown"));
-    resize(pixelWidth, pixelHeight);
+    resize(PixelWidth, PixelHeight);
     RegisterAccessible<UpDownImage, UpDownAccessible>();
 }
 
@@ -63,7 +63,7 @@ void UpDownImage::SetLabel(const QString& label) {
 }
 
 UpDownHalf UpDownImage::HalfAt(double y) const {
-    return y > pixelHeight / 2.0 ? UpDownHalf::Down : UpDownHalf::Up;
+    return y > PixelHeight / 2.0 ? UpDownHalf::Down : UpDownHalf::Up;
 }
 
 UpDownButton& UpDownImage::Button(UpDownHalf half) {
@@ -71,8 +71,8 @@ UpDownButton& UpDownImage::Button(UpDownHalf half) {
 }
 
 QRect UpDownImage::HalfPixels(UpDownHalf half) const {
-    return half == UpDownHalf::Up ? QRect(0, 0, pixelWidth, dividingRow + 1)
-                                  : QRect(0, dividingRow + 1, pixelWidth, pixelHeight - dividingRow - 1);
+    return half == UpDownHalf::Up ? QRect(0, 0, PixelWidth, DividingRow + 1)
+                                  : QRect(0, DividingRow + 1, PixelWidth, PixelHeight - DividingRow - 1);
 }
 
 void UpDownImage::Press(UpDownHalf half) {
@@ -87,13 +87,13 @@ void UpDownImage::mousePressEvent(QMouseEvent* event) {
 
 void UpDownImage::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    PaintedCanvas canvas(&painter, pixelWidth, pixelHeight);
+    PaintedCanvas canvas(&painter, PixelWidth, PixelHeight);
     const Palette& colours = ThePalette();
-    canvas.Line(0, 0, ToTwips(pixelWidth - 1), ToTwips(pixelHeight - 1), colours.Heading,
+    canvas.Line(0, 0, ToTwips(PixelWidth - 1), ToTwips(PixelHeight - 1), colours.Heading,
                 LineForm::FilledBox);
-    canvas.Line(0, 0, ToTwips(pixelWidth - 1), ToTwips(pixelHeight - 1), colours.Frame, LineForm::Outline);
-    FillRow(canvas, 0, pixelWidth - 1, dividingRow, colours.Frame);
-    const Colour arrows = isEnabled() ? colours.ButtonOutline : disabledArrow;
+    canvas.Line(0, 0, ToTwips(PixelWidth - 1), ToTwips(PixelHeight - 1), colours.Frame, LineForm::Outline);
+    FillRow(canvas, 0, PixelWidth - 1, DividingRow, colours.Frame);
+    const Colour arrows = isEnabled() ? colours.ButtonOutline : DisabledArrow;
     if (IsDense(painter)) {
         DrawSmoothArrows(painter, ToQColor(arrows));
     } else {

@@ -31,8 +31,8 @@ class UpDownImage : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int pixelWidth = 16;
-    static constexpr int pixelHeight = 19;
+    static constexpr int PixelWidth = 16;
+    static constexpr int PixelHeight = 19;
 
     explicit UpDownImage(QWidget* parent);
 

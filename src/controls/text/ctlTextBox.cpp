@@ -15,13 +15,13 @@ namespace controls {
 
 namespace {
 
-constexpr qint16 rightAlignment = 1;
+constexpr qint16 RightAlignment = 1;
 
 /// The saved number of decimals that stands for those of the locale's money.
-constexpr qint16 decimalsOfMoney = 2;
+constexpr qint16 DecimalsOfMoney = 2;
 
 /// In twips; a control that is smaller has no room for an edit box.
-constexpr int leastExtent = 20;
+constexpr int LeastExtent = 20;
 
 }  // namespace
 
@@ -59,7 +59,7 @@ void ctlTextBox::Load(const Properties& saved) {
     SetAllowNegative(saved.AllowNegative);
     SetShowUpDown(saved.ShowUpDown);
     SetUpDownIncrement(saved.UpDownIncrement);
-    if (isNumeric_ && DecimalPlaces() == decimalsOfMoney) {
+    if (isNumeric_ && DecimalPlaces() == DecimalsOfMoney) {
         SetDecimalPlaces(platform::ToInteger(LeadingNumber(GetCurrencyDigits())));
     }
 }
@@ -72,7 +72,7 @@ void ctlTextBox::SetEnabled(bool enabled) {
 
 void ctlTextBox::SetAlignment(qint16 alignment) {
     alignment_ = alignment;
-    box_->setAlignment(Qt::AlignVCenter | (alignment == rightAlignment ? Qt::AlignRight : Qt::AlignLeft));
+    box_->setAlignment(Qt::AlignVCenter | (alignment == RightAlignment ? Qt::AlignRight : Qt::AlignLeft));
 }
 
 bool ctlTextBox::Locked() const {
@@ -105,7 +105,7 @@ void ctlTextBox::SetText(const QString& text) {
 void ctlTextBox::SetIsNumeric(bool isNumeric) {
     isNumeric_ = isNumeric;
     if (isNumeric) {
-        SetAlignment(rightAlignment);
+        SetAlignment(RightAlignment);
     }
 }
 
@@ -141,7 +141,7 @@ void ctlTextBox::resizeEvent(QResizeEvent* event) {
 }
 
 void ctlTextBox::LayOut() {
-    if (Width() < leastExtent || Height() < leastExtent) {
+    if (Width() < LeastExtent || Height() < LeastExtent) {
         return;
     }
     const int boxHeight = std::max(height(), box_->minimumSizeHint().height());

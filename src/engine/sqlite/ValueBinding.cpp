@@ -102,8 +102,8 @@ void BindCurrency(sqlite3_stmt* statement, int place, const Column& column, cons
 // A day is the same in every place. Taken for local time it would begin at one o'clock where the clock is put
 // forward at midnight.
 QDateTime DateIn(const QString& text) {
-    constexpr qsizetype lengthOfDay = 10;
-    const QLatin1String rest(text.size() > lengthOfDay ? "Z" : "T00:00Z");
+    constexpr qsizetype LengthOfDay = 10;
+    const QLatin1String rest(text.size() > LengthOfDay ? "Z" : "T00:00Z");
     return QDateTime::fromString(text + rest, Qt::ISODate);
 }
 

@@ -36,9 +36,9 @@ std::string RowSql(const RowWrite& row) {
 std::string CopyOneSql(const PreparedStatement& copy) {
     const std::string& where = copy.parsed.whereSql;
     const std::string head = copy.parsed.sql.substr(0, copy.parsed.sql.size() - where.size());
-    constexpr std::string_view keyword = " where ";
-    const std::string narrowed = where.empty() ? "" : "(" + where.substr(keyword.size()) + ") and ";
-    return head + std::string(keyword) + narrowed + copy.source->rowKey + " = ?";
+    constexpr std::string_view Keyword = " where ";
+    const std::string narrowed = where.empty() ? "" : "(" + where.substr(Keyword.size()) + ") and ";
+    return head + std::string(Keyword) + narrowed + copy.source->rowKey + " = ?";
 }
 
 QString NameAndValue(const TableSchema& table, size_t place, const Value& value) {

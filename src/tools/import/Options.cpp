@@ -9,13 +9,13 @@ namespace tools {
 
 namespace {
 
-constexpr const char* helpOption = "help";
-constexpr const char* versionOption = "version";
-constexpr const char* databaseOption = "database";
-constexpr const char* backupOption = "backup";
-constexpr const char* todayOption = "today";
-constexpr const char* yesOption = "yes";
-constexpr const char* dryRunOption = "dry-run";
+constexpr const char* HelpOption = "help";
+constexpr const char* VersionOption = "version";
+constexpr const char* DatabaseOption = "database";
+constexpr const char* BackupOption = "backup";
+constexpr const char* TodayOption = "today";
+constexpr const char* YesOption = "yes";
+constexpr const char* DryRunOption = "dry-run";
 
 QCommandLineOption Flag(const char* name) {
     return QCommandLineOption(QLatin1String(name));
@@ -47,7 +47,7 @@ QString FileValue(const QCommandLineParser& parser, const char* name, QString& f
 }
 
 void ReadToday(const QCommandLineParser& parser, ImportOptions& options, QString& fault) {
-    const QString text = SingleValue(parser, todayOption, fault);
+    const QString text = SingleValue(parser, TodayOption, fault);
     if (text.isEmpty()) {
         return;
     }
@@ -69,24 +69,24 @@ void ReadPortfolioName(const QCommandLineParser& parser, ImportOptions& options,
 
 std::optional<ImportOptions> ParseImportOptions(const QStringList& arguments, QString& fault) {
     QCommandLineParser parser;
-    parser.addOptions({Flag(helpOption), Flag(versionOption), Flag(yesOption), Flag(dryRunOption),
-                       WithValue(databaseOption), WithValue(backupOption), WithValue(todayOption)});
+    parser.addOptions({Flag(HelpOption), Flag(VersionOption), Flag(YesOption), Flag(DryRunOption),
+                       WithValue(DatabaseOption), WithValue(BackupOption), WithValue(TodayOption)});
     // The parser takes the first one for the program's name.
     if (!parser.parse(QStringList(QString()) + arguments)) {
         fault = parser.errorText();
         return std::nullopt;
     }
     ImportOptions options;
-    options.wantsHelp = parser.isSet(QLatin1String(helpOption));
-    options.wantsVersion = parser.isSet(QLatin1String(versionOption));
+    options.wantsHelp = parser.isSet(QLatin1String(HelpOption));
+    options.wantsVersion = parser.isSet(QLatin1String(VersionOption));
     if (options.wantsHelp || options.wantsVersion) {
         return options;
     }
-    options.isYes = parser.isSet(QLatin1String(yesOption));
-    options.isDryRun = parser.isSet(QLatin1String(dryRunOption));
+    options.isYes = parser.isSet(QLatin1String(YesOption));
+    options.isDryRun = parser.isSet(QLatin1String(DryRunOption));
     ReadPortfolioName(parser, options, fault);
-    options.database = FileValue(parser, databaseOption, fault);
-    options.backup = FileValue(parser, backupOption, fault);
+    options.database = FileValue(parser, DatabaseOption, fault);
+    options.backup = FileValue(parser, BackupOption, fault);
     ReadToday(parser, options, fault);
     return fault.isEmpty() ? std::optional(options) : std::nullopt;
 }

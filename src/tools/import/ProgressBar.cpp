@@ -20,9 +20,9 @@ void ProgressBar::Show(int done, int total) {
 }
 
 void ProgressBar::Draw() const {
-    constexpr int width = 50;
+    constexpr int Width = 50;
     const int percent = std::max(percent_, 0);
-    const QString bar = QString(percent * width / 100, QLatin1Char('#')).leftJustified(width);
+    const QString bar = QString(percent * Width / 100, QLatin1Char('#')).leftJustified(Width);
     const QString waiting = isHeldUp_ ? QStringLiteral(" held up by another program") : QString();
     PrintError(QStringLiteral("\r\033[K[%1] %2%%3").arg(bar).arg(percent, 3).arg(waiting));
 }

@@ -4,7 +4,7 @@ namespace tools {
 
 namespace {
 
-constexpr qsizetype longestShown = 60;
+constexpr qsizetype LongestShown = 60;
 
 bool DisturbsATerminal(QChar character) {
     switch (character.category()) {
@@ -21,8 +21,8 @@ bool DisturbsATerminal(QChar character) {
 }  // namespace
 
 QString Shown(const QString& text) {
-    QString start = text.left(longestShown);
-    const bool isCut = text.size() > longestShown;
+    QString start = text.left(LongestShown);
+    const bool isCut = text.size() > LongestShown;
     if (isCut && start.back().isHighSurrogate()) {
         start.chop(1);
     }

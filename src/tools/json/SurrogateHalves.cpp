@@ -4,11 +4,11 @@ namespace tools {
 
 namespace {
 
-constexpr qsizetype escapeLength = 6;  // \uXXXX
+constexpr qsizetype EscapeLength = 6;  // \uXXXX
 
 /// The code unit of the escape at this place, or -1 if there is no such escape.
 int EscapedUnit(const QByteArray& json, qsizetype place) {
-    if (place + escapeLength > json.size() || json.at(place) != '\\' || json.at(place + 1) != 'u') {
+    if (place + EscapeLength > json.size() || json.at(place) != '\\' || json.at(place + 1) != 'u') {
         return -1;
     }
     bool isHex = false;
@@ -30,9 +30,9 @@ void NeutraliseLoneSurrogates(QByteArray& json) {
     qsizetype place = json.indexOf('\\');
     while (place >= 0) {
         const int unit = EscapedUnit(json, place);
-        qsizetype length = unit < 0 ? 2 : escapeLength;
-        if (IsHighHalf(unit) && IsLowHalf(EscapedUnit(json, place + escapeLength))) {
-            length = 2 * escapeLength;
+        qsizetype length = unit < 0 ? 2 : EscapeLength;
+        if (IsHighHalf(unit) && IsLowHalf(EscapedUnit(json, place + EscapeLength))) {
+            length = 2 * EscapeLength;
         } else if (IsHighHalf(unit) || IsLowHalf(unit)) {
             json.replace(place + 2, 4, "0000");
         }

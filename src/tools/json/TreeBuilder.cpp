@@ -11,14 +11,14 @@ namespace tools {
 
 namespace {
 
-constexpr int numberOverflow = 406;
+constexpr int NumberOverflow = 406;
 
 QString CharacterAt(const QByteArray& bytes, qsizetype place) {
-    constexpr qsizetype longestSequence = 4;
+    constexpr qsizetype LongestSequence = 4;
     if (place < 0 || place >= bytes.size()) {
         return QStringLiteral("the end of the file");
     }
-    const QString rest = platform::TextFromUtf8(bytes.mid(place, longestSequence));
+    const QString rest = platform::TextFromUtf8(bytes.mid(place, LongestSequence));
     return ShownQuoted(rest.left(rest.front().isHighSurrogate() ? 2 : 1));
 }
 
@@ -135,7 +135,7 @@ bool TreeBuilder::Place(JsonValue value) {
 
 bool TreeBuilder::parse_error(std::size_t position, const std::string& lastToken,
                               const nlohmann::detail::exception& error) {
-    if (error.id == numberOverflow) {
+    if (error.id == NumberOverflow) {
         return BreakOff(QStringLiteral("The number is too large"), Shown(QString::fromStdString(lastToken)));
     }
     const auto place = static_cast<qsizetype>(position) - 1;

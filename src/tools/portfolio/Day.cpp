@@ -8,9 +8,9 @@
 namespace tools {
 
 std::optional<QDate> ParseDay(const QString& text) {
-    constexpr qsizetype length = 10;
+    constexpr qsizetype Length = 10;
     const QStringView view(text);
-    if (view.size() != length || view[4] != QLatin1Char('-') || view[7] != QLatin1Char('-')) {
+    if (view.size() != Length || view[4] != QLatin1Char('-') || view[7] != QLatin1Char('-')) {
         return std::nullopt;
     }
     const std::array<QStringView, 3> parts = {view.first(4), view.sliced(5, 2), view.sliced(8, 2)};

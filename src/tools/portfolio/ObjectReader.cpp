@@ -8,7 +8,7 @@ namespace tools {
 
 namespace {
 
-constexpr qint16 highestInteger = std::numeric_limits<qint16>::max();
+constexpr qint16 HighestInteger = std::numeric_limits<qint16>::max();
 
 }  // namespace
 
@@ -68,10 +68,10 @@ std::optional<qint16> ObjectReader::Integer(const char* name, qint16 lowest, qin
         return absent;
     }
     const bool isInteger = value->kind == JsonKind::Number && value->number >= lowest &&
-                           value->number <= highestInteger && std::trunc(value->number) == value->number;
+                           value->number <= HighestInteger && std::trunc(value->number) == value->number;
     if (!isInteger) {
         return WrongType(
-            name, QStringLiteral("Must be a whole number from %1 to %2").arg(lowest).arg(highestInteger));
+            name, QStringLiteral("Must be a whole number from %1 to %2").arg(lowest).arg(HighestInteger));
     }
     return static_cast<qint16>(value->number);
 }

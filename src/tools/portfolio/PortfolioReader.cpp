@@ -11,7 +11,7 @@ namespace tools {
 
 namespace {
 
-constexpr qsizetype mostRecords = std::numeric_limits<qint16>::max();
+constexpr qsizetype MostRecords = std::numeric_limits<qint16>::max();
 
 void ReadUserType(ObjectReader& portfolio, Reading& reading) {
     const std::optional<QString> type = portfolio.Text("UserType");
@@ -45,13 +45,13 @@ void ReadDocument(const JsonValue& document, Faults& faults) {
 }  // namespace
 
 bool FitsACollection(qsizetype count) {
-    return count <= mostRecords;
+    return count <= MostRecords;
 }
 
 void RefuseTooManyRecords(ObjectReader& portfolio, const char* section, qsizetype count, Faults& faults) {
     if (!FitsACollection(count)) {
         faults.push_back({portfolio.PointerTo(section),
-                          QStringLiteral("At most %1 records are allowed").arg(mostRecords),
+                          QStringLiteral("At most %1 records are allowed").arg(MostRecords),
                           QString::number(count)});
     }
 }

@@ -6,21 +6,21 @@ namespace tools {
 
 namespace {
 
-constexpr const char* accountName = "BankAccountName";
+constexpr const char* AccountName = "BankAccountName";
 
 /// Reads an account; a member that is absent leaves the entry as it was.
 records::BankAccountEntry ReadAccount(ObjectReader& account, records::BankAccountEntry entry,
                                       NameBook& names) {
     std::optional<QString> name = entry.BankAccountName;
-    if (entry.BankAccountName.isEmpty() || account.Value(accountName)) {
-        name = account.Text(accountName, records::EntryLimit::BankAccountName);
+    if (entry.BankAccountName.isEmpty() || account.Value(AccountName)) {
+        name = account.Text(AccountName, records::EntryLimit::BankAccountName);
     }
     entry.BalanceDate = account.Date("BalanceDate", entry.BalanceDate, NullMeans::Fault).value_or(QDate());
     entry.BalanceAmount = account.Number("BalanceAmount").value_or(0);
     account.RefuseUnknownMembers();
     entry.BankAccountName = name.value_or(QString());
     RefuseFaults(account, records::FaultsOf(entry));
-    EnterName(account, accountName, name, names);
+    EnterName(account, AccountName, name, names);
     return entry;
 }
 

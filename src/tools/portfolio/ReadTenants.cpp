@@ -43,12 +43,12 @@ double ReadRent(ObjectReader& tenant) {
 
 // Found out halfway through the import, the period would be lost.
 void RefusePeriodBeyondReach(ObjectReader& tenant, const records::TenantEntry& entry) {
-    constexpr int lastYear = 9999;
+    constexpr int LastYear = 9999;
     const records::Frequency frequency = records::FrequencyOf(entry.RentFrequency);
-    if (records::StepFrom(entry.StartDate, frequency, entry.FrequencyNumber).year() < lastYear) {
+    if (records::StepFrom(entry.StartDate, frequency, entry.FrequencyNumber).year() < LastYear) {
         return;
     }
-    const bool isByStart = entry.StartDate.year() >= lastYear;
+    const bool isByStart = entry.StartDate.year() >= LastYear;
     tenant.Refuse(isByStart ? "StartDate" : "FrequencyNumber",
                   QStringLiteral("The first rent period must end before the year 9999"));
 }

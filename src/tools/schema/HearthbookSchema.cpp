@@ -17,7 +17,7 @@ struct LedgerAccount {
     bool isTaxable;
 };
 
-constexpr std::array chartOfAccounts{
+constexpr std::array ChartOfAccounts{
     LedgerAccount{"Rent", "Rent Received", 1, false},
     LedgerAccount{"WaterInc", "Water Recovered", 1, false},
     LedgerAccount{"Interest", "Interest Received", 1, false},
@@ -59,7 +59,7 @@ void FillFreshDatabase(engine::Database& database) {
     database.Execute(QStringLiteral(
         "insert into options (taxincome, taxincrate, Rent_Group, company_name, tax_name, year_end) "
         "values (false, 15, 'Rent', '', 'Tax', #3/31/2027#)"));
-    for (const LedgerAccount& account : chartOfAccounts) {
+    for (const LedgerAccount& account : ChartOfAccounts) {
         AddLedgerAccount(database, account);
     }
     database.Execute(
