@@ -20,10 +20,10 @@ namespace {
 using controls::akGrid;
 using controls::ctlTextBox;
 
-constexpr int windowWidth = 600;
-constexpr int windowHeight = 350;
-constexpr int manyRows = 32000;
-constexpr int fewRows = 100;
+constexpr int WindowWidth = 600;
+constexpr int WindowHeight = 350;
+constexpr int ManyRows = 32000;
+constexpr int FewRows = 100;
 
 /// A table with as many rows on view as our list has, and no row numbers, which our list doesn't show either.
 class Table : public QTableView {
@@ -46,7 +46,7 @@ QString PropertyOf(int row) {
 
 template <typename Widget>
 void ShowOnScreen(Widget& widget) {
-    widget.resize(windowWidth, windowHeight);
+    widget.resize(WindowWidth, WindowHeight);
     widget.show();
     widget.activateWindow();
     if (!QTest::qWaitForWindowActive(&widget)) {
@@ -80,7 +80,7 @@ void GridFilled(benchmark::State& state) {
     ShowOnScreen(grid);
     for (auto _ : state) {
         grid.SetRows(0);
-        FillGrid(grid, manyRows);
+        FillGrid(grid, ManyRows);
         QCoreApplication::processEvents();
     }
 }
@@ -92,7 +92,7 @@ void TableViewFilled(benchmark::State& state) {
     ShowOnScreen(view);
     for (auto _ : state) {
         model.removeRows(0, model.rowCount());
-        FillModel(model, manyRows);
+        FillModel(model, ManyRows);
         QCoreApplication::processEvents();
     }
 }
@@ -116,7 +116,7 @@ void GridScrolled(benchmark::State& state) {
     FillGrid(grid, static_cast<int>(state.range(0)));
     ScrollOneRow(state, grid, [&grid](int step) { grid.SetTopRow(grid.TopRow() + step); });
 }
-BENCHMARK(GridScrolled)->Arg(fewRows)->Arg(manyRows)->Unit(benchmark::kMicrosecond);
+BENCHMARK(GridScrolled)->Arg(FewRows)->Arg(ManyRows)->Unit(benchmark::kMicrosecond);
 
 void TableViewScrolled(benchmark::State& state) {
     QStandardItemModel model(0, 2);
@@ -126,7 +126,7 @@ void TableViewScrolled(benchmark::State& state) {
     QScrollBar* bar = view.verticalScrollBar();
     ScrollOneRow(state, *view.viewport(), [bar](int step) { bar->setValue(bar->value() + step); });
 }
-BENCHMARK(TableViewScrolled)->Arg(fewRows)->Arg(manyRows)->Unit(benchmark::kMicrosecond);
+BENCHMARK(TableViewScrolled)->Arg(FewRows)->Arg(ManyRows)->Unit(benchmark::kMicrosecond);
 
 /// Seven digits typed, then the box is emptied.
 template <typename Clear>

@@ -30,16 +30,16 @@ protected:
     /// A file of small pages with one table, whose only row lies below so many pages that lead to one page
     /// each.
     static QByteArray DeepTree(const QByteArray& shallow, quint32 depth) {
-        constexpr int pageSize = 512;
-        QByteArray deep = shallow.left(pageSize);
+        constexpr int PageSize = 512;
+        QByteArray deep = shallow.left(PageSize);
         for (quint32 page = 2; page < depth + 2; ++page) {
-            QByteArray inner(pageSize, '\0');
+            QByteArray inner(PageSize, '\0');
             inner[0] = 5;
             inner[5] = 2;
             qToBigEndian<quint32>(page + 1, inner.data() + 8);
             deep += inner;
         }
-        deep += shallow.mid(pageSize, pageSize);
+        deep += shallow.mid(PageSize, PageSize);
         qToBigEndian<quint32>(depth + 2, deep.data() + 28);
         return deep;
     }

@@ -136,10 +136,10 @@ TEST_F(NewFileTest, NobodyElseCanReadACopyThatGrows) {
 }
 
 TEST_F(NewFileTest, ACopyBelongsToWhomTheOriginalBelongs) {
-    constexpr uid_t somebody = 65533;
+    constexpr uid_t Somebody = 65533;
     // Only root gives files away; whoever else runs the tests has made the original himself.
     if (::geteuid() == 0) {
-        ASSERT_EQ(::chown(path.toUtf8().constData(), somebody, somebody), 0);
+        ASSERT_EQ(::chown(path.toUtf8().constData(), Somebody, Somebody), 0);
     }
     EXPECT_EQ(CopyError(copy), 0);
     EXPECT_EQ(Status(copy).st_uid, Status(path).st_uid);
@@ -151,9 +151,9 @@ TEST_F(NewFileTest, AGroupThatTheCopyCanNotBeGivenToHasNoRightsOnIt) {
     ASSERT_EQ(::chmod(directory.path().toUtf8().constData(), 0777), 0);
     database.reset();
     const auto copyAsOrdinaryUser = [this] {
-        constexpr uid_t nobody = 65534;
+        constexpr uid_t Nobody = 65534;
         const bool isRoot = ::geteuid() == 0;
-        if (isRoot && (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)) {
+        if (isRoot && (::setgroups(0, nullptr) != 0 || ::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)) {
             std::_Exit(2);
         }
         DBEngine::Instance().OpenDatabase(path)->CopyTo(copy);

@@ -85,8 +85,8 @@ TEST_F(OpenDatabaseTest, AReadOnlyFileIsAnError) {
     ASSERT_EQ(::chmod(directory.path().toUtf8().constData(), 0755), 0);
     const auto openAsOrdinaryUser = [this] {
         // Whoever runs the tests as root could write all the same.
-        constexpr uid_t nobody = 65534;
-        if (::geteuid() == 0 && ::setuid(nobody) != 0) {
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && ::setuid(Nobody) != 0) {
             std::_Exit(2);
         }
         std::_Exit(OpenError(path) == ErrorNumber::ReadOnlyDatabase ? 0 : 1);
@@ -101,8 +101,8 @@ TEST_F(OpenDatabaseTest, AFolderThatTakesNoJournalIsFoundAtOpening) {
     ASSERT_EQ(::chmod(directory.path().toUtf8().constData(), 0555), 0);
     const auto openAsOrdinaryUser = [this] {
         // Whoever runs the tests as root could write all the same.
-        constexpr uid_t nobody = 65534;
-        if (::geteuid() == 0 && ::setuid(nobody) != 0) {
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && ::setuid(Nobody) != 0) {
             std::_Exit(2);
         }
         const bool isToldOfTheJournal = OpenDescription(path).contains(QStringLiteral("journal"));
@@ -114,12 +114,12 @@ TEST_F(OpenDatabaseTest, AFolderThatTakesNoJournalIsFoundAtOpening) {
 }
 
 TEST_F(OpenDatabaseTest, ANameTooLongForItsJournalIsFoundAtOpening) {
-    constexpr int longestName = 255;
+    constexpr int LongestName = 255;
     const auto named = [this](int length) { return directory.filePath(QString(length, QLatin1Char('x'))); };
-    const int longest = longestName - static_cast<int>(qstrlen("-journal"));
+    const int longest = LongestName - static_cast<int>(qstrlen("-journal"));
     ASSERT_TRUE(QFile::copy(path, named(longest)));
     EXPECT_EQ(OpenError(named(longest)), 0);
-    for (const int length : {longest + 1, longestName}) {
+    for (const int length : {longest + 1, LongestName}) {
         ASSERT_TRUE(QFile::copy(path, named(length)));
         EXPECT_EQ(OpenError(named(length)), ErrorNumber::ReadOnlyDatabase) << length;
         EXPECT_TRUE(OpenDescription(named(length)).contains(QStringLiteral("journal"))) << length;

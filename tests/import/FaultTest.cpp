@@ -216,10 +216,10 @@ TEST_F(FaultTest, ADiskOfAnySizeHoldsAllRowsButThoseThatWereTold) {
 
     int partly = 0;
     int wholly = 0;
-    constexpr int sizes = 10;
-    for (int size = 0; size < sizes; ++size) {
+    constexpr int Sizes = 10;
+    for (int size = 0; size < Sizes; ++size) {
         // From one without room for a journal to one that holds everything twice.
-        room_ = smallest + (2 * largest - smallest) * size / (sizes - 1);
+        room_ = smallest + (2 * largest - smallest) * size / (Sizes - 1);
         const Outcome outcome = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once);
         const auto left = ReadTables(database, Tables());
         bool isWhole = true;

@@ -193,14 +193,14 @@ TEST_F(KillTest, AnImportThatIsAskedToEndLeavesAllThatItHasDone) {
     const SharedProgress progress;
     const WriteTrace trace([&progress](const TracedWrite& write) { progress.AddWrite(write); });
     std::vector<KilledImport> imports;
-    constexpr size_t moments = 8;
+    constexpr size_t Moments = 8;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        for (size_t moment = 0; moment < moments; ++moment) {
+        for (size_t moment = 0; moment < Moments; ++moment) {
             const QString database = FreshDatabase("ended.mdb");
             progress.Clear();
             const int child = StartImport(database);
             ASSERT_GT(child, 0);
-            while (progress.Writes() < 1 + moment * writes.size() / moments) {
+            while (progress.Writes() < 1 + moment * writes.size() / Moments) {
                 std::this_thread::sleep_for(std::chrono::microseconds(50));
             }
             ::kill(child, signal);

@@ -26,8 +26,8 @@ TEST_F(ReadOnlyFolderTest, IsRefusedBeforeAnythingIsDone) {
     SetPermissions(workplace.Path(QString()), 0555);
     const auto importAsOrdinaryUser = [&] {
         // Whoever runs the tests as root could write all the same.
-        constexpr uid_t nobody = 65534;
-        if (::geteuid() == 0 && ::setuid(nobody) != 0) {
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && ::setuid(Nobody) != 0) {
             std::_Exit(3);
         }
         std::_Exit(Import(database));

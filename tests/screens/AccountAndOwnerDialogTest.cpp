@@ -42,7 +42,7 @@ TEST_F(AccountDialogTest, ATakenNameIsRefusedInAnyLetterCase) {
     Open();
     Type("txtName", u"KESTREL"_s);
     Save();
-    ExpectRefused(nameTaken);
+    ExpectRefused(NameTaken);
     EXPECT_FALSE(dialog->AddAccount);
 }
 
@@ -66,7 +66,7 @@ TEST_F(AccountDialogTest, ARenameReachesThePropertiesAndTheRecordStaysTheSameOne
     Open(&frmBankAccount::EditAccount, account);
     Type("txtName", u"other"_s);
     Save();
-    ExpectRefused(nameTaken);
+    ExpectRefused(NameTaken);
     EXPECT_EQ(account->BankAccountName, u"Kestrel"_s);
     Type("txtName", u"KESTREL"_s);
     Type("txtBalance", u"7.25"_s);
@@ -117,7 +117,7 @@ TEST_F(OwnerDialogTest, ANameIsRequiredAndMustBeFree) {
     ExpectRefused(u"A name is required"_s);
     Type("txtName", u"a. smith"_s);
     Save();
-    ExpectRefused(nameTaken);
+    ExpectRefused(NameTaken);
     Type("txtName", u"B. Smith"_s);
     Save();
     ExpectSaved();

@@ -93,4 +93,4 @@ protected:
     std::unique_ptr<Dialog> dialog;
 };
 
-inline const QString nameTaken = QStringLiteral("Another record already exists with the same name");
+inline const QString NameTaken = QStringLiteral("Another record already exists with the same name");

@@ -12,16 +12,16 @@ class MemoryTest : public RecordsTest {
 protected:
     /// Bytes in each round; a dialog that is kept has more than ten times as much. Some are left to the
     /// toolkit, whose cache of pictures, which has a limit of its own, is switched off here.
-    static constexpr int mayKeep = 1000;
+    static constexpr int MayKeep = 1000;
 
     MemoryTest() { QPixmapCache::setCacheLimit(0); }
     ~MemoryTest() override { QPixmapCache::setCacheLimit(cacheLimit_); }
 
     template <typename Work>
     static void ExpectNothingKept(Work work) {
-        constexpr int times = 100;
+        constexpr int Times = 100;
         const auto repeat = [&work] {
-            for (int time = 0; time < times; ++time) {
+            for (int time = 0; time < Times; ++time) {
                 work();
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 QCoreApplication::processEvents();
@@ -31,7 +31,7 @@ protected:
         repeat();
         const std::int64_t before = HeapInUse();
         repeat();
-        EXPECT_LT(HeapInUse() - before, times * mayKeep) << "bytes in " << times << " rounds";
+        EXPECT_LT(HeapInUse() - before, Times * MayKeep) << "bytes in " << Times << " rounds";
     }
 
     template <typename Dialog>

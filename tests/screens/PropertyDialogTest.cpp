@@ -171,7 +171,7 @@ TEST_F(PropertyDialogTest, OnlyTheBuildingsOwnAddressMustBeFree) {
     Open();
     Type("txtAddress1", u"1/12 MAIN ROAD"_s);
     Save();
-    ExpectRefused(nameTaken);
+    ExpectRefused(NameTaken);
     Type("txtAddress1", u"12 Main Road"_s);
     HasUnits().click();
     Type("txtUnitNumbers", u"1,1"_s);

@@ -99,7 +99,7 @@ TEST_F(TenantDialogTest, ARentOfZeroHasToBeMeant) {
     boxes_.answers = {platform::Answer::Yes};
     Save();
     ASSERT_EQ(boxes_.requests.size(), 2U);
-    EXPECT_EQ(boxes_.requests[1].text, nameTaken);
+    EXPECT_EQ(boxes_.requests[1].text, NameTaken);
     EXPECT_TRUE(IsOpen());
     boxes_.requests.clear();
     boxes_.answers = {platform::Answer::Yes};
@@ -208,7 +208,7 @@ TEST_F(TenantDialogTest, ANameIsFreeForItsOwnRecordAndForNoOther) {
     Open(&frmTenant::EditTenant, tenant);
     Type("txtName", u"o. ther"_s);
     Save();
-    ExpectRefused(nameTaken);
+    ExpectRefused(NameTaken);
     EXPECT_EQ(tenant->Name, u"T. Enant"_s);
     Type("txtName", u"T. ENANT"_s);
     Save();

@@ -11,16 +11,16 @@ void Limit(int resource, rlim_t most) {
 }
 
 void LimitWork() {
-    constexpr rlim_t seconds = 300;
-    Limit(RLIMIT_CPU, seconds);
+    constexpr rlim_t Seconds = 300;
+    Limit(RLIMIT_CPU, Seconds);
 }
 
 }  // namespace
 
 void LimitProcesses() {
 #ifndef __SANITIZE_ADDRESS__
-    constexpr rlim_t bytes = 4'000'000'000;
-    Limit(RLIMIT_AS, bytes);
+    constexpr rlim_t Bytes = 4'000'000'000;
+    Limit(RLIMIT_AS, Bytes);
 #endif
     pthread_atfork(nullptr, nullptr, LimitWork);
 }

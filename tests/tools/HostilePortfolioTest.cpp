@@ -30,20 +30,20 @@ protected:
     QTemporaryDir directory_;
 };
 
-constexpr qsizetype hundredMegabytes = 100'000'000;
+constexpr qsizetype HundredMegabytes = 100'000'000;
 
 }  // namespace
 
 TEST_F(HostilePortfolio, AHundredMegabytesOfBracketsAreRefusedSoon) {
     QElapsedTimer clock;
     clock.start();
-    ExpectRefused(QByteArray(hundredMegabytes, '['),
+    ExpectRefused(QByteArray(HundredMegabytes, '['),
                   QByteArray("/0").repeated(64) + ": Values are nested at most 64 deep (found more)");
     EXPECT_LT(clock.elapsed(), 30000);
 }
 
 TEST_F(HostilePortfolio, AHundredMegabytesOfOpenObjects) {
-    ExpectRefused(QByteArray("{\"a\":").repeated(hundredMegabytes / 5),
+    ExpectRefused(QByteArray("{\"a\":").repeated(HundredMegabytes / 5),
                   QByteArray("/a").repeated(64) + ": Values are nested at most 64 deep (found more)");
 }
 

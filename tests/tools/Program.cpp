@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int longestRun = 300000;  // Milliseconds; a sanitizer on a busy machine takes its time.
+constexpr int LongestRun = 300000;  // Milliseconds; a sanitizer on a busy machine takes its time.
 
 }  // namespace
 
@@ -22,7 +22,7 @@ ProgramResult RunProgram(const QString& program, const QStringList& arguments, c
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(program, arguments);
     ProgramResult result;
-    if (process.waitForFinished(longestRun) && process.exitStatus() == QProcess::NormalExit) {
+    if (process.waitForFinished(LongestRun) && process.exitStatus() == QProcess::NormalExit) {
         result.status = process.exitCode();
     }
     result.output = process.readAllStandardOutput();

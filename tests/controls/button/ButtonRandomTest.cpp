@@ -18,7 +18,7 @@ namespace {
 
 using namespace controls;
 
-constexpr int events = 10'000;
+constexpr int Events = 10'000;
 
 unsigned Seed() {
     const QByteArray wanted = qgetenv("WRENFIELD_SEED");
@@ -189,7 +189,7 @@ TEST_F(ButtonRandomTest, AgreesWithThePlainModelAllDayLong) {
     int downs = 0;
     int hovers = 0;
     int captures = 0;
-    for (int step = 0; step < events; ++step) {
+    for (int step = 0; step < Events; ++step) {
         Step();
         ASSERT_TRUE(Agrees()) << "WRENFIELD_SEED=" << Seed() << ", event " << step << ": " << Difference();
         downs += model.state == 2 ? 1 : 0;
@@ -197,10 +197,10 @@ TEST_F(ButtonRandomTest, AgreesWithThePlainModelAllDayLong) {
         captures += model.captureHeld ? 1 : 0;
     }
     // The day was a full one.
-    EXPECT_GT(downs, events / 50);
-    EXPECT_GT(hovers, events / 10);
-    EXPECT_GT(captures, events / 10);
-    EXPECT_GT(clicks, events / 50);
+    EXPECT_GT(downs, Events / 50);
+    EXPECT_GT(hovers, Events / 10);
+    EXPECT_GT(captures, Events / 10);
+    EXPECT_GT(clicks, Events / 50);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 using namespace controls;
 using namespace Qt::StringLiterals;
 
-constexpr int events = 10'000;
+constexpr int Events = 10'000;
 
 struct Order {
     const char* locale;
@@ -169,8 +169,8 @@ private:
             form_.date.SetValue(Pick(2) == 0 ? QDate() : QDate(10000, 1, 1));
             return u"a date that is none"_s;
         }
-        static constexpr std::array years{100, 101, 1999, 2000, 2008, 2009, 2010, 9999};
-        const QDate date = QDate(years.at(static_cast<size_t>(Pick(static_cast<int>(years.size())))), 1, 1)
+        static constexpr std::array Years{100, 101, 1999, 2000, 2008, 2009, 2010, 9999};
+        const QDate date = QDate(Years.at(static_cast<size_t>(Pick(static_cast<int>(Years.size())))), 1, 1)
                                .addDays(Pick(365));
         form_.date.SetValue(date);
         naive_.SetValue(PlainDay{date.year(), date.month(), date.day()});
@@ -232,7 +232,7 @@ TEST_P(DateRandomTest, BehavesAsTheNaiveOneDoes) {
     const unsigned seed = isGiven ? given : 20261121U;
     Pair pair(GetParam(), seed);
     QStringList last;
-    for (int step = 1; step <= events; ++step) {
+    for (int step = 1; step <= Events; ++step) {
         last += pair.Step();
         QCoreApplication::processEvents();
         pair.Compare();

@@ -115,7 +115,7 @@ TEST_F(GridCreationTest, LoadingGrowsTheListToWholeRows) {
     Load(TwoColumns(), 2130);
     EXPECT_EQ(grid->VisibleRows(), 10);
     EXPECT_EQ(grid->Height(), 2280);
-    EXPECT_EQ(grid->Width(), width);
+    EXPECT_EQ(grid->Width(), Width);
 }
 
 TEST_F(GridCreationTest, LoadingWithRowsReckonsWithTheLowCellsToo) {

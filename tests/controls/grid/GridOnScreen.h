@@ -28,11 +28,11 @@ protected:
     GridTest() { window.resize(600, 400); }
 
     /// A height that makes five rows fit exactly once the list has any.
-    static constexpr int fiveRows = 5 * 225 + 330;
-    static constexpr int width = 6000;
+    static constexpr int FiveRows = 5 * 225 + 330;
+    static constexpr int Width = 6000;
 
-    controls::akGrid& Load(const controls::akGrid::Properties& properties, int height = fiveRows) {
-        grid = std::make_unique<controls::akGrid>(properties, &window, QRect(0, 0, width, height));
+    controls::akGrid& Load(const controls::akGrid::Properties& properties, int height = FiveRows) {
+        grid = std::make_unique<controls::akGrid>(properties, &window, QRect(0, 0, Width, height));
         Listen();
         return *grid;
     }

@@ -296,8 +296,8 @@ void GridRandomTest::Compare() {
 }
 
 TEST_F(GridRandomTest, TenThousandEventsAgreeWithTheModel) {
-    constexpr int eventsInAll = 10000;
-    constexpr int eventsOfOneList = 500;
+    constexpr int EventsInAll = 10000;
+    constexpr int EventsOfOneList = 500;
     // An owner's handler that now and then sends the selection elsewhere.
     const auto redirect = [](int& row, int& column) {
         if ((row + 2 * column) % 7 == 3) {
@@ -305,8 +305,8 @@ TEST_F(GridRandomTest, TenThousandEventsAgreeWithTheModel) {
             column = 1 + column % 2;
         }
     };
-    for (count = 0; count < eventsInAll; ++count) {
-        if (count % eventsOfOneList == 0) {
+    for (count = 0; count < EventsInAll; ++count) {
+        if (count % EventsOfOneList == 0) {
             akGrid::Properties properties = TwoColumns();
             properties.ColumnAlignments = properties.Hyperlinks = u"0|"_s;
             properties.SelectType = Random(0, 1);

@@ -156,11 +156,11 @@ TEST_F(GridSelectionTest, TheHandlerCanMoveTheSelectionItself) {
 
 TEST_F(GridSelectionTest, WildNumbersFromTheHandlerCrashNothing) {
     LoadShown(5);
-    constexpr int most = std::numeric_limits<int>::max();
-    constexpr int least = std::numeric_limits<int>::min();
-    const std::pair<int, int> positions[] = {{most, most}, {least, least}, {0, 0},   {-1, 5},
+    constexpr int Most = std::numeric_limits<int>::max();
+    constexpr int Least = std::numeric_limits<int>::min();
+    const std::pair<int, int> positions[] = {{Most, Most}, {Least, Least}, {0, 0},   {-1, 5},
                                              {1, 99},      {99, 1},        {0, 1},   {6, 2},
-                                             {7, 1},       {most, 1},      {1, most}};
+                                             {7, 1},       {Most, 1},      {1, Most}};
     std::pair<int, int> position;
     auto connection =
         QObject::connect(grid.get(), &akGrid::RowColumnChange, &window, [&](int& row, int& column) {

@@ -10,7 +10,7 @@ namespace {
 using namespace controls;
 using namespace Qt::StringLiterals;
 
-constexpr int manyRows = 32000;
+constexpr int ManyRows = 32000;
 
 class GridSpeedTest : public GridTest {
 protected:
@@ -38,7 +38,7 @@ TEST_F(GridSpeedTest, FillingCostsNoMoreThanFillingAModelUnderATableView) {
     LoadShown(0);
     const std::int64_t ours = Cost(3, [this] {
         grid->SetRows(0);
-        for (int row = 0; row < manyRows; ++row) {
+        for (int row = 0; row < ManyRows; ++row) {
             grid->AddItem(u"12 Main Road\tSmith Family Trust"_s);
         }
     });
@@ -48,21 +48,21 @@ TEST_F(GridSpeedTest, FillingCostsNoMoreThanFillingAModelUnderATableView) {
     view.show();
     const std::int64_t theirs = Cost(3, [&model] {
         model.removeRows(0, model.rowCount());
-        for (int row = 0; row < manyRows; ++row) {
+        for (int row = 0; row < ManyRows; ++row) {
             model.appendRow(
                 {new QStandardItem(u"12 Main Road"_s), new QStandardItem(u"Smith Family Trust"_s)});
         }
     });
-    EXPECT_EQ(grid->Rows(), manyRows);
+    EXPECT_EQ(grid->Rows(), ManyRows);
     EXPECT_LE(ours, theirs);
 }
 
 TEST_F(GridSpeedTest, AStepThroughALongListCostsNoMoreThanThroughAShortOne) {
     LoadShown(100);
     const std::int64_t shortList = CostOfScrolling();
-    Fill(manyRows - 100);
+    Fill(ManyRows - 100);
     const std::int64_t longList = CostOfScrolling();
-    EXPECT_EQ(grid->Rows(), manyRows);
+    EXPECT_EQ(grid->Rows(), ManyRows);
     EXPECT_LT(longList, shortList * 2);
 }
 

@@ -98,7 +98,7 @@ TEST_F(HeadingAccessibleTest, TheStatesAreThoseOfTheTab) {
 }
 
 TEST_F(HeadingAccessibleTest, ATabPastTheRightEdgeIsOffTheScreen) {
-    Show(Wizard(), 3000, wizardHeight);
+    Show(Wizard(), 3000, WizardHeight);
     EXPECT_FALSE(Tab(1)->state().offscreen);
     EXPECT_TRUE(Tab(2)->state().offscreen);
 }

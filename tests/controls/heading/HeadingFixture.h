@@ -15,14 +15,14 @@
 class HeadingFixture : public ::testing::Test {
 protected:
     static const QString wizardTabs;
-    static constexpr int wizardWidth = 11895;
-    static constexpr int wizardHeight = 1095;
+    static constexpr int WizardWidth = 11895;
+    static constexpr int WizardHeight = 1095;
 
     static controls::ctlPageHeading::Properties Wizard();
 
     /// The heading under test; the one before is gone.
     controls::ctlPageHeading& Show(const controls::ctlPageHeading::Properties& properties,
-                                   int width = wizardWidth, int height = wizardHeight);
+                                   int width = WizardWidth, int height = WizardHeight);
     controls::ctlPageHeading& ShowWizard() { return Show(Wizard()); }
 
     /// Mouse events as the desktop sends them, at a pixel of the heading.

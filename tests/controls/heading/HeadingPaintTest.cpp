@@ -104,8 +104,8 @@ protected:
 };
 
 TEST_F(HeadingPaintTest, TheWizardsBannerHasFortyNineBandsOfTwentyTwoTwips) {
-    EXPECT_EQ(NaiveQuotient(2 * wizardHeight, 45), 49);
-    const std::vector<DrawnLine> bands = NaiveBands(wizardHeight);
+    EXPECT_EQ(NaiveQuotient(2 * WizardHeight, 45), 49);
+    const std::vector<DrawnLine> bands = NaiveBands(WizardHeight);
     EXPECT_EQ(bands[1].Y1 - bands[0].Y1, 22);
     // The last ones run past the lower edge, as 49 bands of 22 don't fill the height.
     EXPECT_EQ(bands.size(), 50U);
@@ -114,11 +114,11 @@ TEST_F(HeadingPaintTest, TheWizardsBannerHasFortyNineBandsOfTwentyTwoTwips) {
 TEST_F(HeadingPaintTest, EachTwipOfTheBannerHasTheColourOfItsBand) {
     // A display so fine that each twip is a pixel shows where a band begins.
     const AnotherDensity density(1);
-    Show({.Caption = QString(), .Tabs = u"A|"_s}, 1700, wizardHeight);
+    Show({.Caption = QString(), .Tabs = u"A|"_s}, 1700, WizardHeight);
     const QImage picture = Picture(*heading);
     EXPECT_EQ(picture.pixelColor(1650, 0), QColor(102, 154, 204));
-    const std::vector<DrawnLine> bands = NaiveBands(wizardHeight);
-    for (int row = 1; row < wizardHeight; ++row) {
+    const std::vector<DrawnLine> bands = NaiveBands(WizardHeight);
+    for (int row = 1; row < WizardHeight; ++row) {
         const QColor band = ToQColor(bands[static_cast<size_t>((row - 1) / 22)].colour);
         EXPECT_EQ(picture.pixelColor(1650, row), row == 1080 ? frame : band) << row;
     }
@@ -129,12 +129,12 @@ TEST_F(HeadingPaintTest, EachRowOfTheWizardsBannerHasTheColourOfItsLastBand) {
     const QImage picture = Picture(*heading);
     ASSERT_EQ(picture.size(), QSize(793, 73));
     for (int row = 0; row < 72; ++row) {
-        EXPECT_EQ(picture.pixelColor(755, row), BannerRow(row, wizardHeight)) << row;
-        EXPECT_EQ(picture.pixelColor(3, row), BannerRow(row, wizardHeight)) << row;
+        EXPECT_EQ(picture.pixelColor(755, row), BannerRow(row, WizardHeight)) << row;
+        EXPECT_EQ(picture.pixelColor(3, row), BannerRow(row, WizardHeight)) << row;
     }
     EXPECT_EQ(picture.pixelColor(755, 0), QColor(102, 154, 204));
-    EXPECT_EQ(picture.pixelColor(755, 71), BannerRow(71, wizardHeight));
-    EXPECT_NE(picture.pixelColor(755, 71), BannerRow(60, wizardHeight));
+    EXPECT_EQ(picture.pixelColor(755, 71), BannerRow(71, WizardHeight));
+    EXPECT_NE(picture.pixelColor(755, 71), BannerRow(60, WizardHeight));
     EXPECT_TRUE(boxes.requests.empty());
 }
 
@@ -151,7 +151,7 @@ TEST_F(HeadingPaintTest, TheGapsBetweenTabsShowTheBanner) {
     const QImage picture = Picture(*heading);
     for (int tab = 0; tab < 7; ++tab) {
         for (const int column : {5 + 106 * tab, 107 + 106 * tab}) {
-            EXPECT_EQ(picture.pixelColor(column, 60), BannerRow(60, wizardHeight)) << column;
+            EXPECT_EQ(picture.pixelColor(column, 60), BannerRow(60, WizardHeight)) << column;
         }
     }
 }
@@ -202,12 +202,12 @@ TEST_F(HeadingPaintTest, NoTabLooksCurrentWhenNoneHasTheText) {
     const QImage picture = Picture(*heading);
     ExpectLook(picture, 0, {enabledFill, frame, frame});
     ExpectLook(picture, 1, {enabledFill, frame, frame});
-    EXPECT_EQ(picture.pixelColor(250, 60), BannerRow(60, wizardHeight));
+    EXPECT_EQ(picture.pixelColor(250, 60), BannerRow(60, WizardHeight));
 }
 
 TEST_F(HeadingPaintTest, TabsDontScaleAndAreCutOffAtTheEdge) {
     const AnotherDesktop desktop(QColor(200, 190, 180), QColor(90, 80, 70));
-    Show(Wizard(), 3000, wizardHeight);
+    Show(Wizard(), 3000, WizardHeight);
     const QImage picture = Picture(*heading);
     EXPECT_EQ(picture.pixelColor(6, 60), frame);
     EXPECT_EQ(picture.pixelColor(112, 49), QColor(90, 80, 70));
@@ -318,7 +318,7 @@ TEST_F(HeadingPaintTest, TheCloseImageIsAWhiteCrossOnADarkSquare) {
     EXPECT_LT(picture.pixelColor(778, 7).lightness(), 120);
     EXPECT_LT(picture.pixelColor(771, 14).lightness(), 120);
     heading->SetCloseButton(false);
-    EXPECT_EQ(PixelAt(*heading, 778, 14), BannerRow(14, wizardHeight));
+    EXPECT_EQ(PixelAt(*heading, 778, 14), BannerRow(14, WizardHeight));
 }
 
 TEST_F(HeadingPaintTest, OneChangePaintsOnce) {
@@ -372,13 +372,13 @@ TEST_F(HeadingPaintTest, DrawGradientLaysBandsOverAPartUntilTheSizeChanges) {
     const QImage picture = Picture(*heading);
     // 49 bands of 6 twips over 300 begin at row 20. The last that reaches into that row is the second one.
     const QColor second = ToQColor(NaiveColourAt({102, 154, 204, 193, 219, 244}, 7.0F / 300));
-    EXPECT_EQ(picture.pixelColor(599, 30), BannerRow(30, wizardHeight));
-    EXPECT_EQ(picture.pixelColor(600, 19), BannerRow(19, wizardHeight));
+    EXPECT_EQ(picture.pixelColor(599, 30), BannerRow(30, WizardHeight));
+    EXPECT_EQ(picture.pixelColor(600, 19), BannerRow(19, WizardHeight));
     EXPECT_EQ(picture.pixelColor(600, 20), second);
     EXPECT_EQ(picture.pixelColor(792, 20), second);
-    EXPECT_EQ(picture.pixelColor(755, 45), BannerRow(45, wizardHeight));
+    EXPECT_EQ(picture.pixelColor(755, 45), BannerRow(45, WizardHeight));
     heading->resize(792, 73);
-    EXPECT_EQ(PixelAt(*heading, 600, 20), BannerRow(20, wizardHeight));
+    EXPECT_EQ(PixelAt(*heading, 600, 20), BannerRow(20, WizardHeight));
 }
 
 TEST_F(HeadingPaintTest, AGradientThatFailsIsToldWithNumberAndDescription) {

@@ -251,7 +251,7 @@ TEST_F(HeadingTest, AHeadingWithoutTabsCanBeClicked) {
 }
 
 TEST_F(HeadingTest, TheTitleIsNotInTheWayOfTabsInALowHeading) {
-    Show(Wizard(), wizardWidth, 600);
+    Show(Wizard(), WizardWidth, 600);
     heading->ChangeTabEnabled(3, true);
     EXPECT_TRUE(CaptionPlace().contains(400, 18));
     Click(400, 18);

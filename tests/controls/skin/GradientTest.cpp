@@ -144,9 +144,9 @@ TEST(GradientBands, ThatDontFitTheirBitsOverflow) {
     EXPECT_EQ(CutIntoBands(0, 0, 32767, 32767, 1).across, 32767);
     EXPECT_EQ(FailureNumberOf([] { CutIntoBands(0, 0, 32768, 1, 1); }), 6);
     EXPECT_EQ(FailureNumberOf([] { CutIntoBands(0, 0, 1, 32768, 1); }), 6);
-    constexpr qint32 most = std::numeric_limits<qint32>::max();
-    EXPECT_EQ(FailureNumberOf([] { CutIntoBands(-most, 0, most, 1, 19); }), 6);
-    EXPECT_EQ(FailureNumberOf([] { CutIntoBands(0, -most, 1, most, 19); }), 6);
+    constexpr qint32 Most = std::numeric_limits<qint32>::max();
+    EXPECT_EQ(FailureNumberOf([] { CutIntoBands(-Most, 0, Most, 1, 19); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { CutIntoBands(0, -Most, 1, Most, 19); }), 6);
 }
 
 TEST(GradientBands, BeginAtOneAndReachTheLimit) {

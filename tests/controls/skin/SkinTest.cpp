@@ -9,7 +9,7 @@ namespace {
 
 using namespace controls;
 
-const NaiveColours usualColours{255, 255, 255, 255, 255, 0};
+const NaiveColours UsualColours{255, 255, 255, 255, 255, 0};
 
 DrawnLine Box(double x1, double Y1, double X2, double Y2, Colour colour) {
     return {x1, Y1, X2, Y2, colour, LineForm::FilledBox};
@@ -248,12 +248,12 @@ TEST_F(SkinTest, ABandBeyondSixteenBitsIsAnOverflowInEveryStyle) {
 }
 
 TEST_F(SkinTest, AreasFarOffTheCanvasDontTroubleIt) {
-    constexpr qint32 most = 2147483647;
+    constexpr qint32 Most = 2147483647;
     for (const qint32 style : {0, 1, 2, 3, 4}) {
         boxes.requests.clear();
         skin.Style = style;
-        skin.DrawGradient(&canvas, most - 400, most - 400, most, most);
-        skin.DrawGradient(&canvas, -most, -most, -most + 400, -most + 400);
+        skin.DrawGradient(&canvas, Most - 400, Most - 400, Most, Most);
+        skin.DrawGradient(&canvas, -Most, -Most, -Most + 400, -Most + 400);
         EXPECT_TRUE(Boxes().isEmpty()) << style;
     }
 }
@@ -340,7 +340,7 @@ TEST(SkinProperty, EveryStyleOverTheWholeCanvasIsTheSameForEverySize) {
             skin.Style = style;
             skin.DrawGradient(&canvas, 0, 0, side, side + 15);
             ASSERT_EQ(canvas.lines,
-                      NaiveSkin({style, 100, 0, 0, side, side + 15, side, side + 15}, usualColours));
+                      NaiveSkin({style, 100, 0, 0, side, side + 15, side, side + 15}, UsualColours));
         }
     }
     EXPECT_TRUE(boxes.requests.empty());

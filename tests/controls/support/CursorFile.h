@@ -9,17 +9,17 @@ inline QByteArray CursorFile() {
         file += static_cast<char>(value & 255), file += static_cast<char>(value >> 8);
     };
     const auto put32 = [&put16](int value) { put16(value & 65535), put16(value >> 16); };
-    constexpr int side = 16;
-    constexpr int pixels = side * side * 4;
-    constexpr int mask = side * 4;
+    constexpr int Side = 16;
+    constexpr int Pixels = Side * Side * 4;
+    constexpr int Mask = Side * 4;
     put16(0), put16(2), put16(1);
-    file += static_cast<char>(side), file += static_cast<char>(side), put16(0);
-    put16(5), put16(1), put32(40 + pixels + mask), put32(22);
-    put32(40), put32(side), put32(side * 2), put16(1), put16(32), put32(0), put32(pixels), put32(0), put32(0);
+    file += static_cast<char>(Side), file += static_cast<char>(Side), put16(0);
+    put16(5), put16(1), put32(40 + Pixels + Mask), put32(22);
+    put32(40), put32(Side), put32(Side * 2), put16(1), put16(32), put32(0), put32(Pixels), put32(0), put32(0);
     put32(0), put32(0);
-    for (int pixel = 0; pixel < side * side; ++pixel) {
+    for (int pixel = 0; pixel < Side * Side; ++pixel) {
         file += QByteArray("\0\0\0\xff", 4);
     }
-    file += QByteArray(mask, '\0');
+    file += QByteArray(Mask, '\0');
     return file;
 }

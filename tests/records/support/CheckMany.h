@@ -21,8 +21,8 @@ void CheckMany(int cases, Testable&& property) {
 
 /// A random number from first to last, spread evenly over the whole range in every case.
 inline int Draw(int first, int last) {
-    constexpr int fullSize = 100;
-    return *rc::gen::resize(fullSize, rc::gen::inRange(first, last + 1));
+    constexpr int FullSize = 100;
+    return *rc::gen::resize(FullSize, rc::gen::inRange(first, last + 1));
 }
 
 /// True in so many of a hundred cases.
