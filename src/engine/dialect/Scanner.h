@@ -13,8 +13,9 @@ namespace engine::dialect {
 /// enough. It fails as Tokenize does (see Tokenizer.h).
 class Scanner {
 public:
-    Scanner(QStringView text, ShapedStatement& statement)
-        : begin_(text.utf16()), end_(begin_ + text.size()), place_(begin_), statement_(statement) {}
+    /// What has been passed before lies in the statement already.
+    Scanner(QStringView text, ShapedStatement& statement, qsizetype passed = 0)
+        : begin_(text.utf16()), end_(begin_ + text.size()), place_(begin_ + passed), statement_(statement) {}
 
     /// Takes all that follows.
     void Run();
@@ -25,6 +26,7 @@ public:
     /// Goes past this text; false if another one follows.
     bool Skip(std::u16string_view expected);
 
+    qsizetype Passed() const { return place_ - begin_; }
     bool AtEnd() const { return place_ == end_; }
     /// The character that follows, or 0 at the end.
     char16_t Next() const { return At(place_); }

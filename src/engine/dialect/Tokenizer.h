@@ -51,23 +51,20 @@ void Tokenize(const QString& text, ShapedStatement& statement);
 
 /// Does what Tokenize does for one statement after the other. One that differs from the one before in nothing
 /// but its literals is not taken apart again: what stands between them is compared, and they alone are read.
+/// Of those, the ones are not read again that stand in what both statements begin with or end with.
 class RepeatTokenizer {
 public:
     void Tokenize(const QString& text, ShapedStatement& statement);
 
 private:
-    /// The text before a literal, and what the literal begins with.
-    struct Gap {
-        size_t size = 0;
-        char16_t beginning = 0;
-    };
-
     bool TakeAsBefore(const QString& text, ShapedStatement& statement) const;
-    void Remember(QStringView text, const ShapedStatement& statement);
+    void Copy(size_t firstLiteral, size_t endLiteral, qsizetype shift, ShapedStatement& statement) const;
+    void Remember(const QString& text, const ShapedStatement& statement);
 
     // The statement before; at first the one without any text.
-    std::u16string fixed_;  ///< Its text without its literals.
-    std::vector<Gap> gaps_;
+    std::u16string text_;
+    std::vector<Literal> literals_;
+    std::string texts_;
     std::string shape_;
 };
 

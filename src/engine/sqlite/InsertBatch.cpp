@@ -16,6 +16,16 @@ std::string ForMostRows(const dialect::ParsedStatement& insert) {
     return sql;
 }
 
+void BindAsRow(size_t row, PreparedStatement& prepared, const dialect::ShapedStatement& shaped) {
+    const size_t count = shaped.literals.size();
+    const size_t first = row * count + 1;
+    for (size_t place = 0; place < count; ++place) {
+        const dialect::Literal& literal = shaped.literals[place];
+        prepared.binderForMany.Bind(prepared.compiledForMany.get(), static_cast<int>(first + place),
+                                    prepared.storedIn[place], literal, shaped.Text(literal));
+    }
+}
+
 }  // namespace
 
 InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
@@ -33,7 +43,7 @@ InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
     if (!waiting_->compiledForMany) {
         waiting_->compiledForMany = connection_.Prepare(ForMostRows(waiting_->parsed));
     }
-    BindLiterals(waiting_->compiledForMany.get(), *waiting_, shaped, rows_);
+    BindAsRow(rows_, *waiting_, shaped);
     ++rows_;
     return Answer::Taken;
 }

@@ -4,6 +4,7 @@
 #include "engine/dialect/Tokenizer.h"
 #include "engine/sqlite/Connection.h"
 #include "engine/sqlite/TableSchema.h"
+#include "engine/sqlite/ValueBinding.h"
 
 #include <functional>
 #include <memory>
@@ -28,6 +29,7 @@ struct PreparedStatement {
     /// InsertBatch.h).
     bool canWait = false;
     StatementHandle compiledForMany;
+    LiteralBinder binderForMany;
 };
 
 /// Prepared statements by their shape, so that a million statements that differ only in their literals are

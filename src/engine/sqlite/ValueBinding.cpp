@@ -4,6 +4,7 @@
 #include "platform/Utf8.h"
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace engine::sqlite {
@@ -274,6 +275,30 @@ void BindLiteral(sqlite3_stmt* statement, int place, const Column* column, const
             sqlite3_bind_double(statement, place, literal.real);
             return;
     }
+}
+
+// Texts by where they lie: SQLite reads them there when the statement runs.
+bool LiteralBinder::Bound::IsSame(const Bound& other) const {
+    return kind == other.kind && integer == other.integer &&
+           std::memcmp(&real, &other.real, sizeof real) == 0 && text.data() == other.text.data() &&
+           text.size() == other.text.size() && characters == other.characters;
+}
+
+void LiteralBinder::Bind(sqlite3_stmt* statement, int place, const Column* column,
+                         const dialect::Literal& literal, std::string_view text) {
+    const auto index = static_cast<size_t>(place);
+    if (index >= bound_.size()) {
+        bound_.resize(index + 1);
+    }
+    Bound& bound = bound_[index];
+    const Bound wanted = IsNumeric(literal) ? Bound{literal.kind, literal.integer, literal.real, {}, 0}
+                                            : Bound{literal.kind, 0, 0, text, literal.characters};
+    // A text that the column turns into something else is read when it is bound.
+    if (bound.IsSame(wanted) && (column == nullptr || SuitsAsItIs(*column, literal))) {
+        return;
+    }
+    BindLiteral(statement, place, column, literal, text);
+    bound = wanted;
 }
 
 Value ReadValue(sqlite3_stmt* statement, int place, DataType type) {

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include <string_view>
+#include <vector>
 
 namespace engine::sqlite {
 
@@ -19,6 +20,28 @@ void BindForColumn(sqlite3_stmt* statement, int place, const Column& column, con
 /// only. `text` must live until the statement is reset.
 void BindLiteral(sqlite3_stmt* statement, int place, const Column* column, const dialect::Literal& literal,
                  std::string_view text);
+
+/// Binds literals to the places of one compiled statement, and leaves those alone that hold the same already:
+/// rows that are inserted one after the other differ in few values, and their texts lie in the same room each
+/// time. Nobody else may bind to that statement.
+class LiteralBinder {
+public:
+    /// As BindLiteral. The column of a place is always the same.
+    void Bind(sqlite3_stmt* statement, int place, const Column* column, const dialect::Literal& literal,
+              std::string_view text);
+
+private:
+    struct Bound {
+        dialect::LiteralKind kind = dialect::LiteralKind::Integer;
+        qint64 integer = 0;
+        double real = 0;
+        std::string_view text;
+        qsizetype characters = -1;  ///< Those of no literal, as long as nothing is bound.
+
+        bool IsSame(const Bound& other) const;
+    };
+    std::vector<Bound> bound_;
+};
 
 /// The value that the current row of a statement holds at a place (from 0), in the nature of its column's
 /// type. A stored value of another nature comes as what it is.

@@ -74,12 +74,10 @@ QString Describe(const Write& write) {
 }
 
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
-                  const dialect::ShapedStatement& shaped, size_t row) {
-    const size_t count = shaped.literals.size();
-    const size_t first = row * count + 1;
-    for (size_t place = 0; place < count; ++place) {
+                  const dialect::ShapedStatement& shaped) {
+    for (size_t place = 0; place < shaped.literals.size(); ++place) {
         const dialect::Literal& literal = shaped.literals[place];
-        BindLiteral(compiled, static_cast<int>(first + place), prepared.storedIn[place], literal,
+        BindLiteral(compiled, static_cast<int>(place + 1), prepared.storedIn[place], literal,
                     shaped.Text(literal));
     }
 }

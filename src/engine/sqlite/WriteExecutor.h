@@ -51,9 +51,8 @@ private:
     qint64 added_ = 0;
 };
 
-/// Binds the literals of a statement to a compiled form of it, as those of the row at this place where the
-/// form is one for many rows. The literals must live until the statement has run.
+/// Binds the literals of a statement to a compiled form of it. They must live until it has run.
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
-                  const dialect::ShapedStatement& shaped, size_t row = 0);
+                  const dialect::ShapedStatement& shaped);
 
 }  // namespace engine::sqlite
