@@ -175,6 +175,17 @@ TEST_F(DynasetTest, EditChangesOnlyWhatWasSet) {
     EXPECT_EQ(ToDouble(rows->Fields(Short).Get()), 2) << "the current row shows what was written";
 }
 
+TEST_F(DynasetTest, EditShowsWhatAnotherProgramHasWrittenSinceTheRowWasLookedAt) {
+    Insert("a", 1);
+    database->Flush();
+    const auto rows = Dynaset("select * from things");
+    EXPECT_EQ(ToDouble(rows->Fields(Short).Get()), 1);
+    ASSERT_TRUE(RunElsewhere(path, "update things set short = 5"));
+    EXPECT_EQ(ToDouble(rows->Fields(Short).Get()), 1) << "it was looked at before";
+    rows->Edit();
+    EXPECT_EQ(ToDouble(rows->Fields(Short).Get()), 5);
+}
+
 TEST_F(DynasetTest, TheOrderIsSettledWhenTheSetIsOpened) {
     Insert("a", 1);
     Insert("b", 2);
