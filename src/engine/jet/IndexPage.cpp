@@ -1,0 +1,128 @@
+#include "engine/jet/IndexPage.h"
+
+#include "engine/Error.h"
+#include "engine/jet/PageNumbers.h"
+
+#include <algorithm>
+
+namespace engine::jet {
+
+void RaiseDamagedIndex(PageNumber page, const QString& what) {
+    throw Error(ErrorNumber::DatabaseDamaged,
+                QStringLiteral("The database is damaged: page %1 of an index %2.").arg(page).arg(what));
+}
+
+IndexPage::IndexPage(const Page& page, PageNumber number, PageNumber owner)
+    : page_(&page), number_(number), ends_(page) {
+    const std::uint8_t kind = page[IndexForm::KindAt];
+    if (kind != IndexForm::Node && kind != IndexForm::Leaf) {
+        RaiseDamagedIndex(number, QStringLiteral("is none"));
+    }
+    if (NumberAt(page, IndexForm::OwnerAt, 4) != owner) {
+        RaiseDamagedIndex(number, QStringLiteral("belongs to another table"));
+    }
+    const std::size_t free = NumberAt(page, IndexForm::FreeBytesAt, 2);
+    if (free > IndexForm::Room) {
+        RaiseDamagedIndex(number, QStringLiteral("has more free bytes than bytes"));
+    }
+    used_ = IndexForm::Room - free;
+    tail_ = IsLeaf() ? 0 : NumberAt(page, IndexForm::TailAt, 4);
+    CheckEnds();
+    if (used_ > 0) {
+        prefix_ = NumberAt(page, IndexForm::PrefixAt, 2);
+        if (prefix_ >= Behind(0)) {
+            RaiseDamagedIndex(number, QStringLiteral("has entries shorter than what they share"));
+        }
+    }
+}
+
+void IndexPage::CheckEnds() const {
+    if (ends_.Has(0) || (used_ > 0 && !ends_.Has(used_)) || ends_.HasAnyBehind(used_)) {
+        RaiseDamagedIndex(number_, QStringLiteral("has entries that end elsewhere than its bytes"));
+    }
+}
+
+bool IndexPage::IsLeaf() const {
+    return (*page_)[IndexForm::KindAt] == IndexForm::Leaf;
+}
+
+PageNumber IndexPage::Previous() const {
+    return NumberAt(*page_, IndexForm::PreviousAt, 4);
+}
+
+PageNumber IndexPage::Next() const {
+    return NumberAt(*page_, IndexForm::NextAt, 4);
+}
+
+KeyView IndexPage::StoredAt(std::size_t place) const {
+    return KeyView(*page_).subspan(IndexForm::EntriesAt + place, Behind(place) - place);
+}
+
+KeyView IndexPage::Prefix() const {
+    return KeyView(*page_).subspan(IndexForm::EntriesAt, prefix_);
+}
+
+// Begins halfway between two places, wherever an entry lies there, so that no list of places is needed.
+std::size_t IndexPage::FirstNotLess(KeyView entry) const {
+    std::size_t begin = 0;
+    std::size_t end = used_;
+    while (begin < end) {
+        const std::size_t place = ends_.UpTo((begin + end) / 2);
+        if (CompareAt(place, entry) < 0) {
+            begin = Behind(place);
+        } else {
+            end = place;
+        }
+    }
+    return begin;
+}
+
+int IndexPage::CompareAt(std::size_t place, KeyView entry) const {
+    const KeyView stored = StoredAt(place);
+    const KeyView shared = place == 0 ? KeyView() : Prefix();
+    const std::size_t whole = shared.size() + stored.size();
+    const std::size_t size = whole - std::min(whole, ChildSize());
+    if (shared.empty()) {
+        return Compare(stored.first(size), entry);
+    }
+    const KeyView front = shared.first(std::min(shared.size(), size));
+    const int order = Compare(front, entry.first(std::min(front.size(), entry.size())));
+    if (order != 0) {
+        return order;
+    }
+    return Compare(stored.first(size - front.size()), entry.subspan(front.size()));
+}
+
+void IndexPage::CopyWhole(std::size_t place, Key& into) const {
+    into.clear();
+    if (place != 0) {
+        Append(into, Prefix());
+    }
+    Append(into, StoredAt(place));
+    if (into.size() <= IndexForm::RowSize + ChildSize()) {
+        RaiseDamagedIndex(number_, QStringLiteral("has an entry without a key"));
+    }
+}
+
+void IndexPage::CopyEntry(std::size_t place, Key& into) const {
+    CopyWhole(place, into);
+    into.resize(into.size() - ChildSize());
+}
+
+Key IndexPage::EntryAt(std::size_t place) const {
+    Key entry;
+    CopyEntry(place, entry);
+    return entry;
+}
+
+PageNumber IndexPage::ChildAt(std::size_t place) const {
+    const KeyView stored = StoredAt(place);
+    if (stored.size() > IndexForm::RowSize + IndexForm::ChildSize) {
+        return NumberOf(stored.last(IndexForm::ChildSize));
+    }
+    Key whole;
+    CopyWhole(place, whole);
+    return NumberOf(KeyView(whole).last(IndexForm::ChildSize));
+}
+
+}  // namespace engine::jet

@@ -1,0 +1,77 @@
+#include "engine/jet/IndexTree.h"
+
+#include "engine/Error.h"
+#include "engine/jet/TreeEditor.h"
+
+namespace engine::jet {
+
+void IndexTree::MakeEntry(KeyView key, std::uint32_t row) {
+    entry_.assign(key.begin(), key.end());
+    AppendNumber(entry_, row);
+}
+
+bool IndexTree::FindEntry() {
+    pages_.FindPlace(path_, entry_);
+    const IndexPage leaf = pages_.Open(path_.back().page);
+    const std::size_t place = path_.back().place;
+    return place < leaf.Used() && leaf.IsEntryAt(place, entry_);
+}
+
+void IndexTree::Insert(KeyView key, std::uint32_t row) {
+    MakeEntry(key, row);
+    if (entry_.size() > IndexForm::LongestEntry) {
+        throw Error(ErrorNumber::Other,
+                    QStringLiteral("An entry of %1 bytes is too long for an index.").arg(entry_.size()));
+    }
+    if (FindEntry()) {
+        RaiseDamagedIndex(path_.back().page, QStringLiteral("has an entry already for a row that is new"));
+    }
+    TreeEditor(pages_, path_).Insert(entry_);
+}
+
+bool IndexTree::Remove(KeyView key, std::uint32_t row) {
+    MakeEntry(key, row);
+    if (!FindEntry()) {
+        return false;
+    }
+    TreeEditor(pages_, path_).Remove();
+    return true;
+}
+
+// Every page is looked at before any is given back, so that a damaged tree gives up no page of others.
+void IndexTree::Clear() {
+    const std::vector<PageNumber> pages = pages_.AllBelowRoot();
+    pages_.BeginRoot();
+    for (const PageNumber page : pages) {
+        pages_.GiveBack(page);
+    }
+}
+
+IndexCursor IndexTree::AtLeast(KeyView key) const {
+    TreePath path;
+    pages_.FindPlace(path, key);
+    return {pages_, path.back()};
+}
+
+IndexCursor IndexTree::Before(KeyView key) const {
+    TreePath path;
+    pages_.FindPlace(path, key);
+    return IndexCursor::Before(pages_, path.back());
+}
+
+IndexCursor IndexTree::Last() const {
+    TreePath path;
+    pages_.FindEnd(path);
+    return IndexCursor::Before(pages_, path.back());
+}
+
+std::optional<std::uint32_t> IndexTree::RowWith(KeyView key, std::optional<std::uint32_t> leftOut) const {
+    for (IndexCursor at = AtLeast(key); at.HasEntry() && Compare(at.EntryKey(), key) == 0; at.Next()) {
+        if (at.Row() != leftOut) {
+            return at.Row();
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace engine::jet

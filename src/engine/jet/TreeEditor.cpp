@@ -1,0 +1,240 @@
+#include "engine/jet/TreeEditor.h"
+
+#include "engine/Error.h"
+#include "engine/jet/IndexPageEdit.h"
+
+#include <array>
+
+namespace engine::jet {
+
+void TreeEditor::Insert(KeyView entry) {
+    const auto [number, place] = path_.back();
+    const bool isLast = place == pages_.Open(number).Used();
+    Apply(path_.size() - 1, {place, 0, std::array{entry}}, isLast);
+}
+
+void TreeEditor::Apply(std::size_t level, const Splice& splice, bool isLast) {
+    if (TryInPlace(PageOf(level), splice)) {
+        TellParent(level, {.isLast = isLast});
+        return;
+    }
+    const EntryList entries(pages_.Open(PageOf(level)), splice.place, splice.removed, splice.added);
+    if (entries.Fits(0, entries.Count())) {
+        entries.Write(pages_.Change(PageOf(level)), 0, entries.Count());
+        TellParent(level, {.isLast = isLast});
+        return;
+    }
+    const bool rises = Rises(level, splice);
+    if (level == 0) {
+        LowerRoot();
+        ++level;
+    }
+    Change change = Divide(PageOf(level), entries, rises);
+    change.isLast = isLast;
+    TellParent(level, change);
+}
+
+bool TreeEditor::TryInPlace(PageNumber number, const Splice& splice) {
+    const IndexPage view = pages_.Open(number);
+    if (splice.added.empty()) {
+        return splice.removed == 0;
+    }
+    if (splice.added.size() > 1 || splice.removed > 1) {
+        return false;
+    }
+    Page& page = pages_.Change(number);
+    return splice.removed == 0 ? TryInsert(page, view, splice.place, splice.added.front())
+                               : TryReplace(page, view, splice.place, splice.added.front());
+}
+
+// Whether the splice is at the end of the last page of its level. Rising keys then fill one page after the
+// other, which halving would leave half empty for good.
+bool TreeEditor::Rises(std::size_t level, const Splice& splice) const {
+    std::size_t end = splice.place;
+    const IndexPage page = pages_.Open(PageOf(level));
+    for (std::size_t removed = 0; removed < splice.removed; ++removed) {
+        end = page.Behind(end);
+    }
+    bool rises = end == page.Used();
+    for (std::size_t above = 0; above < level; ++above) {
+        rises = rises && TreeReader::IsLastChild(pages_.Open(PageOf(above)), path_[above].place);
+    }
+    return rises;
+}
+
+// The old page keeps the part that its parent's entry tells of: the one behind, if it is halved.
+TreeEditor::Change TreeEditor::Divide(PageNumber number, const EntryList& entries, bool rises) {
+    const std::size_t at = rises ? entries.MostFirst() : entries.Middle();
+    if (at == 0) {
+        throw Error(
+            ErrorNumber::Other,
+            QStringLiteral("The entries of page %1 of an index are too long to divide it.").arg(number));
+    }
+    const IndexPage old = pages_.Open(number);
+    const PageNumber divided = pages_.TakeLike(number);
+    if (rises) {
+        pages_.LinkBehind(divided, old);
+        entries.Write(pages_.Change(divided), at, entries.Count());
+        entries.Write(pages_.Change(number), 0, at);
+        if (old.Tail() != 0) {
+            pages_.PutTail(divided, old.Tail());
+            pages_.PutTail(number, 0);
+        }
+    } else {
+        pages_.LinkBefore(divided, old);
+        entries.Write(pages_.Change(divided), 0, at);
+        entries.Write(pages_.Change(number), at, entries.Count());
+    }
+    return {.divided = divided, .isDividedBehind = rises};
+}
+
+// A leaf becomes the new root's tail; above leaves no other program has tails.
+void TreeEditor::LowerRoot() {
+    const PageNumber root = PageOf(0);
+    const PageNumber lowered = pages_.LowerRoot();
+    path_[0].page = lowered;
+    path_.insert(path_.begin(), {root, 0});
+    if (pages_.Open(lowered).IsLeaf()) {
+        pages_.PutTail(root, lowered);
+    } else {
+        PutOnlyEntry(root, lowered);
+    }
+}
+
+// The entry that a child has in a node.
+Key TreeEditor::ChildEntry(PageNumber child) const {
+    Key entry = pages_.LastEntryOf(child);
+    AppendNumber(entry, child);
+    return entry;
+}
+
+void TreeEditor::TellParent(std::size_t level, const Change& change) {
+    if (level == 0 || (!change.isLast && change.divided == 0)) {
+        return;
+    }
+    const TreeStep parent = path_[level - 1];
+    const IndexPage node = pages_.Open(parent.page);
+    const PageNumber child = PageOf(level);
+    const bool isTail = parent.place == node.Used();
+    const bool isLastChild = TreeReader::IsLastChild(node, parent.place);
+    const bool isNewTail = change.isDividedBehind && pages_.Open(change.divided).IsLeaf();
+    const bool hasNewEntry = change.divided != 0 && !isNewTail;
+    // A tail that isn't the last child any more gets an entry; any other child has one, which may be another
+    // now.
+    const bool changesOwn = isTail ? isNewTail : change.isLast || change.isDividedBehind;
+
+    const Key own = changesOwn ? ChildEntry(child) : Key();
+    const Key other = hasNewEntry ? ChildEntry(change.divided) : Key();
+    std::vector<KeyView> added;
+    if (hasNewEntry && !change.isDividedBehind) {
+        added.push_back(other);
+    }
+    if (changesOwn) {
+        added.push_back(own);
+    }
+    if (hasNewEntry && change.isDividedBehind) {
+        added.push_back(other);
+    }
+    if (isNewTail) {
+        pages_.PutTail(parent.page, change.divided);
+    }
+    const std::size_t removed = changesOwn && !isTail ? 1 : 0;
+    Apply(level - 1, {parent.place, removed, added},
+          isLastChild && (change.isLast || change.isDividedBehind));
+}
+
+void TreeEditor::Remove() {
+    const std::size_t level = path_.size() - 1;
+    const auto [number, place] = path_.back();
+    const IndexPage leaf = pages_.Open(number);
+    const bool isLast = leaf.Behind(place) == leaf.Used();
+    const bool isOnly = isLast && place == 0;
+    if (isOnly && level > 0) {
+        Drop(level);
+        return;
+    }
+    EraseAt(number, place);
+    if (isLast) {
+        TellParent(level, {.isLast = true});
+    }
+}
+
+// What is left never takes more room than before: where the first entry goes, the second is stored whole
+// instead.
+void TreeEditor::EraseAt(PageNumber number, std::size_t place) {
+    const IndexPage view = pages_.Open(number);
+    Page& page = pages_.Change(number);
+    if (!TryErase(page, view, place)) {
+        const EntryList entries(view, place, 1, {});
+        entries.Write(page, 0, entries.Count());
+    }
+}
+
+// Gives up a page that has lost its last entry or child.
+void TreeEditor::Drop(std::size_t level) {
+    if (level == 0) {
+        pages_.BeginRoot();
+        return;
+    }
+    pages_.Unlink(pages_.Open(PageOf(level)));
+    pages_.GiveBack(PageOf(level));
+    ForgetChild(level - 1);
+}
+
+void TreeEditor::ForgetChild(std::size_t level) {
+    const auto [number, place] = path_[level];
+    const IndexPage node = pages_.Open(number);
+    const bool wasTail = place == node.Used();
+    const bool wasLast = TreeReader::IsLastChild(node, place);
+    if (wasTail) {
+        pages_.PutTail(number, 0);
+    } else {
+        EraseAt(number, place);
+    }
+    const IndexPage left = pages_.Open(number);
+    if (left.IsEmpty() && left.Tail() == 0) {
+        Drop(level);
+        return;
+    }
+    if (level == 0) {
+        RaiseOnlyChild();
+        return;
+    }
+    if (left.IsEmpty()) {
+        GiveTailAnEntry(level);
+        return;
+    }
+    TellParent(level, {.isLast = wasLast});
+}
+
+void TreeEditor::PutOnlyEntry(PageNumber node, PageNumber child) {
+    const Key entry = ChildEntry(child);
+    if (!TryInPlace(node, {0, 0, std::array<KeyView, 1>{entry}})) {
+        RaiseDamagedIndex(child, QStringLiteral("has an entry that is too long"));
+    }
+}
+
+// A node without any entry is nothing that other programs make; and they may leave leaves without entries.
+void TreeEditor::GiveTailAnEntry(std::size_t level) {
+    const PageNumber tail = pages_.Open(PageOf(level)).Tail();
+    if (pages_.LastEntryOf(tail).empty()) {
+        path_.resize(level + 1);
+        path_[level].place = 0;
+        path_.push_back({tail, 0});
+        Drop(level + 1);
+        return;
+    }
+    pages_.PutTail(PageOf(level), 0);
+    PutOnlyEntry(PageOf(level), tail);
+}
+
+// As long as the root has one child alone, that takes its place.
+void TreeEditor::RaiseOnlyChild() {
+    const PageNumber root = PageOf(0);
+    for (std::vector<PageNumber> children = pages_.ChildrenOf(root); children.size() == 1;
+         children = pages_.ChildrenOf(root)) {
+        pages_.RaiseToRoot(children.front());
+    }
+}
+
+}  // namespace engine::jet

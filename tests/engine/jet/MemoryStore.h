@@ -1,0 +1,61 @@
+#pragma once
+
+#include "engine/Error.h"
+#include "engine/jet/TreePages.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace engine::jet {
+
+/// Pages in memory alone. Whoever reads or changes a page that nobody uses is found out.
+class MemoryStore : public PageStore {
+public:
+    PageNumber Count() const override { return static_cast<PageNumber>(pages_.size()); }
+
+    const Page& Read(PageNumber number) override { return Change(number); }
+
+    Page& Change(PageNumber number) override {
+        if (number >= pages_.size()) {
+            throw Error(ErrorNumber::DatabaseDamaged, QStringLiteral("There is no page %1.").arg(number));
+        }
+        EXPECT_FALSE(free_.contains(number)) << "page " << number << " is used by nobody";
+        return *pages_[number];
+    }
+
+    PageNumber Take() override {
+        if (free_.empty()) {
+            pages_.push_back(std::make_unique<Page>());
+            return Count() - 1;
+        }
+        const PageNumber number = *free_.begin();
+        free_.erase(free_.begin());
+        pages_[number]->fill(0);
+        return number;
+    }
+
+    void GiveBack(PageNumber number) override {
+        EXPECT_TRUE(number < Count() && free_.insert(number).second) << "page " << number;
+    }
+
+    /// How many are in use.
+    std::size_t UsedCount() const { return pages_.size() - free_.size(); }
+
+private:
+    std::vector<std::unique_ptr<Page>> pages_;
+    std::set<PageNumber> free_;
+};
+
+/// The pages of one index.
+class PageSet : public IndexPages {
+public:
+    void Came(PageNumber page) override { EXPECT_TRUE(pages.insert(page).second) << page; }
+    void Went(PageNumber page) override { EXPECT_EQ(pages.erase(page), 1U) << page; }
+
+    std::set<PageNumber> pages;
+};
+
+}  // namespace engine::jet
