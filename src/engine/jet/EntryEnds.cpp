@@ -17,19 +17,18 @@ constexpr std::size_t Words = (IndexForm::EndsSize + WordSize - 1) / WordSize;
 
 static_assert(std::endian::native == std::endian::little, "bits are read as whole words");
 
-// The last one is only there in part.
-std::size_t BytesOfWord(std::size_t word) {
-    return std::min(WordSize, IndexForm::EndsSize - word * WordSize);
-}
+// Of the last word only the lower part are ends; entries follow.
+constexpr std::size_t LastWordSize = IndexForm::EndsSize - (Words - 1) * WordSize;
+constexpr Word LastWordMask = ~Word{0} >> (WordBits - 8 * LastWordSize);
 
 Word Load(const std::uint8_t* bits, std::size_t word) {
     Word value = 0;
-    std::memcpy(&value, bits + word * WordSize, BytesOfWord(word));
-    return value;
+    std::memcpy(&value, bits + word * WordSize, WordSize);
+    return word == Words - 1 ? value & LastWordMask : value;
 }
 
 void Store(std::uint8_t* bits, std::size_t word, Word value) {
-    std::memcpy(bits + word * WordSize, &value, BytesOfWord(word));
+    std::memcpy(bits + word * WordSize, &value, word == Words - 1 ? LastWordSize : WordSize);
 }
 
 // Bits up to a place in its word, that of the place included.
@@ -73,6 +72,16 @@ private:
 
 }  // namespace
 
+// All at once, since mostly there are none.
+bool EntryEnds::HasAnyBehind(std::size_t place) const {
+    std::size_t word = place / WordBits;
+    Word ends = Load(bits_, word) & ~UpToMask(place);
+    while (++word < Words) {
+        ends |= Load(bits_, word);
+    }
+    return ends != 0;
+}
+
 std::size_t EntryEnds::Behind(std::size_t place) const {
     std::size_t word = (place + 1) / WordBits;
     if (word >= Words) {
@@ -100,19 +109,21 @@ std::size_t EntryEnds::UpTo(std::size_t place) const {
     return word * WordBits + WordBits - 1 - static_cast<std::size_t>(std::countl_zero(ends));
 }
 
-void AddEnd(Page& page, std::size_t place, std::size_t size) {
+void AddEnd(Page& page, std::size_t place) {
+    std::uint8_t& bits = page[IndexForm::EndsAt + place / 8];
+    bits = static_cast<std::uint8_t>(bits | 1 << (place % 8));
+}
+
+void InsertEnd(Page& page, std::size_t place, std::size_t size) {
     std::uint8_t* const bits = page.data() + IndexForm::EndsAt;
     const std::size_t first = place / WordBits;
-    if (EntryEnds(page).HasAnyBehind(place)) {
-        Loaded words(bits, first);
-        const Word kept = words[first] & UpToMask(place);
-        words[first] &= ~UpToMask(place);
-        for (std::size_t word = first; word < Words; ++word) {
-            Store(bits, word, words.MovedOn(word, size) | (word == first ? kept : 0));
-        }
+    Loaded words(bits, first);
+    const Word kept = words[first] & UpToMask(place);
+    words[first] &= ~UpToMask(place);
+    for (std::size_t word = first; word < Words; ++word) {
+        Store(bits, word, words.MovedOn(word, size) | (word == first ? kept : 0));
     }
-    const std::size_t end = place + size;
-    bits[end / 8] = static_cast<std::uint8_t>(bits[end / 8] | 1 << (end % 8));
+    AddEnd(page, place + size);
 }
 
 void RemoveEnd(Page& page, std::size_t begin, std::size_t end) {

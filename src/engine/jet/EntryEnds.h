@@ -12,7 +12,7 @@ public:
     explicit EntryEnds(const Page& page) : bits_(page.data() + IndexForm::EndsAt) {}
 
     bool Has(std::size_t place) const { return (bits_[place / 8] >> (place % 8) & 1) != 0; }
-    bool HasAnyBehind(std::size_t place) const { return Behind(place) != None; }
+    bool HasAnyBehind(std::size_t place) const;
 
     /// The first end behind a place, None if there is none.
     std::size_t Behind(std::size_t place) const;
@@ -25,8 +25,11 @@ private:
     const std::uint8_t* bits_;
 };
 
-/// Makes room for an entry of a size: all ends behind the place move on by it, and its own is added.
-void AddEnd(Page& page, std::size_t place, std::size_t size);
+/// For an entry of this size that is put at a place where another begins: all ends behind the place move on
+/// by the size, and its own is added.
+void InsertEnd(Page& page, std::size_t place, std::size_t size);
+/// For an entry that is put behind all others.
+void AddEnd(Page& page, std::size_t place);
 
 /// Takes out the entry that lies between two places: all ends behind it move up.
 void RemoveEnd(Page& page, std::size_t begin, std::size_t end);

@@ -73,8 +73,7 @@ void EntryList::Write(Page& page, std::size_t from, std::size_t to) const {
         const KeyView stored = Entry(number).subspan(number == from ? 0 : prefix);
         std::memcpy(page.data() + IndexForm::EntriesAt + used, stored.data(), stored.size());
         used += stored.size();
-        std::uint8_t& ends = page[IndexForm::EndsAt + used / 8];
-        ends = static_cast<std::uint8_t>(ends | 1 << (used % 8));
+        AddEnd(page, used);
     }
     PutNumber(page, IndexForm::PrefixAt, 2, static_cast<std::uint32_t>(prefix));
     PutNumber(page, IndexForm::FreeBytesAt, 2, static_cast<std::uint32_t>(IndexForm::Room - used));

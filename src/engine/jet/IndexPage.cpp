@@ -14,8 +14,7 @@ void RaiseDamagedIndex(PageNumber page, const QString& what) {
 
 IndexPage::IndexPage(const Page& page, PageNumber number, PageNumber owner)
     : page_(&page), number_(number), ends_(page) {
-    const std::uint8_t kind = page[IndexForm::KindAt];
-    if (kind != IndexForm::Node && kind != IndexForm::Leaf) {
+    if (!IsLeaf() && page[IndexForm::KindAt] != IndexForm::Node) {
         RaiseDamagedIndex(number, QStringLiteral("is none"));
     }
     if (NumberAt(page, IndexForm::OwnerAt, 4) != owner) {
@@ -42,10 +41,6 @@ void IndexPage::CheckEnds() const {
     }
 }
 
-bool IndexPage::IsLeaf() const {
-    return (*page_)[IndexForm::KindAt] == IndexForm::Leaf;
-}
-
 PageNumber IndexPage::Previous() const {
     return NumberAt(*page_, IndexForm::PreviousAt, 4);
 }
@@ -54,43 +49,55 @@ PageNumber IndexPage::Next() const {
     return NumberAt(*page_, IndexForm::NextAt, 4);
 }
 
+KeyView IndexPage::Stored(std::size_t place, std::size_t behind) const {
+    return {page_->data() + IndexForm::EntriesAt + place, behind - place};
+}
+
 KeyView IndexPage::StoredAt(std::size_t place) const {
-    return KeyView(*page_).subspan(IndexForm::EntriesAt + place, Behind(place) - place);
+    return Stored(place, Behind(place));
 }
 
 KeyView IndexPage::Prefix() const {
-    return KeyView(*page_).subspan(IndexForm::EntriesAt, prefix_);
+    return Stored(0, prefix_);
 }
 
-// Begins halfway between two places, wherever an entry lies there, so that no list of places is needed.
+// Begins with the last entry, since most new ones come behind it. Goes on halfway between two places,
+// wherever an entry lies there, so that no list of places is needed.
 std::size_t IndexPage::FirstNotLess(KeyView entry) const {
     std::size_t begin = 0;
     std::size_t end = used_;
+    std::size_t middle = used_ == 0 ? 0 : used_ - 1;
     while (begin < end) {
-        const std::size_t place = ends_.UpTo((begin + end) / 2);
-        if (CompareAt(place, entry) < 0) {
-            begin = Behind(place);
+        const std::size_t place = ends_.UpTo(middle);
+        const std::size_t behind = Behind(place);
+        if (Compare(place, behind, entry) < 0) {
+            begin = behind;
         } else {
             end = place;
         }
+        middle = (begin + end) / 2;
     }
     return begin;
 }
 
-int IndexPage::CompareAt(std::size_t place, KeyView entry) const {
-    const KeyView stored = StoredAt(place);
+bool IndexPage::IsEntryAt(std::size_t place, KeyView entry) const {
+    return Compare(place, Behind(place), entry) == 0;
+}
+
+int IndexPage::Compare(std::size_t place, std::size_t behind, KeyView entry) const {
+    const KeyView stored = Stored(place, behind);
     const KeyView shared = place == 0 ? KeyView() : Prefix();
     const std::size_t whole = shared.size() + stored.size();
     const std::size_t size = whole - std::min(whole, ChildSize());
     if (shared.empty()) {
-        return Compare(stored.first(size), entry);
+        return jet::Compare(stored.first(size), entry);
     }
     const KeyView front = shared.first(std::min(shared.size(), size));
-    const int order = Compare(front, entry.first(std::min(front.size(), entry.size())));
+    const int order = jet::Compare(front, entry.first(std::min(front.size(), entry.size())));
     if (order != 0) {
         return order;
     }
-    return Compare(stored.first(size - front.size()), entry.subspan(front.size()));
+    return jet::Compare(stored.first(size - front.size()), entry.subspan(front.size()));
 }
 
 void IndexPage::CopyWhole(std::size_t place, Key& into) const {

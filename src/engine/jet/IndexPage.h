@@ -21,7 +21,7 @@ public:
     IndexPage(const Page& page, PageNumber number, PageNumber owner);
 
     PageNumber Number() const { return number_; }
-    bool IsLeaf() const;
+    bool IsLeaf() const { return (*page_)[IndexForm::KindAt] == IndexForm::Leaf; }
     /// The neighbours on the same level, 0 for none. Those of nodes may be missing.
     PageNumber Previous() const;
     PageNumber Next() const;
@@ -42,7 +42,7 @@ public:
     std::size_t FirstNotLess(KeyView entry) const;
 
     /// Whether this entry stands at a place.
-    bool IsEntryAt(std::size_t place, KeyView entry) const { return CompareAt(place, entry) == 0; }
+    bool IsEntryAt(std::size_t place, KeyView entry) const;
 
     /// The whole entry with key and row, without the child of a node's. Fails with DatabaseDamaged if it is
     /// too short to have both, and so does ChildAt.
@@ -58,7 +58,8 @@ private:
     /// What stands behind the key and the row.
     std::size_t ChildSize() const { return IsLeaf() ? 0 : IndexForm::ChildSize; }
     void CopyWhole(std::size_t place, Key& into) const;
-    int CompareAt(std::size_t place, KeyView entry) const;
+    KeyView Stored(std::size_t place, std::size_t behind) const;
+    int Compare(std::size_t place, std::size_t behind, KeyView entry) const;
     void CheckEnds() const;
 
     const Page* page_;

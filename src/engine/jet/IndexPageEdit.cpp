@@ -46,7 +46,11 @@ bool TryInsert(Page& page, const IndexPage& view, std::size_t place, KeyView ent
     }
     std::memmove(At(page, place + stored.size()), At(page, place), used - place);
     std::memcpy(At(page, place), stored.data(), stored.size());
-    AddEnd(page, place, stored.size());
+    if (place == used) {
+        AddEnd(page, used + stored.size());
+    } else {
+        InsertEnd(page, place, stored.size());
+    }
     PutUsed(page, used + stored.size());
     return true;
 }

@@ -10,9 +10,8 @@ void IndexTree::MakeEntry(KeyView key, std::uint32_t row) {
     AppendNumber(entry_, row);
 }
 
-bool IndexTree::FindEntry() {
-    pages_.FindPlace(path_, entry_);
-    const IndexPage leaf = pages_.Open(path_.back().page);
+// Whether the entry stands where the path leads.
+bool IndexTree::HasEntry(const IndexPage& leaf) const {
     const std::size_t place = path_.back().place;
     return place < leaf.Used() && leaf.IsEntryAt(place, entry_);
 }
@@ -23,18 +22,20 @@ void IndexTree::Insert(KeyView key, std::uint32_t row) {
         throw Error(ErrorNumber::Other,
                     QStringLiteral("An entry of %1 bytes is too long for an index.").arg(entry_.size()));
     }
-    if (FindEntry()) {
-        RaiseDamagedIndex(path_.back().page, QStringLiteral("has an entry already for a row that is new"));
+    const IndexPage leaf = pages_.FindPlace(path_, entry_);
+    if (HasEntry(leaf)) {
+        RaiseDamagedIndex(leaf.Number(), QStringLiteral("has an entry already for a row that is new"));
     }
-    TreeEditor(pages_, path_).Insert(entry_);
+    TreeEditor(pages_, path_).Insert(leaf, entry_);
 }
 
 bool IndexTree::Remove(KeyView key, std::uint32_t row) {
     MakeEntry(key, row);
-    if (!FindEntry()) {
+    const IndexPage leaf = pages_.FindPlace(path_, entry_);
+    if (!HasEntry(leaf)) {
         return false;
     }
-    TreeEditor(pages_, path_).Remove();
+    TreeEditor(pages_, path_).Remove(leaf);
     return true;
 }
 

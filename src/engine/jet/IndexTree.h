@@ -46,8 +46,7 @@ public:
 
 private:
     void MakeEntry(KeyView key, std::uint32_t row);
-    /// Leads path_ to the place of entry_, and tells whether it stands there.
-    bool FindEntry();
+    bool HasEntry(const IndexPage& leaf) const;
 
     TreePages pages_;
     TreePath path_;

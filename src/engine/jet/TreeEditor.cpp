@@ -7,17 +7,27 @@
 
 namespace engine::jet {
 
-void TreeEditor::Insert(KeyView entry) {
-    const auto [number, place] = path_.back();
-    const bool isLast = place == pages_.Open(number).Used();
-    Apply(path_.size() - 1, {place, 0, std::array{entry}}, isLast);
+void TreeEditor::Insert(const IndexPage& leaf, KeyView entry) {
+    const std::size_t level = path_.size() - 1;
+    const std::size_t place = path_.back().place;
+    const bool isLast = place == leaf.Used();
+    if (TryInsert(pages_.Change(leaf.Number()), leaf, place, entry)) {
+        TellParent(level, {.isLast = isLast});
+    } else {
+        Rewrite(level, {place, 0, std::array{entry}}, isLast);
+    }
 }
 
 void TreeEditor::Apply(std::size_t level, const Splice& splice, bool isLast) {
     if (TryInPlace(PageOf(level), splice)) {
         TellParent(level, {.isLast = isLast});
-        return;
+    } else {
+        Rewrite(level, splice, isLast);
     }
+}
+
+// Puts all entries anew, into one page or two.
+void TreeEditor::Rewrite(std::size_t level, const Splice& splice, bool isLast) {
     const EntryList entries(pages_.Open(PageOf(level)), splice.place, splice.removed, splice.added);
     if (entries.Fits(0, entries.Count())) {
         entries.Write(pages_.Change(PageOf(level)), 0, entries.Count());
@@ -143,20 +153,17 @@ void TreeEditor::TellParent(std::size_t level, const Change& change) {
           isLastChild && (change.isLast || change.isDividedBehind));
 }
 
-void TreeEditor::Remove() {
+void TreeEditor::Remove(const IndexPage& leaf) {
     const std::size_t level = path_.size() - 1;
-    const auto [number, place] = path_.back();
-    const IndexPage leaf = pages_.Open(number);
+    const std::size_t place = path_.back().place;
     const bool isLast = leaf.Behind(place) == leaf.Used();
     const bool isOnly = isLast && place == 0;
     if (isOnly && level > 0) {
         Drop(level);
         return;
     }
-    EraseAt(number, place);
-    if (isLast) {
-        TellParent(level, {.isLast = true});
-    }
+    EraseAt(leaf.Number(), place);
+    TellParent(level, {.isLast = isLast});
 }
 
 // What is left never takes more room than before: where the first entry goes, the second is stored whole

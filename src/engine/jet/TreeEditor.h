@@ -12,12 +12,12 @@ namespace engine::jet {
 /// comes last in a leaf, or leaves it, may change nodes up to the root.
 class TreeEditor {
 public:
-    /// The path leads from the root to a leaf, and there to where the entry belongs or is. It is of no use
-    /// afterwards.
+    /// The path leads from the root to a leaf, and there to where the entry belongs or is. It's of no use
+    /// afterwards, nor is the leaf that it leads to.
     TreeEditor(TreePages& pages, TreePath& path) : pages_(pages), path_(path) {}
 
-    void Insert(KeyView entry);
-    void Remove();
+    void Insert(const IndexPage& leaf, KeyView entry);
+    void Remove(const IndexPage& leaf);
 
 private:
     /// What a page's parent has to know of a change.
@@ -39,6 +39,7 @@ private:
     PageNumber PageOf(std::size_t level) const { return path_[level].page; }
 
     void Apply(std::size_t level, const Splice& splice, bool isLast);
+    void Rewrite(std::size_t level, const Splice& splice, bool isLast);
     [[nodiscard]] bool TryInPlace(PageNumber number, const Splice& splice);
     Change Divide(PageNumber number, const EntryList& entries, bool rises);
     void LowerRoot();

@@ -28,14 +28,14 @@ PageNumber ChildAt(const IndexPage& node, std::size_t place) {
 }  // namespace
 
 template <class Choose>
-void TreeReader::Descend(TreePath& path, Choose choose) const {
+IndexPage TreeReader::Descend(TreePath& path, Choose choose) const {
     path.clear();
     for (PageNumber number = root_; path.size() < MostLevels;) {
         const IndexPage page = Open(number);
         const std::size_t place = choose(page);
         if (page.IsLeaf()) {
             path.push_back({number, place});
-            return;
+            return page;
         }
         path.push_back({number, ChildPlace(page, place)});
         number = ChildAt(page, path.back().place);
@@ -43,12 +43,12 @@ void TreeReader::Descend(TreePath& path, Choose choose) const {
     RaiseDamagedIndex(root_, QStringLiteral("has no leaf below it"));
 }
 
-void TreeReader::FindPlace(TreePath& path, KeyView entry) const {
-    Descend(path, [&](const IndexPage& page) { return page.FirstNotLess(entry); });
+IndexPage TreeReader::FindPlace(TreePath& path, KeyView entry) const {
+    return Descend(path, [&](const IndexPage& page) { return page.FirstNotLess(entry); });
 }
 
-void TreeReader::FindEnd(TreePath& path) const {
-    Descend(path, [](const IndexPage& page) { return page.Used(); });
+IndexPage TreeReader::FindEnd(TreePath& path) const {
+    return Descend(path, [](const IndexPage& page) { return page.Used(); });
 }
 
 bool TreeReader::IsLastChild(const IndexPage& node, std::size_t place) {

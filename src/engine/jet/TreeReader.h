@@ -27,10 +27,11 @@ public:
     /// No walk from page to page meets more of them.
     PageNumber PageCount() const { return store_.Count(); }
 
-    /// To the leaf where an entry belongs, and there to the first entry that isn't smaller.
-    void FindPlace(TreePath& path, KeyView entry) const;
+    /// To the leaf where an entry belongs, and there to the first entry that isn't smaller. Both return the
+    /// leaf.
+    IndexPage FindPlace(TreePath& path, KeyView entry) const;
     /// Behind the last entry of the last leaf.
-    void FindEnd(TreePath& path) const;
+    IndexPage FindEnd(TreePath& path) const;
 
     /// Whether the place in a node is that of its last child.
     static bool IsLastChild(const IndexPage& node, std::size_t place);
@@ -50,7 +51,7 @@ protected:
 
 private:
     template <class Choose>
-    void Descend(TreePath& path, Choose choose) const;
+    IndexPage Descend(TreePath& path, Choose choose) const;
 
     PageStore& store_;
     PageNumber table_;
