@@ -2,6 +2,8 @@
 
 #include "engine/jet/SortWeights.h"
 
+#include <array>
+
 namespace engine::jet {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr std::uint8_t KeyEnd = 0x00;
 constexpr std::uint8_t PlainDiacritic = 0x02;
 constexpr std::uint8_t PlaceMark = 0x06;
 constexpr std::uint8_t PlainWidth = 3;
-constexpr std::uint8_t WidthsEnd[] = {0xFF, 0x02, 0x80, 0xFF, 0x80};
+constexpr std::array<std::uint8_t, 5> WidthsEnd = {0xFF, 0x02, 0x80, 0xFF, 0x80};
 constexpr std::uint8_t WidthsBeforePlaces = 0xFF;
 
 QStringView CutForKey(QStringView text) {
@@ -125,8 +127,8 @@ private:
 
     void AddPlace(std::uint8_t code) {
         const std::size_t place = 0x8000 + 7 + 4 * diacritics_.PlaceBehind(units_);
-        const std::uint8_t written[] = {static_cast<std::uint8_t>(place >> 8),
-                                        static_cast<std::uint8_t>(place), PlaceMark, code};
+        const std::array<std::uint8_t, 4> written = {static_cast<std::uint8_t>(place >> 8),
+                                                     static_cast<std::uint8_t>(place), PlaceMark, code};
         Append(places_, written);
     }
 

@@ -4,6 +4,7 @@
 #include "engine/jet/IndexPageEdit.h"
 
 #include <array>
+#include <vector>
 
 namespace engine::jet {
 
@@ -137,13 +138,13 @@ void TreeEditor::TellParent(std::size_t level, const Change& change) {
     const Key other = hasNewEntry ? ChildEntry(change.divided) : Key();
     std::vector<KeyView> added;
     if (hasNewEntry && !change.isDividedBehind) {
-        added.push_back(other);
+        added.emplace_back(other);
     }
     if (changesOwn) {
-        added.push_back(own);
+        added.emplace_back(own);
     }
     if (hasNewEntry && change.isDividedBehind) {
-        added.push_back(other);
+        added.emplace_back(other);
     }
     if (isNewTail) {
         pages_.PutTail(parent.page, change.divided);
