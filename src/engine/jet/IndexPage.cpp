@@ -61,21 +61,23 @@ KeyView IndexPage::Prefix() const {
     return Stored(0, prefix_);
 }
 
-// Begins with the last entry, since most new ones come behind it. Goes on halfway between two places,
-// wherever an entry lies there, so that no list of places is needed.
-std::size_t IndexPage::FirstNotLess(KeyView entry) const {
+// Looks at the guess and at its neighbour first. Goes on halfway between two places, wherever an entry lies
+// there, so that no list of places is needed.
+std::size_t IndexPage::FirstNotLess(KeyView entry, std::size_t guess) const {
     std::size_t begin = 0;
     std::size_t end = used_;
-    std::size_t middle = used_ == 0 ? 0 : used_ - 1;
-    while (begin < end) {
-        const std::size_t place = ends_.UpTo(middle);
+    std::size_t middle = guess;
+    for (bool isGuess = true; begin < end; isGuess = false) {
+        const std::size_t place = ends_.UpTo(std::min(middle, end - 1));
         const std::size_t behind = Behind(place);
+        std::size_t neighbour = 0;
         if (Compare(place, behind, entry) < 0) {
-            begin = behind;
+            begin = neighbour = behind;
         } else {
             end = place;
+            neighbour = place - 1;
         }
-        middle = (begin + end) / 2;
+        middle = isGuess ? neighbour : (begin + end) / 2;
     }
     return begin;
 }

@@ -38,8 +38,8 @@ public:
     std::size_t Before(std::size_t place) const { return ends_.UpTo(place - 1); }
 
     /// The place of the first entry that isn't smaller, Used() if there is none. In nodes the number of the
-    /// child doesn't count.
-    std::size_t FirstNotLess(KeyView entry) const;
+    /// child doesn't count. It's found at once if it is near the guess, which may be any number.
+    std::size_t FirstNotLess(KeyView entry, std::size_t guess) const;
 
     /// Whether this entry stands at a place.
     bool IsEntryAt(std::size_t place, KeyView entry) const;

@@ -66,8 +66,9 @@ IndexCursor IndexTree::Last() const {
     return IndexCursor::Before(pages_, path.back());
 }
 
-std::optional<std::uint32_t> IndexTree::RowWith(KeyView key, std::optional<std::uint32_t> leftOut) const {
-    for (IndexCursor at = AtLeast(key); at.HasEntry() && Compare(at.EntryKey(), key) == 0; at.Next()) {
+std::optional<std::uint32_t> IndexTree::RowWith(KeyView key, std::optional<std::uint32_t> leftOut) {
+    pages_.FindPlace(path_, key);
+    for (IndexCursor at(pages_, path_.back()); at.HasEntry() && Compare(at.EntryKey(), key) == 0; at.Next()) {
         if (at.Row() != leftOut) {
             return at.Row();
         }

@@ -14,9 +14,10 @@ namespace engine::jet {
 /// last entry of each child. The root keeps its page. The last leaf of all may be a tail, of which its node
 /// doesn't tell the last entry, so that rising keys change the leaf alone.
 ///
-/// Keeps nothing of the pages between two calls, so that a statement may be undone, or pages be changed by
-/// others, at any time between them. A call that fails leaves changes behind that the statement's undoing
-/// takes back. Damage that a call meets fails with DatabaseDamaged, in a sentence that names the page.
+/// Trusts nothing that it keeps of the pages between two calls, so that a statement may be undone, or pages
+/// be changed by others, at any time between them. A call that fails leaves changes behind that the
+/// statement's undoing takes back. Damage that a call meets fails with DatabaseDamaged, in a sentence that
+/// names the page.
 class IndexTree {
 public:
     /// `table` is the first page of the table's definition, and `root` what it names as the index's root.
@@ -35,7 +36,7 @@ public:
     void Clear();
 
     /// Some row with this key, other than the one that is left out of account.
-    std::optional<std::uint32_t> RowWith(KeyView key, std::optional<std::uint32_t> leftOut = {}) const;
+    std::optional<std::uint32_t> RowWith(KeyView key, std::optional<std::uint32_t> leftOut = {});
 
     IndexCursor First() const { return AtLeast({}); }
     IndexCursor Last() const;

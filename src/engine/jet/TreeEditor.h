@@ -12,7 +12,7 @@ namespace engine::jet {
 /// comes last in a leaf, or leaves it, may change nodes up to the root.
 class TreeEditor {
 public:
-    /// The path leads from the root to a leaf, and there to where the entry belongs or is. It's of no use
+    /// The path leads from the root to a leaf, and there to where the entry belongs or is. It's but a guess
     /// afterwards, nor is the leaf that it leads to.
     TreeEditor(TreePages& pages, TreePath& path) : pages_(pages), path_(path) {}
 

@@ -1,5 +1,6 @@
 #include "engine/jet/TreeReader.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace engine::jet {
@@ -29,26 +30,30 @@ PageNumber ChildAt(const IndexPage& node, std::size_t place) {
 
 template <class Choose>
 IndexPage TreeReader::Descend(TreePath& path, Choose choose) const {
-    path.clear();
-    for (PageNumber number = root_; path.size() < MostLevels;) {
+    PageNumber number = root_;
+    for (std::size_t level = 0; level < MostLevels; ++level) {
         const IndexPage page = Open(number);
-        const std::size_t place = choose(page);
+        path.resize(std::max(path.size(), level + 1));
+        TreeStep& step = path[level];
+        const std::size_t guess = step.page == number ? step.place : page.Used();
+        step = {number, choose(page, guess)};
         if (page.IsLeaf()) {
-            path.push_back({number, place});
+            path.resize(level + 1);
             return page;
         }
-        path.push_back({number, ChildPlace(page, place)});
-        number = ChildAt(page, path.back().place);
+        step.place = ChildPlace(page, step.place);
+        number = ChildAt(page, step.place);
     }
     RaiseDamagedIndex(root_, QStringLiteral("has no leaf below it"));
 }
 
 IndexPage TreeReader::FindPlace(TreePath& path, KeyView entry) const {
-    return Descend(path, [&](const IndexPage& page) { return page.FirstNotLess(entry); });
+    return Descend(path,
+                   [&](const IndexPage& page, std::size_t guess) { return page.FirstNotLess(entry, guess); });
 }
 
 IndexPage TreeReader::FindEnd(TreePath& path) const {
-    return Descend(path, [](const IndexPage& page) { return page.Used(); });
+    return Descend(path, [](const IndexPage& page, std::size_t) { return page.Used(); });
 }
 
 bool TreeReader::IsLastChild(const IndexPage& node, std::size_t place) {

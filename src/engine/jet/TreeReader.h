@@ -9,8 +9,8 @@ namespace engine::jet {
 /// A page on the way from the root to a leaf, and a place in it: in a node that of the child (Used() for its
 /// tail), in a leaf that of an entry (Used() for none).
 struct TreeStep {
-    PageNumber page;
-    std::size_t place;
+    PageNumber page = 0;
+    std::size_t place = 0;
 };
 using TreePath = std::vector<TreeStep>;
 

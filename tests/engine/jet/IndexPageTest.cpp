@@ -83,16 +83,18 @@ TEST(IndexPage, TheFirstEntryThatIsNotSmallerIsFound) {
         const IndexPage page = made.View();
         const std::size_t second = page.Behind(0);
         const std::size_t third = page.Behind(second);
-        EXPECT_EQ(page.FirstNotLess({}), 0U);
-        EXPECT_EQ(page.FirstNotLess(FromHex("00")), 0U);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F")), 0U);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F8010AAAAAAAA")), 0U);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F8010AAAAAAAB")), second);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F8010AAAAAAAA00")), second);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F8020")), second);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F8030AAAAAAAA")), third);
-        EXPECT_EQ(page.FirstNotLess(FromHex("7F81")), page.Used());
-        EXPECT_EQ(page.FirstNotLess(FromHex("FF")), page.Used());
+        for (std::size_t guess = 0; guess < 25; ++guess) {
+            EXPECT_EQ(page.FirstNotLess({}, guess), 0U);
+            EXPECT_EQ(page.FirstNotLess(FromHex("00"), guess), 0U);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F"), guess), 0U);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F8010AAAAAAAA"), guess), 0U);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F8010AAAAAAAB"), guess), second);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F8010AAAAAAAA00"), guess), second);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F8020"), guess), second);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F8030AAAAAAAA"), guess), third);
+            EXPECT_EQ(page.FirstNotLess(FromHex("7F81"), guess), page.Used());
+            EXPECT_EQ(page.FirstNotLess(FromHex("FF"), guess), page.Used());
+        }
     }
 }
 
@@ -103,8 +105,8 @@ TEST(IndexPage, ANodeTellsChildrenThatDontCountInASearch) {
     EXPECT_EQ(page.ChildAt(0), 0x20U);
     EXPECT_EQ(page.ChildAt(10), 0x21U);
     EXPECT_EQ(HexOf(page.EntryAt(10)), "7F0200000A01");
-    EXPECT_EQ(page.FirstNotLess(FromHex("7F0100000A01")), 0U);
-    EXPECT_EQ(page.FirstNotLess(FromHex("7F0100000A0100")), 10U);
+    EXPECT_EQ(page.FirstNotLess(FromHex("7F0100000A01"), 0), 0U);
+    EXPECT_EQ(page.FirstNotLess(FromHex("7F0100000A0100"), 0), 10U);
 }
 
 TEST(IndexPage, APrefixMayReachIntoTheChild) {
@@ -112,7 +114,7 @@ TEST(IndexPage, APrefixMayReachIntoTheChild) {
     const IndexPage page = made.View();
     EXPECT_EQ(page.ChildAt(10), 0x121U);
     EXPECT_EQ(HexOf(page.EntryAt(10)), "7F0100000A01");
-    EXPECT_EQ(page.FirstNotLess(FromHex("7F0100000A02")), 11U);
+    EXPECT_EQ(page.FirstNotLess(FromHex("7F0100000A02"), 0), 11U);
 }
 
 TEST(IndexPage, TailsAndNeighboursAreTold) {
