@@ -12,8 +12,8 @@ namespace engine::jet {
 /// comes last in a leaf, or leaves it, may change nodes up to the root.
 class TreeEditor {
 public:
-    /// The path leads from the root to a leaf, and there to where the entry belongs or is. It's but a guess
-    /// afterwards, nor is the leaf that it leads to.
+    /// The path leads from the root to a leaf, and there to where the entry belongs or is. Afterwards it's
+    /// but a guess, and the view of the leaf stands no longer.
     TreeEditor(TreePages& pages, TreePath& path) : pages_(pages), path_(path) {}
 
     void Insert(const IndexPage& leaf, KeyView entry);

@@ -45,6 +45,26 @@ public:
         EXPECT_TRUE(isDamaged || wasUsed) << "page " << number;
     }
 
+    /// All pages as they are, and back to them: a statement is undone.
+    struct State {
+        std::vector<Page> pages;
+        std::set<PageNumber> free;
+    };
+    State Save() const {
+        State state{{}, free_};
+        for (const auto& page : pages_) {
+            state.pages.push_back(*page);
+        }
+        return state;
+    }
+    void Restore(const State& state) {
+        pages_.resize(state.pages.size());
+        for (std::size_t number = 0; number < pages_.size(); ++number) {
+            *pages_[number] = state.pages[number];
+        }
+        free_ = state.free;
+    }
+
     /// How many are in use.
     std::size_t UsedCount() const { return pages_.size() - free_.size(); }
 
