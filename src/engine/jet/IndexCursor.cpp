@@ -53,9 +53,12 @@ bool IndexCursor::StepToLeaf(Direction direction) {
     }
     const IndexPage leaf = tree_.Open(to);
     const PageNumber back = goesOn ? leaf.Previous() : leaf.Next();
-    leavesPassed_ += goesOn ? 1 : -1;
-    if (!leaf.IsLeaf() || back != from || std::abs(leavesPassed_) > tree_.PageCount()) {
+    if (!leaf.IsLeaf() || back != from) {
         RaiseDamagedIndex(from, QStringLiteral("has page %1 for a neighbour, which has not").arg(to));
+    }
+    leavesPassed_ += goesOn ? 1 : -1;
+    if (std::abs(leavesPassed_) > tree_.PageCount()) {
+        RaiseDamagedIndex(from, QStringLiteral("has neighbours that lead in a circle"));
     }
     leaf_ = leaf;
     place_ = goesOn ? 0 : leaf_.Used();

@@ -30,8 +30,8 @@ inline constexpr std::size_t Room = 4096 - EntriesAt;
 inline constexpr std::size_t RowSize = 4;
 inline constexpr std::size_t ChildSize = 4;
 
-/// The longest entry that is written, its row included. Where at most three such entries are changed at a
-/// time, a page that they don't fit can always be divided into two.
+/// The longest entry that is written, its row included. Where each takes less than a third of a page, those
+/// of any page and two more can be divided between two pages.
 inline constexpr std::size_t LongestEntry = 1200;
 
 }  // namespace engine::jet::IndexForm

@@ -15,7 +15,6 @@ struct OddLiteral {
 };
 
 namespace general {
-using OddWeight = OddLiteral;
 #include "engine/jet/GeneralOrder.inc"
 }  // namespace general
 
@@ -69,7 +68,7 @@ std::unique_ptr<const SortWeights> MakeGeneralWeights() {
     ForEach(general::Changes, [&](auto unit, auto number) { weights[unit].change = byte(number); });
     ForEach(general::Places, [&](auto unit, auto number) { weights[unit].place = byte(number); });
     ForEach(general::Widths, [&](auto unit, auto number) { weights[unit].width = byte(number); });
-    for (const OddLiteral& odd : general::OddWeights) {
+    for (const OddLiteral& odd : general::OddLiterals) {
         weights[odd.unit].width = SortWeight::Odd;
     }
     AddSurrogates(weights);
@@ -88,7 +87,7 @@ const SortWeights& GeneralWeights() {
 }
 
 OddWeight OddWeightOf(char16_t unit) {
-    const auto* odd = std::find_if(std::begin(general::OddWeights), std::end(general::OddWeights),
+    const auto* odd = std::find_if(std::begin(general::OddLiterals), std::end(general::OddLiterals),
                                    [&](const OddLiteral& literal) { return literal.unit == unit; });
     return {BytesOf(odd->primary), BytesOf(odd->diacritic)};
 }

@@ -46,13 +46,10 @@ void TreeEditor::Rewrite(std::size_t level, const Splice& splice, bool isLast) {
 }
 
 bool TreeEditor::TryInPlace(PageNumber number, const Splice& splice) {
-    const IndexPage view = pages_.Open(number);
-    if (splice.added.empty()) {
-        return splice.removed == 0;
-    }
-    if (splice.added.size() > 1 || splice.removed > 1) {
+    if (splice.added.size() > 1) {
         return false;
     }
+    const IndexPage view = pages_.Open(number);
     Page& page = pages_.Change(number);
     return splice.removed == 0 ? TryInsert(page, view, splice.place, splice.added.front())
                                : TryReplace(page, view, splice.place, splice.added.front());
@@ -61,12 +58,8 @@ bool TreeEditor::TryInPlace(PageNumber number, const Splice& splice) {
 // Whether the splice is at the end of the last page of its level. Rising keys then fill one page after the
 // other, which halving would leave half empty for good.
 bool TreeEditor::Rises(std::size_t level, const Splice& splice) const {
-    std::size_t end = splice.place;
     const IndexPage page = pages_.Open(PageOf(level));
-    for (std::size_t removed = 0; removed < splice.removed; ++removed) {
-        end = page.Behind(end);
-    }
-    bool rises = end == page.Used();
+    bool rises = (splice.removed == 0 ? splice.place : page.Behind(splice.place)) == page.Used();
     for (std::size_t above = 0; above < level; ++above) {
         rises = rises && TreeReader::IsLastChild(pages_.Open(PageOf(above)), path_[above].place);
     }
@@ -125,33 +118,34 @@ void TreeEditor::TellParent(std::size_t level, const Change& change) {
     }
     const TreeStep parent = path_[level - 1];
     const IndexPage node = pages_.Open(parent.page);
-    const PageNumber child = PageOf(level);
+    const bool isLast = change.isLast && TreeReader::IsLastChild(node, parent.place);
     const bool isTail = parent.place == node.Used();
-    const bool isLastChild = TreeReader::IsLastChild(node, parent.place);
+    if (isTail && change.divided == 0) {
+        TellParent(level - 1, {.isLast = isLast});
+        return;
+    }
     const bool isNewTail = change.isDividedBehind && pages_.Open(change.divided).IsLeaf();
-    const bool hasNewEntry = change.divided != 0 && !isNewTail;
-    // A tail that isn't the last child any more gets an entry; any other child has one, which may be another
-    // now.
-    const bool changesOwn = isTail ? isNewTail : change.isLast || change.isDividedBehind;
-
-    const Key own = changesOwn ? ChildEntry(child) : Key();
-    const Key other = hasNewEntry ? ChildEntry(change.divided) : Key();
-    std::vector<KeyView> added;
-    if (hasNewEntry && !change.isDividedBehind) {
-        added.emplace_back(other);
-    }
-    if (changesOwn) {
-        added.emplace_back(own);
-    }
-    if (hasNewEntry && change.isDividedBehind) {
-        added.emplace_back(other);
-    }
+    const std::vector<Key> entries = EntriesAbove(level, change, isTail, isNewTail);
     if (isNewTail) {
         pages_.PutTail(parent.page, change.divided);
     }
-    const std::size_t removed = changesOwn && !isTail ? 1 : 0;
-    Apply(level - 1, {parent.place, removed, added},
-          isLastChild && (change.isLast || change.isDividedBehind));
+    const bool replacesOwn = !isTail && (change.isLast || change.isDividedBehind);
+    const std::vector<KeyView> added(entries.begin(), entries.end());
+    Apply(level - 1, {parent.place, replacesOwn ? 1U : 0U, added}, isLast);
+}
+
+// The entries that a page and the one that was divided from it have in their parent, as far as they are new.
+std::vector<Key> TreeEditor::EntriesAbove(std::size_t level, const Change& change, bool isTail,
+                                          bool isNewTail) const {
+    std::vector<Key> entries;
+    // What is divided behind a tail takes its place; any other child has an entry already.
+    if (isTail ? isNewTail : change.isLast || change.isDividedBehind) {
+        entries.push_back(ChildEntry(PageOf(level)));
+    }
+    if (change.divided != 0 && !isNewTail) {
+        entries.insert(change.isDividedBehind ? entries.end() : entries.begin(), ChildEntry(change.divided));
+    }
+    return entries;
 }
 
 void TreeEditor::Remove(const IndexPage& leaf) {

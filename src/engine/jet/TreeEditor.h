@@ -29,7 +29,7 @@ private:
         bool isDividedBehind = false;
     };
 
-    /// A change of entries: from a place on, so many are replaced by these.
+    /// A change of entries: these come to a place, where one may be removed.
     struct Splice {
         std::size_t place;
         std::size_t removed;
@@ -46,6 +46,7 @@ private:
     bool Rises(std::size_t level, const Splice& splice) const;
 
     void TellParent(std::size_t level, const Change& change);
+    std::vector<Key> EntriesAbove(std::size_t level, const Change& change, bool isTail, bool isNewTail) const;
     Key ChildEntry(PageNumber child) const;
 
     void EraseAt(PageNumber number, std::size_t place);

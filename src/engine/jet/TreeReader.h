@@ -27,10 +27,11 @@ public:
     /// No walk from page to page meets more of them.
     PageNumber PageCount() const { return store_.Count(); }
 
-    /// To the leaf where an entry belongs, and there to the first entry that isn't smaller. Both return the
-    /// leaf.
+    /// Leads the path to the leaf where an entry belongs, and there to the first entry that isn't smaller.
+    /// Returns the leaf. What the path held before is taken for a guess and may be anything: an entry that
+    /// belongs beside the last one is found at once.
     IndexPage FindPlace(TreePath& path, KeyView entry) const;
-    /// Behind the last entry of the last leaf.
+    /// The same for the place behind all entries.
     IndexPage FindEnd(TreePath& path) const;
 
     /// Whether the place in a node is that of its last child.
