@@ -16,12 +16,16 @@ bool IndexTree::HasEntry(const IndexPage& leaf) const {
     return place < leaf.Used() && leaf.IsEntryAt(place, entry_);
 }
 
-void IndexTree::Insert(KeyView key, std::uint32_t row) {
-    MakeEntry(key, row);
-    if (entry_.size() > IndexForm::LongestEntry) {
+void IndexTree::CheckLength(KeyView key) {
+    if (key.size() > IndexForm::LongestEntry - IndexForm::RowSize) {
         throw Error(ErrorNumber::Other,
-                    QStringLiteral("An entry of %1 bytes is too long for an index.").arg(entry_.size()));
+                    QStringLiteral("A key of %1 bytes is too long for an index.").arg(key.size()));
     }
+}
+
+void IndexTree::Insert(KeyView key, std::uint32_t row) {
+    CheckLength(key);
+    MakeEntry(key, row);
     const IndexPage leaf = pages_.FindPlace(path_, entry_);
     if (HasEntry(leaf)) {
         RaiseDamagedIndex(leaf.Number(), QStringLiteral("has an entry already for a row that is new"));

@@ -24,9 +24,12 @@ public:
     IndexTree(PageStore& store, IndexPages& pages, PageNumber table, PageNumber root)
         : pages_(store, pages, table, root) {}
 
+    /// Fails (Other) for a key that is too long to be inserted: with the 4 bytes of its row, longer than
+    /// IndexForm::LongestEntry.
+    static void CheckLength(KeyView key);
+
     /// A row is told as its page times 256, and its number in it. An entry that stands there already is
-    /// damage. Entries longer than IndexForm::LongestEntry, of which the row takes 4 bytes, are refused
-    /// (Other).
+    /// damage. Checks the length as well.
     void Insert(KeyView key, std::uint32_t row);
 
     /// False if there is no such entry, which only a damaged file explains.

@@ -5,6 +5,7 @@
 namespace engine::jet {
 
 void TableIndex::Check(const RowKey& key) {
+    IndexTree::CheckLength(key.bytes);
     RefuseNulls(rules_, key);
     if (MustBeUnique(rules_, key) && tree_.RowWith(key.bytes)) {
         RefuseDuplicate(rules_);

@@ -19,8 +19,8 @@ public:
                PageNumber table, PageNumber root)
         : rules_(std::move(rules)), columns_(std::move(columns)), tree_(store, pages, table, root) {}
 
-    /// Fails if the index refuses the row: with NullInPrimaryKey or NullNotAllowed, or with DuplicateKey if
-    /// another row has its key.
+    /// Fails if the index refuses the row: with NullInPrimaryKey or NullNotAllowed, with DuplicateKey if
+    /// another row has its key, or with Other if its key is too long.
     void CheckNew(std::span<const Value> values);
     /// The same for new values of a row. A key that stays the same is in nobody's way.
     void CheckChanged(std::span<const Value> old, std::span<const Value> values);

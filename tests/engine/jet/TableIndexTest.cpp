@@ -95,6 +95,14 @@ TEST_F(TableIndexTest, APrimaryKeyRefusesNullsBeforeDuplicates) {
               ErrorNumber::NullInPrimaryKey);
 }
 
+TEST_F(TableIndexTest, AKeyThatIsTooLongIsRefusedBeforeTheRowComes) {
+    const QString longest(255, QChar(0x05F0));
+    const std::vector<KeyColumn> twice = {{KeyType::Text}, {KeyType::Text}};
+    TableIndex texts(Plain, twice, own.store, own.pages, own.table, own.root);
+    EXPECT_EQ(FailureOf([&] { texts.CheckNew(Values{longest, longest}); }), ErrorNumber::Other);
+    EXPECT_EQ(FailureOf([&] { texts.CheckNew(Values{longest, longest.left(40)}); }), 0);
+}
+
 TEST_F(TableIndexTest, RowsThatAreIgnoredHaveNoEntryToLose) {
     TableIndex& ignoring = Index({.name = QStringLiteral("ignoring"), .ignoresNulls = true});
     EXPECT_FALSE(ignoring.Add(1, Nothing()));
