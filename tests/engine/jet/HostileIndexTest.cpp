@@ -198,6 +198,34 @@ TEST_F(HostileIndex, APageThatIsMetTwiceIsGivenBackByNobody) {
     EXPECT_EQ(index.store.UsedCount(), used);
 }
 
+TEST(OnlyChildren, ThatLeadInACircleAreRefused) {
+    OwnIndex index;
+    index.store.isDamaged = true;
+    index.pages.isDamaged = true;
+    const PageNumber leaf = index.store.Take();
+    const PageNumber first = index.store.Take();
+    const PageNumber second = index.store.Take();
+    const auto put = [&](PageNumber page, int number, PageNumber child) {
+        Key entry = WithRow(LongKey(number), 1);
+        if (child != 0) {
+            AppendNumber(entry, child);
+        }
+        Page& bytes = index.store.Change(page);
+        const IndexPage view(bytes, page, index.table);
+        ASSERT_TRUE(TryInsert(bytes, view, view.Used(), entry));
+    };
+    BeginIndexPage(index.store.Change(index.root), IndexForm::Node, index.table, 1);
+    BeginIndexPage(index.store.Change(leaf), IndexForm::Leaf, index.table, 0);
+    BeginIndexPage(index.store.Change(first), IndexForm::Node, index.table, 1);
+    BeginIndexPage(index.store.Change(second), IndexForm::Node, index.table, 1);
+    put(index.root, 1, leaf);
+    put(index.root, 2, first);
+    put(leaf, 1, 0);
+    put(first, 2, second);
+    put(second, 2, first);
+    EXPECT_THROW((void)index.tree->Remove(LongKey(1), 1), Error);
+}
+
 // Whatever is flipped, everything ends, with an engine error or without.
 TEST_F(HostileIndex, FlippedBytesNeverDoMore) {
     std::mt19937 random(1);
