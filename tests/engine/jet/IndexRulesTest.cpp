@@ -1,3 +1,4 @@
+#include "FailureOf.h"
 #include "Hex.h"
 #include "engine/Error.h"
 #include "engine/jet/IndexRules.h"
@@ -20,16 +21,6 @@ RowKey KeyOf(const Value& number, const Value& text) {
 
 const Value One = qint64(1);
 const Value Word = QStringLiteral("a");
-
-template <class Action>
-int FailureOf(Action action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 TEST(IndexRules, AKeyTellsWhichNullsItHas) {
     EXPECT_EQ(HexOf(KeyOf(One, Word).bytes), "7F8000000180B5FEFF00");

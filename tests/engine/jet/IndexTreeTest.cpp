@@ -1,5 +1,6 @@
 #include "IndexTreeTest.h"
 
+#include "FailureOf.h"
 #include "engine/jet/EntryList.h"
 #include "engine/jet/IndexRules.h"
 
@@ -70,16 +71,6 @@ protected:
             rows.push_back(cursor.Row());
         }
         return rows;
-    }
-
-    template <class Action>
-    static int FailureOf(Action action) {
-        try {
-            action();
-        } catch (const Error& error) {
-            return error.Number();
-        }
-        return 0;
     }
 
     OwnIndex index;

@@ -1,3 +1,4 @@
+#include "FailureOf.h"
 #include "IndexTreeTest.h"
 #include "engine/jet/TableIndex.h"
 
@@ -22,16 +23,6 @@ protected:
     static Values Nothing() { return {}; }
 
     std::size_t EntryCount() { return own.Check().entries.size(); }
-
-    template <class Action>
-    static int FailureOf(Action action) {
-        try {
-            action();
-        } catch (const Error& error) {
-            return error.Number();
-        }
-        return 0;
-    }
 
     OwnIndex own;
     std::optional<TableIndex> index;
