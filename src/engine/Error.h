@@ -28,6 +28,7 @@ inline constexpr int NoSuchItem = 3265;
 inline constexpr int InvalidOperation = 3219;
 inline constexpr int ValueCountMismatch = 3346;  ///< More or fewer values than columns in an insert.
 inline constexpr int NullNotAllowed = 3314;
+inline constexpr int NullInPrimaryKey = 3058;
 inline constexpr int WrongType = 3421;
 inline constexpr int DatabaseDamaged = 3049;
 inline constexpr int TableExists = 3010;
