@@ -73,6 +73,7 @@ inline constexpr std::uint8_t Fixed = 1;
 inline constexpr std::uint8_t Changeable = 2;
 inline constexpr std::uint8_t CountsUp = 4;
 inline constexpr std::uint8_t OfSystem = 0x10;
+inline constexpr std::uint8_t Masked = 0x20;
 inline constexpr std::uint8_t MakesGuids = 0x40;
 inline constexpr std::uint8_t Compressed = 1;  ///< In the second byte of flags.
 }  // namespace ColumnFlag

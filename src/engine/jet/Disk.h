@@ -33,6 +33,8 @@ public:
     Disk& operator=(const Disk&) = delete;
     virtual ~Disk() = default;
 
+    /// Makes a new file. Fails if the name is taken.
+    virtual std::unique_ptr<DiskFile> Make(const QString& path) = 0;
     /// Opens a file that is there, for reading and writing.
     virtual std::unique_ptr<DiskFile> Open(const QString& path) = 0;
     /// Opens a file, which is made if it isn't there, with the permissions of another one. Only a regular

@@ -106,6 +106,14 @@ public:
         return std::make_unique<SystemFile>(path, descriptor);
     }
 
+    std::unique_ptr<DiskFile> Make(const QString& path) override {
+        const int descriptor = open(SystemName(path).c_str(), O_RDWR | O_CLOEXEC | O_CREAT | O_EXCL, 0666);
+        if (descriptor < 0) {
+            Raise(path, "made", errno);
+        }
+        return std::make_unique<SystemFile>(path, descriptor);
+    }
+
     std::unique_ptr<DiskFile> OpenOrMake(const QString& path, const QString& permissionsOf) override {
         const std::string name = SystemName(path);
         // A pipe would be waited for without O_NONBLOCK.

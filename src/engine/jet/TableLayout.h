@@ -50,9 +50,11 @@ struct Column {
     std::uint16_t variablePlace = 0;  ///< Among the variable columns.
     std::uint16_t size = 0;           ///< Bytes; those of a text uncompressed. 0 for long values.
     bool countsUp = false;            ///< Gets the next number in a row that leaves it out.
-    bool makesGuids = false;          ///< Gets a new identifier likewise.
-    bool isCompressed = false;        ///< Whether its texts may be.
-    std::uint8_t precision = 0;       ///< Decimal digits of a decimal, and those behind the point.
+    /// Holds the numbers of users, which are masked. Only in system tables, and kept as they are.
+    bool isMasked = false;
+    bool makesGuids = false;     ///< Gets a new identifier likewise.
+    bool isCompressed = false;   ///< Whether its texts may be.
+    std::uint8_t precision = 0;  ///< Decimal digits of a decimal, and those behind the point.
     std::uint8_t scale = 0;
     std::uint16_t sortOrder = 0;  ///< Of a text.
     std::uint8_t sortVersion = 0;

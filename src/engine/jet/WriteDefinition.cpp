@@ -83,6 +83,7 @@ private:
         entry.Put8(ColumnFlagsAt, static_cast<std::uint8_t>(ColumnFlag::Changeable |
                                                             (column.isFixed ? ColumnFlag::Fixed : 0) |
                                                             (column.countsUp ? ColumnFlag::CountsUp : 0) |
+                                                            (column.isMasked ? ColumnFlag::Masked : 0) |
                                                             (column.makesGuids ? ColumnFlag::MakesGuids : 0) |
                                                             (layout_.isSystem ? ColumnFlag::OfSystem : 0)));
         entry.Put8(ColumnMoreFlagsAt, column.isCompressed ? ColumnFlag::Compressed : 0);

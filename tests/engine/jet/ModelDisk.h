@@ -27,6 +27,7 @@ public:
         std::vector<std::pair<qsizetype, QByteArray>> written;  ///< Since the last sync. At -1: another size.
     };
 
+    std::unique_ptr<DiskFile> Make(const QString& path) override { return OpenOrMake(path, path); }
     std::unique_ptr<DiskFile> Open(const QString& path) override;
     std::unique_ptr<DiskFile> OpenOrMake(const QString& path, const QString& permissionsOf) override;
     bool IsThere(const QString& path) override { return files.contains(path); }
