@@ -235,9 +235,14 @@ void PagedFile::WriteToFile(const std::vector<PageWrite>& writes) {
             file_->Write(PlaceOf(write.number), write.page);
         }
         file_->Sync();
-        journal_.Clear();
     } catch (...) {
         BringBackFile(journal);
+        throw;
+    }
+    try {
+        journal_.Clear();
+    } catch (...) {
+        BringBackWholeGroup(journal);
         throw;
     }
 }
@@ -258,6 +263,17 @@ void PagedFile::BringBackFile(const JournalContents& journal) {
     } catch (const Error&) {
         isBroken_ = true;
     }
+}
+
+// The group is in the file as a whole. Before any of it is taken back, the journal must be there again.
+void PagedFile::BringBackWholeGroup(const JournalContents& journal) {
+    try {
+        journal_.Write(journal);
+    } catch (const Error&) {
+        isBroken_ = true;
+        return;
+    }
+    BringBackFile(journal);
 }
 
 void PagedFile::Settle() {

@@ -86,6 +86,7 @@ private:
     void WriteToFile(const std::vector<PageWrite>& writes);
     void ClearJournalIfPossible();
     void BringBackFile(const JournalContents& journal);
+    void BringBackWholeGroup(const JournalContents& journal);
     void Settle();
 
     QString path_;

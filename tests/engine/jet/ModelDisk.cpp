@@ -84,7 +84,10 @@ bool ModelDisk::Count() {
     if (failAt && operation >= *failAt && operation < failUntil) {
         throw Error(failure, QStringLiteral("Disk error: this one was to fail."));
     }
-    return stopAt && operation >= *stopAt;
+    if (stopAt && operation > *stopAt) {
+        throw Stopped();
+    }
+    return stopAt && operation == *stopAt;
 }
 
 void ModelDisk::CutPower(const std::function<bool()>& isDone) {

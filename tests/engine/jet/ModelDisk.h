@@ -42,7 +42,7 @@ public:
 
     /// Operations that change something, so far.
     int operations = 0;
-    /// The operation that isn't done any more; the program ends there, after the first half of a write.
+    /// The operation in which the program ends, after the first half of a write. None behind it is done.
     std::optional<int> stopAt;
     /// Those that are refused, with the number of the failure.
     std::optional<int> failAt;

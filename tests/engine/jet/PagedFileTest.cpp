@@ -278,6 +278,30 @@ TEST_F(JetGroup, ADiskThatFailsLeavesTheFileAsItWasAndTheGroupInMemory) {
     }
 }
 
+TEST_F(JetGroup, AProgramThatIsEndedWhileItBringsTheFileBackLeavesAllOfAGroupOrNothing) {
+    for (int failing = 0; failing < operations; ++failing) {
+        for (int stop = failing + 1; stop < failing + 20; ++stop) {
+            BareFile refused(bare);
+            auto file = refused.Open();
+            Change(*file);
+            refused.disk.failAt = failing;
+            refused.disk.failUntil = failing + 1;
+            refused.disk.stopAt = stop;
+            try {
+                file->EndGroup(GroupKind::Adds);
+            } catch (const Error&) {
+            } catch (const ModelDisk::Stopped&) {
+            }
+            file.reset();
+            refused.disk.stopAt.reset();
+            refused.disk.failAt.reset();
+            refused.Open();
+            EXPECT_TRUE(refused.Content() == after || InUse(refused.Content()) == InUse(before))
+                << failing << " " << stop;
+        }
+    }
+}
+
 TEST_F(JetGroup, AGroupThatCouldNotBeStoredCanBeGivenUp) {
     for (int failing = 0; failing < operations; ++failing) {
         BareFile refused(bare);
