@@ -116,6 +116,19 @@ TEST(JetFreePages, AMapOfBitsReachesAsFarAsTheFile) {
     EXPECT_EQ(pages.Take(), 65472U);
 }
 
+TEST(JetFreePages, APageOfBitsForEarlierPagesIsNotFreeItself) {
+    Pages pages(40000);
+    BeginBitsPage(pages.store.Change(30), 30).Fill(0, 4092, 0xFF);
+    QByteArray map(69, '\0');
+    map[0] = 1;
+    map[5] = 30;
+    pages.SetMap(map);
+    pages.free.NoteFree(50);
+    EXPECT_EQ(pages.free.OwnPages(), (std::vector<PageNumber>{1, 40000, 30}));
+    EXPECT_EQ(pages.free.Lowest(), 50U);
+    EXPECT_FALSE(pages.free.IsFree(40000));
+}
+
 TEST(JetFreePages, AMapThatIsNoneIsDamage) {
     Pages pages(100);
     for (const QByteArray& map : {QByteArray(), QByteArray(4, '\0'), QByteArray(69, '\x02'),

@@ -190,6 +190,9 @@ TEST_F(JetMakeDatabase, NoPageHasTwoOwnersAndNoneIsFree) {
         EXPECT_TRUE(used.insert(layout.page).second);
         EXPECT_EQ(layout.pagesWithRoom,
                   (RowPlace{layout.pages.page, static_cast<std::uint8_t>(layout.pages.row + 1)}));
+        for (const Column& column : layout.columns) {
+            EXPECT_EQ(column.longPages.page, column.longPagesWithRoom.page);
+        }
         for (const PageNumber page : UsageMap(*pages, layout.pages).All()) {
             EXPECT_TRUE(used.insert(page).second);
         }

@@ -112,6 +112,17 @@ TEST(JetPagedFile, ATakenPageIsZeroAndNobodyElses) {
     EXPECT_EQ(file->Take(), 10U);
 }
 
+TEST(JetPagedFile, TheJournalKeepsNothingOfAPageThatWasFree) {
+    BareFile bare;
+    const auto file = bare.Open();
+    file->GiveBack(6);
+    file->EndGroup(GroupKind::Removes);
+    file->Change(file->Take())[0] = 1;
+    file->EndGroup(GroupKind::Adds);
+    // A head, and one entry for the map of the free pages: its number, its bytes and eight sums.
+    EXPECT_EQ(bare.disk.files[bare.journal]->bytes.size(), 40 + 4 + 4096 + 64);
+}
+
 TEST(JetPagedFile, APageGivenBackByAnUndoneStatementStaysInUse) {
     BareFile bare;
     const auto file = bare.Open();

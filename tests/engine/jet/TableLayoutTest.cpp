@@ -192,6 +192,20 @@ TEST_F(JetTableLayout, ANameThatIsTooLongIsDamage) {
     }
 }
 
+TEST_F(JetTableLayout, ANameHas64CharactersAtMost) {
+    TableLayout layout = Read();
+    for (const int length : {64, 65}) {
+        layout.columns[1].name = QString(length, QLatin1Char('n'));
+        pages.Change(5).fill(0);
+        WriteDefinition(pages, layout);
+        if (length == 64) {
+            EXPECT_EQ(Read().columns[1].name, layout.columns[1].name);
+        } else {
+            EXPECT_TRUE(FindsDamage(5, [&] { Read(); }));
+        }
+    }
+}
+
 TEST_F(JetTableLayout, ColumnsThatCannotLieThereAreDamage) {
     const struct {
         std::size_t at;

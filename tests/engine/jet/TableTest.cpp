@@ -215,6 +215,12 @@ TEST_F(JetMovedRow, AMoveToADeletedRowOrAnotherTableIsDamage) {
     EXPECT_TRUE(FindsDamage(0xFFFFFF, [&] { table.Read(key); }));
 }
 
+TEST_F(JetMovedRow, NothingIsWrittenToAPageThatTheMapDoesNotHave) {
+    UsageMap(*file.pages, file.layout.pages).Remove(Target().page);
+    EXPECT_TRUE(FindsDamage(Target().page, [&] { table.Update(key, {{Name, Letters(201)}}); }));
+    EXPECT_TRUE(FindsDamage(Target().page, [&] { table.Delete(key); }));
+}
+
 TEST_F(JetTable, LongValuesOfEveryLengthComeBack) {
     for (const int length :
          {0, 1, 26, 27, 52, 53, 1024, 1025, 1815, 3630, 3631, 4072, 4073, 4074, 8144, 8145, 20000}) {

@@ -104,8 +104,10 @@ TEST(JetUsageMap, AMapThatNamesAPageOutsideOfTheFileIsDamage) {
 
 TEST(JetUsageMap, AFirstPageThatOverflowsIsDamage) {
     Maps maps(100);
-    QByteArray row(UsageMapForm::UsualSize, '\xFF');
-    row[0] = 0;
+    // Bit 16 would be page 8, from where the search would begin again.
+    QByteArray row(UsageMapForm::UsualSize, '\0');
+    row.replace(1, 4, QByteArray("\xF8\xFF\xFF\xFF", 4));
+    row[7] = 1;
     UsageMap map(maps.pages, maps.Add(row));
     EXPECT_TRUE(FindsDamage(MapsPage, [&] { map.All(); }));
     EXPECT_TRUE(FindsDamage(MapsPage, [&] { map.Add(1); }));
