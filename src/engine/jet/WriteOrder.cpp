@@ -12,9 +12,11 @@ namespace engine::jet {
 namespace {
 
 // In the order in which they are written where rows are added. Where they are removed, indexes come before
-// maps and rows: an entry must not lead to a row that isn't there.
-enum Stage { New, FreeMap, IndexOfRemoved, Map, Rows, Index, Definition };
+// maps and rows: an entry must not lead to a row that isn't there. Long values come before the rows that
+// refer to them, and go after them.
+enum Stage { New, FreeMap, IndexOfRemoved, LongValues, Map, Rows, LostLongValues, Index, Definition };
 
+constexpr std::size_t OwnerAt = 4;
 constexpr std::size_t IndexLinksAt = 12;
 constexpr std::size_t IndexLinksEnd = 20;
 constexpr std::size_t IndexTailAt = 20;
@@ -52,15 +54,42 @@ int HeightOf(const PageWrite& write, PageStore& pages) {
     return height;
 }
 
-bool IsIndex(const PageWrite& write) {
-    return write.page[0] == PageKind::IndexNode || write.page[0] == PageKind::IndexLeaf;
-}
-
 bool HasOtherEntries(const PageWrite& write) {
     const Page& now = write.page;
     const Page& before = *write.before;
     return !std::equal(now.begin(), now.begin() + IndexLinksAt, before.begin()) ||
            !std::equal(now.begin() + IndexLinksEnd, now.end(), before.begin() + IndexLinksEnd);
+}
+
+bool IsRow(RowState state) {
+    return state == RowState::Here || state == RowState::MovedHere;
+}
+
+// Whether a row that was here is no longer, or only where it has moved to.
+bool HasLostRows(const PageWrite& write) {
+    if ((*write.before)[0] != PageKind::Data) {
+        return false;
+    }
+    const std::uint32_t owner = Bytes(write.page, write.number).U32(OwnerAt);
+    const DataPage now(write.page, write.number, owner);
+    const DataPage before(*write.before, write.number, Bytes(*write.before, write.number).U32(OwnerAt));
+    for (int row = 0; row < before.RowCount(); ++row) {
+        if (IsRow(before.State(row)) && (row >= now.RowCount() || !IsRow(now.State(row)))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+Stage StageOfData(const PageWrite& write) {
+    const std::uint32_t owner = Bytes(write.page, write.number).U32(OwnerAt);
+    if (owner == PageOwner::Nobody) {
+        return Map;
+    }
+    if (owner == PageOwner::LongValues) {
+        return HasLostRows(write) ? LostLongValues : LongValues;
+    }
+    return Rows;
 }
 
 Stage StageOf(const PageWrite& write, GroupKind kind) {
@@ -70,28 +99,40 @@ Stage StageOf(const PageWrite& write, GroupKind kind) {
     if (write.isFreeMap) {
         return FreeMap;
     }
-    if (IsIndex(write)) {
-        return kind == GroupKind::Removes ? IndexOfRemoved : Index;
+    switch (write.page[0]) {
+        case PageKind::IndexNode:
+        case PageKind::IndexLeaf:
+            return kind == GroupKind::Removes ? IndexOfRemoved : Index;
+        case PageKind::UsageBits:
+            return Map;
+        case PageKind::Definition:
+            return Definition;
+        case PageKind::Data:
+            return StageOfData(write);
+        default:
+            return Rows;
     }
-    const Bytes bytes(write.page, write.number);
-    const bool isMap = bytes.U8(0) == PageKind::UsageBits ||
-                       (bytes.U8(0) == PageKind::Data && bytes.U32(4) == PageOwner::Nobody);
-    if (isMap) {
-        return Map;
-    }
-    return bytes.U8(0) == PageKind::Definition ? Definition : Rows;
 }
 
-// Parents come before their children. Of the leaves, those that only have another neighbour come before those
-// that have lost entries to it.
-int RankInStage(const PageWrite& write, PageStore& pages) {
-    if (write.before == nullptr || !IsIndex(write)) {
-        return 0;
+// Parents come before their children where entries come, and behind them where entries go: a node must tell
+// of each child no smaller an entry than its last. Of the leaves, those that only have another neighbour come
+// before those that have lost entries to it. A row is written where it has moved to before it goes from where
+// it was. Maps that are longer than a row are mostly those of all pages of a table, and come before those
+// with room.
+int RankInStage(const PageWrite& write, Stage stage, PageStore& pages) {
+    switch (stage) {
+        case IndexOfRemoved:
+            return HeightOf(write, pages);
+        case Index:
+            return write.page[0] == PageKind::IndexNode ? -HeightOf(write, pages)
+                                                        : static_cast<int>(HasOtherEntries(write));
+        case Rows:
+            return static_cast<int>(write.page[0] == PageKind::Data && HasLostRows(write));
+        case Map:
+            return static_cast<int>(write.page[0] != PageKind::UsageBits);
+        default:
+            return 0;
     }
-    if (write.page[0] == PageKind::IndexNode) {
-        return -HeightOf(write, pages);
-    }
-    return HasOtherEntries(write) ? 1 : 0;
 }
 
 }  // namespace
@@ -109,8 +150,8 @@ void OrderWrites(std::vector<PageWrite>& writes, GroupKind kind, PageStore& page
     };
     std::vector<Place> order;
     for (std::size_t write = 0; write < writes.size(); ++write) {
-        order.push_back(
-            {StageOf(writes[write], kind), RankInStage(writes[write], pages), writes[write].number, write});
+        const Stage stage = StageOf(writes[write], kind);
+        order.push_back({stage, RankInStage(writes[write], stage, pages), writes[write].number, write});
     }
     std::sort(order.begin(), order.end());
     std::vector<PageWrite> ordered;

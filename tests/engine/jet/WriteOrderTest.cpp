@@ -58,7 +58,7 @@ TEST_F(JetWriteOrder, WhatNobodyNamesYetComesFirstAndTheDefinitionLast) {
     Add(15, Kind(PageKind::UsageBits), false, true);
     Add(1, Kind(PageKind::Data, 1), false, true);
     Add(16, Kind(PageKind::IndexLeaf), true);
-    EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{16, 1, 15, 13, 14, 12, 11, 10}));
+    EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{16, 1, 15, 14, 13, 12, 11, 10}));
 }
 
 TEST_F(JetWriteOrder, EntriesGoBeforeTheRowsThatTheyLeadTo) {
@@ -78,12 +78,53 @@ TEST_F(JetWriteOrder, ParentsComeBeforeTheirChildren) {
     EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{22, 21, 23, 20}));
 }
 
+TEST_F(JetWriteOrder, ChildrenLoseEntriesBeforeTheirParents) {
+    Add(20, Kind(PageKind::IndexLeaf));
+    Add(19, NodeOver(20));
+    Add(18, NodeOver(19));
+    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{20, 19, 18}));
+}
+
 TEST_F(JetWriteOrder, ALeafThatHasLostEntriesComesAfterThoseThatHaveAnotherNeighbour) {
     Add(20, Kind(PageKind::IndexLeaf));
     Add(30, Kind(PageKind::IndexLeaf));
     before[30] = store.Read(30);
     before[30][16] = 20;
     EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{30, 20}));
+}
+
+/// A page with one row, and what it was without it.
+class JetWriteOrderOfRows : public JetWriteOrder {
+protected:
+    void AddRow(PageNumber number, std::uint32_t owner, RowState then, RowState now) {
+        before[number] = PageWith(number, owner, then);
+        const PageWrite write{number, PageWith(number, owner, now), &before[number], false};
+        writes.push_back(write);
+    }
+
+    static Page PageWith(PageNumber number, std::uint32_t owner, RowState state) {
+        Page page{};
+        ChangeableDataPage rows = ChangeableDataPage::Begin(page, number, owner);
+        rows.Add(BytesOf(QByteArray(40, 'r'), number), state);
+        return page;
+    }
+};
+
+TEST_F(JetWriteOrderOfRows, LongValuesComeBeforeTheRowsThatReferToThemAndGoAfterThem) {
+    AddRow(10, 9, RowState::Here, RowState::Here);
+    AddRow(11, PageOwner::LongValues, RowState::Here, RowState::Deleted);
+    AddRow(12, PageOwner::LongValues, RowState::Deleted, RowState::Here);
+    Add(13, Kind(PageKind::Data, 0));
+    EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{12, 13, 10, 11}));
+    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{12, 13, 10, 11}));
+}
+
+TEST_F(JetWriteOrderOfRows, ARowIsWhereItMovesToBeforeItGoesFromWhereItWas) {
+    AddRow(10, 9, RowState::Here, RowState::MovedAway);
+    AddRow(11, 9, RowState::MovedHere, RowState::Deleted);
+    AddRow(12, 9, RowState::Deleted, RowState::MovedHere);
+    AddRow(13, 9, RowState::MovedAway, RowState::Here);
+    EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{12, 13, 10, 11}));
 }
 
 TEST_F(JetWriteOrder, ATreeThatRunsInACircleHasSomeOrder) {
