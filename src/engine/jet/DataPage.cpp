@@ -54,17 +54,17 @@ RowState DataPage::State(int row) const {
     return static_cast<RowState>(Entry(row) & StateBits);
 }
 
-std::size_t DataPage::Begin(int row) const {
+std::size_t DataPage::RowBegin(int row) const {
     return Entry(row) & OffsetBits;
 }
 
-std::size_t DataPage::End(int row) const {
-    return row == 0 ? PageSize : Begin(row - 1);
+std::size_t DataPage::RowEnd(int row) const {
+    return row == 0 ? PageSize : RowBegin(row - 1);
 }
 
 Bytes DataPage::Row(int row) const {
-    const std::size_t begin = Begin(row);
-    const std::size_t end = End(row);
+    const std::size_t begin = RowBegin(row);
+    const std::size_t end = RowEnd(row);
     if (begin > end || end > PageSize || begin < EntryAt(rows_)) {
         RaiseDamaged(bytes_.OfPage(), QStringLiteral("has a row %1 from %2 to %3")
                                           .arg(row)
@@ -76,7 +76,7 @@ Bytes DataPage::Row(int row) const {
 
 // What the page itself says of it is not asked: another program that got it wrong would mislead us.
 std::size_t DataPage::FreeBytes() const {
-    const std::size_t lowest = rows_ == 0 ? PageSize : Begin(rows_ - 1);
+    const std::size_t lowest = rows_ == 0 ? PageSize : RowBegin(rows_ - 1);
     return lowest > EntryAt(rows_) ? lowest - EntryAt(rows_) : 0;
 }
 
@@ -122,7 +122,7 @@ int ChangeableDataPage::Add(const Bytes& row, RowState state) {
     if (!HasRoomFor(row.Size())) {
         RaiseNoRoom(bytes_.OfPage());
     }
-    const std::size_t begin = (rows_ == 0 ? PageSize : DataPage::Begin(rows_ - 1)) - row.Size();
+    const std::size_t begin = (rows_ == 0 ? PageSize : RowBegin(rows_ - 1)) - row.Size();
     const int added = rows_++;
     changeable_.Put16(RowCountAt, static_cast<std::uint16_t>(rows_));
     PutEntry(added, begin, state);
@@ -133,7 +133,7 @@ int ChangeableDataPage::Add(const Bytes& row, RowState state) {
 
 void ChangeableDataPage::Replace(int row, const Bytes& with, RowState state) {
     Resize(row, with.Size());
-    changeable_.PutBytes(DataPage::Begin(row), with);
+    changeable_.PutBytes(RowBegin(row), with);
     SetState(row, state);
 }
 
@@ -143,7 +143,7 @@ void ChangeableDataPage::Delete(int row) {
 }
 
 void ChangeableDataPage::SetState(int row, RowState state) {
-    PutEntry(row, DataPage::Begin(row), state);
+    PutEntry(row, RowBegin(row), state);
 }
 
 void ChangeableDataPage::Resize(int row, std::size_t size) {
@@ -151,8 +151,8 @@ void ChangeableDataPage::Resize(int row, std::size_t size) {
         RaiseNoRoom(bytes_.OfPage());
     }
     const Bytes old = Row(row);
-    const std::size_t begin = DataPage::Begin(row);
-    const std::size_t lowest = DataPage::Begin(rows_ - 1);
+    const std::size_t begin = RowBegin(row);
+    const std::size_t lowest = RowBegin(rows_ - 1);
     const std::size_t kept = std::min(size, old.Size());
     // The rows with higher numbers lie before this one, and move with what is kept of it.
     const std::size_t to = lowest + old.Size() - size;
@@ -162,13 +162,13 @@ void ChangeableDataPage::Resize(int row, std::size_t size) {
         changeable_.Fill(keptTo + kept, size - kept, 0);
     }
     for (int moved = row; moved < rows_; ++moved) {
-        PutEntry(moved, DataPage::Begin(moved) + old.Size() - size, State(moved));
+        PutEntry(moved, RowBegin(moved) + old.Size() - size, State(moved));
     }
     PutFreeBytes();
 }
 
 ChangeableBytes ChangeableDataPage::ChangeableRow(int row) {
-    return changeable_.ChangeablePart(DataPage::Begin(row), Row(row).Size());
+    return changeable_.ChangeablePart(RowBegin(row), Row(row).Size());
 }
 
 void ChangeableDataPage::PutEntry(int row, std::size_t begin, RowState state) {

@@ -59,8 +59,8 @@ public:
     bool IsAllDeleted() const;
 
 protected:
-    std::size_t Begin(int row) const;
-    std::size_t End(int row) const;
+    std::size_t RowBegin(int row) const;
+    std::size_t RowEnd(int row) const;
     std::uint16_t Entry(int row) const;
     void RequireRow(int row) const;
 

@@ -205,6 +205,32 @@ private:
     TableLayout layout_;
 };
 
+// With the head of the first page.
+QByteArray JoinDefinition(PageStore& pages, PageNumber first) {
+    QByteArray joined;
+    std::set<PageNumber> met;
+    PageNumber number = first;
+    do {
+        const Bytes page(pages.Read(number), number);
+        if (page.U8(0) != PageKind::Definition) {
+            RaiseDamaged(number,
+                         QStringLiteral("is of kind %1, where a table definition should be").arg(page.U8(0)));
+        }
+        if (!met.insert(number).second || met.size() > MostPagesOfDefinition) {
+            RaiseDamaged(first, QStringLiteral("begins a table definition without an end"));
+        }
+        joined += page.From(joined.isEmpty() ? 0 : HeadSize).Copy();
+        number = page.U32(HeadNextPageAt);
+    } while (number != 0);
+    const std::size_t length = BytesOf(joined, first).U32(LengthAt);
+    if (length < StatisticsAt - HeadSize || length + HeadSize > static_cast<std::size_t>(joined.size())) {
+        RaiseDamaged(first, QStringLiteral("says that its table definition has %1 bytes, of %2")
+                                .arg(static_cast<qulonglong>(length))
+                                .arg(joined.size()));
+    }
+    return joined;
+}
+
 }  // namespace
 
 std::size_t SizeOfType(std::uint8_t type) {
@@ -236,31 +262,6 @@ std::optional<int> TableLayout::FindColumn(const QString& name) const {
         }
     }
     return std::nullopt;
-}
-
-QByteArray JoinDefinition(PageStore& pages, PageNumber first) {
-    QByteArray joined;
-    std::set<PageNumber> met;
-    PageNumber number = first;
-    do {
-        const Bytes page(pages.Read(number), number);
-        if (page.U8(0) != PageKind::Definition) {
-            RaiseDamaged(number,
-                         QStringLiteral("is of kind %1, where a table definition should be").arg(page.U8(0)));
-        }
-        if (!met.insert(number).second || met.size() > MostPagesOfDefinition) {
-            RaiseDamaged(first, QStringLiteral("begins a table definition without an end"));
-        }
-        joined += page.From(joined.isEmpty() ? 0 : HeadSize).Copy();
-        number = page.U32(HeadNextPageAt);
-    } while (number != 0);
-    const std::size_t length = BytesOf(joined, first).U32(LengthAt);
-    if (length < StatisticsAt - HeadSize || length + HeadSize > static_cast<std::size_t>(joined.size())) {
-        RaiseDamaged(first, QStringLiteral("says that its table definition has %1 bytes, of %2")
-                                .arg(static_cast<qulonglong>(length))
-                                .arg(joined.size()));
-    }
-    return joined;
 }
 
 TableLayout ReadTableLayout(PageStore& pages, PageNumber first) {

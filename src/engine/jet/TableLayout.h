@@ -116,7 +116,4 @@ struct TableLayout {
 /// or says something of its columns or indexes that can't be.
 TableLayout ReadTableLayout(PageStore& pages, PageNumber first);
 
-/// The bytes of a definition as they are joined from its pages, with the head of the first one.
-QByteArray JoinDefinition(PageStore& pages, PageNumber first);
-
 }  // namespace engine::jet
