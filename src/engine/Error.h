@@ -17,6 +17,7 @@ inline constexpr int NoEditStarted = 3020;  ///< Update or a new value without A
 inline constexpr int DuplicateKey = 3022;
 inline constexpr int DiskError = 3043;
 inline constexpr int DiskFull = 3183;
+inline constexpr int RecordTooLarge = 3047;
 inline constexpr int NoSuchColumn = 3061;
 inline constexpr int Syntax = 3075;
 inline constexpr int NoSuchTable = 3078;

@@ -1,0 +1,309 @@
+#include "engine/jet/PagedFile.h"
+
+#include "engine/Error.h"
+#include "engine/jet/Damage.h"
+#include "engine/jet/FileHeader.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+
+namespace engine::jet {
+
+namespace {
+
+// 64 MiB of pages that can be read again.
+constexpr std::size_t MostCleanPages = 16384;
+
+[[noreturn]] void Refuse(const QString& path, const QString& found) {
+    throw Error(ErrorNumber::UnrecognizedFormat,
+                QStringLiteral("Unrecognized database format '%1': %2.").arg(path, found));
+}
+
+std::uint64_t PlaceOf(PageNumber number) {
+    return std::uint64_t{number} * PageSize;
+}
+
+}  // namespace
+
+PagedFile::PagedFile(Disk& disk, const QString& path, PageNumber mostPages)
+    : path_(path), mostPages_(mostPages), file_(disk.Open(path)), journal_(disk, path), free_(*this, [this] {
+          return Append();
+      }) {
+    if (file_->Size() < PageSize) {
+        Refuse(path, QStringLiteral("it is too short"));
+    }
+    Page header{};
+    file_->Read(0, header);
+    CheckFileHeader(header, path);
+    RecoverDatabase(disk, path, *file_);
+    const std::uint64_t size = file_->Size();
+    if (size > PlaceOf(mostPages_)) {
+        Refuse(path, QStringLiteral("it is larger than the format allows"));
+    }
+    count_ = countBefore_ = static_cast<PageNumber>(size / PageSize);
+    if (size % PageSize != 0) {
+        RaiseDamaged(count_, QStringLiteral("is cut, at the end of the file"));
+    }
+}
+
+void PagedFile::RequireUsable() const {
+    if (isBroken_) {
+        throw Error(
+            ErrorNumber::DiskError,
+            QStringLiteral("Disk error: '%1' could not be written, nor brought back to what it was. The "
+                           "next opening does that.")
+                .arg(path_));
+    }
+}
+
+PagedFile::Cached& PagedFile::Load(PageNumber number) {
+    RequireUsable();
+    if (number >= count_) {
+        RaiseDamaged(number, QStringLiteral("is named, and the file has %1 pages").arg(count_));
+    }
+    const auto known = cache_.find(number);
+    if (known != cache_.end()) {
+        return *known->second;
+    }
+    auto cached = std::make_unique<Cached>();
+    file_->Read(PlaceOf(number), cached->page);
+    return *cache_.emplace(number, std::move(cached)).first->second;
+}
+
+const Page& PagedFile::Read(PageNumber number) {
+    return Load(number).page;
+}
+
+PagedFile::Cached& PagedFile::ChangeCached(PageNumber number) {
+    Cached& cached = Load(number);
+    if (isMarked_ && cached.keptFor != lastMark_) {
+        undo_.push_back({number, cached.page, cached.isTaken});
+        cached.keptFor = lastMark_;
+    }
+    if (changed_.insert(number).second && number < countBefore_) {
+        cached.before = std::make_unique<Page>(cached.page);
+    }
+    return cached;
+}
+
+Page& PagedFile::Change(PageNumber number) {
+    return ChangeCached(number).page;
+}
+
+PageNumber PagedFile::Take() {
+    const auto free = free_.Lowest();
+    const PageNumber taken = free ? *free : Append();
+    free_.NoteUsed(taken);
+    Cached& cached = ChangeCached(taken);
+    cached.isTaken = true;
+    cached.page.fill(0);
+    return taken;
+}
+
+PageNumber PagedFile::Append() {
+    RequireUsable();
+    if (count_ >= mostPages_) {
+        throw Error(
+            ErrorNumber::DiskFull,
+            QStringLiteral("Disk full: '%1' has the largest size that its format allows.").arg(path_));
+    }
+    const PageNumber number = count_++;
+    cache_[number] = std::make_unique<Cached>();
+    cache_[number]->isTaken = true;
+    changed_.insert(number);
+    return number;
+}
+
+void PagedFile::GiveBack(PageNumber number) {
+    RequireUsable();
+    if (number <= FreePages::MapPage || number >= count_ || free_.IsFree(number)) {
+        RaiseDamaged(number, QStringLiteral("is given up, and isn't in use"));
+    }
+    given_.push_back(number);
+}
+
+PagedFile::Mark PagedFile::SetMark() {
+    isMarked_ = true;
+    ++lastMark_;
+    return {undo_.size(), given_.size(), count_};
+}
+
+void PagedFile::UndoTo(const Mark& mark) {
+    while (undo_.size() > mark.undo) {
+        const Undo& kept = undo_.back();
+        if (kept.number < mark.count) {
+            Cached& cached = Load(kept.number);
+            cached.page = kept.page;
+            cached.isTaken = kept.wasTaken;
+        }
+        undo_.pop_back();
+    }
+    for (; count_ > mark.count; --count_) {
+        cache_.erase(count_ - 1);
+        changed_.erase(count_ - 1);
+    }
+    given_.resize(mark.given);
+    // What is changed from now on is to be kept anew.
+    ++lastMark_;
+}
+
+void PagedFile::EndStatement() {
+    undo_.clear();
+    isMarked_ = false;
+    Tidy();
+}
+
+void PagedFile::Tidy() {
+    if (cache_.size() <= MostCleanPages + changed_.size()) {
+        return;
+    }
+    std::erase_if(cache_, [this](const auto& entry) { return !changed_.contains(entry.first); });
+}
+
+// Those whose bytes differ from what the file will have once `written` is there.
+std::vector<PageWrite> PagedFile::GroupWrites(const std::vector<PageWrite>& written) const {
+    std::map<PageNumber, const Page*> inFile;
+    for (const PageWrite& write : written) {
+        inFile[write.number] = &write.page;
+    }
+    const std::vector<PageNumber> freeMaps = free_.OwnPages();
+    std::vector<PageWrite> writes;
+    for (const PageNumber number : changed_) {
+        const Cached& cached = *cache_.at(number);
+        const Page* before = cached.isTaken ? nullptr : cached.before.get();
+        const Page* known = inFile.contains(number) ? inFile[number] : before;
+        if (known == nullptr || *known != cached.page) {
+            const bool isFreeMap = std::find(freeMaps.begin(), freeMaps.end(), number) != freeMaps.end();
+            writes.push_back({number, cached.page, before, isFreeMap});
+        }
+    }
+    return writes;
+}
+
+JournalContents PagedFile::JournalOf(const std::vector<PageWrite>& writes) {
+    JournalContents journal{countBefore_, count_, CommitWordsOf(Read(0)), {}};
+    for (const PageWrite& write : writes) {
+        if (write.before != nullptr) {
+            journal.pages.push_back(MakeJournalPage(write.number, *write.before, write.page));
+        }
+    }
+    return journal;
+}
+
+// Pages that were given up count as free only when everything is there that no longer leads to them.
+void PagedFile::EndGroup(GroupKind kind) {
+    RequireUsable();
+    EndStatement();
+    if (!HasChanges()) {
+        return;
+    }
+    const Mark beforeGiving = SetMark();
+    try {
+        std::vector<PageWrite> writes = GroupWrites({});
+        OrderWrites(writes, kind, *this);
+        std::for_each(given_.begin(), given_.end(), [this](PageNumber page) { free_.NoteFree(page); });
+        std::vector<PageWrite> last = GroupWrites(writes);
+        OrderWrites(last, kind, *this);
+        std::move(last.begin(), last.end(), std::back_inserter(writes));
+        WriteToFile(writes);
+    } catch (...) {
+        UndoTo(beforeGiving);
+        EndStatement();
+        throw;
+    }
+    Settle();
+}
+
+// The order of the writes is for programs that don't know the journal, and they meet it only where this one
+// was ended: then the system still has each of the writes. Where the power goes, pages may be torn, and the
+// journal alone helps. So nothing is waited for between the writes.
+void PagedFile::WriteToFile(const std::vector<PageWrite>& writes) {
+    if (writes.empty()) {
+        return;
+    }
+    const JournalContents journal = JournalOf(writes);
+    try {
+        journal_.Write(journal);
+    } catch (...) {
+        // Whole or not, it says what the file is like at this moment.
+        ClearJournalIfPossible();
+        throw;
+    }
+    try {
+        for (const PageWrite& write : writes) {
+            file_->Write(PlaceOf(write.number), write.page);
+        }
+        file_->Sync();
+    } catch (...) {
+        BringBackFile(journal);
+        throw;
+    }
+    try {
+        journal_.Clear();
+    } catch (...) {
+        BringBackWholeGroup(journal);
+        throw;
+    }
+}
+
+void PagedFile::ClearJournalIfPossible() {
+    try {
+        journal_.Clear();
+    } catch (const Error&) {
+        // The next group writes it anew, and until then it takes nothing back that is there.
+        return;
+    }
+}
+
+void PagedFile::BringBackFile(const JournalContents& journal) {
+    try {
+        TakeBack(*file_, journal);
+        journal_.Clear();
+    } catch (const Error&) {
+        isBroken_ = true;
+    }
+}
+
+// The group is in the file as a whole. Before any of it is taken back, the journal must be there again.
+void PagedFile::BringBackWholeGroup(const JournalContents& journal) {
+    try {
+        journal_.Write(journal);
+    } catch (const Error&) {
+        isBroken_ = true;
+        return;
+    }
+    BringBackFile(journal);
+}
+
+void PagedFile::Settle() {
+    for (const PageNumber number : changed_) {
+        if (const auto cached = cache_.find(number); cached != cache_.end()) {
+            cached->second->before.reset();
+            cached->second->isTaken = false;
+        }
+    }
+    changed_.clear();
+    given_.clear();
+    countBefore_ = count_;
+    EndStatement();
+}
+
+void PagedFile::GiveUpGroup() {
+    for (const PageNumber number : changed_) {
+        if (number >= countBefore_) {
+            cache_.erase(number);
+        } else {
+            Cached& cached = *cache_.at(number);
+            cached.page = *cached.before;
+        }
+    }
+    count_ = countBefore_;
+    Settle();
+}
+
+void PagedFile::RemoveJournal() {
+    journal_.Remove();
+}
+
+}  // namespace engine::jet

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "engine/jet/FreePages.h"
+#include "engine/jet/Journal.h"
+#include "engine/jet/WriteOrder.h"
+
+#include <QString>
+
+#include <memory>
+#include <set>
+#include <unordered_map>
+#include <vector>
+
+namespace engine::jet {
+
+/// The most pages that a file of the format can have: 2 GiB.
+inline constexpr PageNumber MostPages = 524288;
+
+/// The pages of a database in a file.
+///
+/// Statements work in memory. A group of them begins with the first change; nothing of it is in the file
+/// before EndGroup, and then all of it is. If the process is ended in between, or the power goes, the journal
+/// beside the file brings back what was there before, at the next opening.
+///
+/// Nobody else may write to the file meanwhile: whoever opens it sees to that.
+class PagedFile : public PageStore {
+public:
+    /// Takes back a group that was left half written (RecoverDatabase), then checks the header. Fails as
+    /// these do, with DatabaseDamaged for a file that is cut within a page or too short, and with
+    /// UnrecognizedFormat for one that is longer than the format allows. `mostPages` is for tests.
+    PagedFile(Disk& disk, const QString& path, PageNumber mostPages = MostPages);
+
+    PageNumber Count() const override { return count_; }
+    const Page& Read(PageNumber number) override;
+    Page& Change(PageNumber number) override;
+    PageNumber Take() override;
+    /// The page is free when the group has reached the file, and not before: until then the file may still
+    /// lead there.
+    void GiveBack(PageNumber number) override;
+
+    /// A state to come back to. Marks may be set within marks; undoing to one leaves it set.
+    struct Mark {
+        std::size_t undo = 0;
+        std::size_t given = 0;
+        PageNumber count = 0;
+    };
+    Mark SetMark();
+    void UndoTo(const Mark& mark);
+    /// The statement is over: no mark holds any more, and pages handed out may go from memory.
+    void EndStatement();
+
+    /// Whether a group has begun.
+    bool HasChanges() const { return !changed_.empty() || !given_.empty(); }
+    /// Brings the group to the file, and to the disk. Fails with DiskFull or DiskError; the file is then what
+    /// it was before the group, and the group stays in memory, to be tried again or given up. If not even
+    /// that could be reached, every further use fails, and the next opening mends the file: the group is then
+    /// not in it, or is there as a whole if nothing but the end of the journal was missing.
+    void EndGroup(GroupKind kind);
+    /// Forgets all changes since the group began.
+    void GiveUpGroup();
+
+    /// Removes the journal, where no further group is in sight. Only between groups.
+    void RemoveJournal();
+
+private:
+    struct Cached {
+        Page page{};
+        std::unique_ptr<Page> before;  ///< As the file has it, if the group has changed it.
+        std::size_t keptFor = 0;       ///< The last mark that its bytes have been kept for.
+        bool isTaken = false;          ///< By the group, of the file's free pages or from its end.
+    };
+    struct Undo {
+        PageNumber number = 0;
+        Page page{};
+        bool wasTaken = false;
+    };
+
+    void RequireUsable() const;
+    Cached& Load(PageNumber number);
+    Cached& ChangeCached(PageNumber number);
+    PageNumber Append();
+    void Tidy();
+
+    std::vector<PageWrite> GroupWrites(const std::vector<PageWrite>& written) const;
+    JournalContents JournalOf(const std::vector<PageWrite>& writes);
+    void WriteToFile(const std::vector<PageWrite>& writes);
+    void ClearJournalIfPossible();
+    void BringBackFile(const JournalContents& journal);
+    void BringBackWholeGroup(const JournalContents& journal);
+    void Settle();
+
+    QString path_;
+    PageNumber mostPages_;
+    std::unique_ptr<DiskFile> file_;
+    Journal journal_;
+    FreePages free_;
+    PageNumber count_ = 0;
+    PageNumber countBefore_ = 0;  ///< When the group began; so many pages the file has.
+    std::unordered_map<PageNumber, std::unique_ptr<Cached>> cache_;
+    std::set<PageNumber> changed_;   ///< By the group.
+    std::vector<PageNumber> given_;  ///< Back, by the group.
+    std::vector<Undo> undo_;
+    std::size_t lastMark_ = 0;
+    bool isMarked_ = false;
+    bool isBroken_ = false;
+};
+
+}  // namespace engine::jet

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "engine/jet/TableLayout.h"
+
+#include <QByteArray>
+
+#include <optional>
+#include <vector>
+
+namespace engine::jet {
+
+/// What a row holds of a column: its bytes, or none for null. A boolean is there for yes, without bytes, and
+/// not there for no.
+using Cell = std::optional<QByteArray>;
+
+/// A row as it is stored, taken apart: for each column of the layout the bytes that it has in the row.
+/// Of a long value these are the reference to it, with the value itself behind where that lies in the row.
+///
+/// Has a copy of the row, and so stays what it is when the page changes.
+class StoredRow {
+public:
+    /// Fails with DatabaseDamaged where the row says something that can't be.
+    StoredRow(const TableLayout& layout, const Bytes& row);
+
+    std::size_t ColumnCount() const { return cells_.size(); }
+    bool Has(int column) const { return cells_[static_cast<std::size_t>(column)].isThere; }
+    /// Of a column that the row has.
+    Bytes BytesOf(int column) const;
+    Cell CellOf(int column) const;
+    std::vector<Cell> Cells() const;
+
+    const QByteArray& Whole() const { return row_; }
+
+private:
+    struct Extent {
+        bool isThere = false;
+        std::uint16_t at = 0;
+        std::uint16_t size = 0;
+    };
+
+    Extent Find(const Column& column, const Bytes& row) const;
+    Extent FindVariable(const Column& column, const Bytes& row) const;
+
+    PageNumber page_;
+    std::uint16_t columns_ = 0;
+    std::size_t nullMaskAt_ = 0;
+    std::uint16_t variableColumns_ = 0;
+    QByteArray row_;
+    std::vector<Extent> cells_;
+};
+
+/// The longest row that the format allows.
+inline constexpr std::size_t LongestRow = 4060;
+
+/// The bytes of a row that has these cells, one for each column of the layout, however long it gets.
+QByteArray PutRowTogether(const TableLayout& layout, const std::vector<Cell>& cells);
+
+}  // namespace engine::jet

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "engine/Value.h"
+#include "engine/jet/RowObserver.h"
+#include "engine/jet/RowPages.h"
+#include "engine/jet/TableFigures.h"
+
+#include <optional>
+#include <vector>
+
+namespace engine::jet {
+
+/// A change of one column in a row.
+struct CellChange {
+    int column = 0;  ///< Its place in the layout.
+    Value value;
+};
+
+/// The rows of a table.
+///
+/// Keeps nothing of them in memory: what it says is what the pages say, after an undo as well. A routine that
+/// fails may have changed some pages; whoever calls it sets a mark before and undoes to it (PagedFile).
+class Table {
+public:
+    Table(PageStore& pages, TableLayout layout);
+
+    const TableLayout& Layout() const { return layout_; }
+    const Column& ColumnAt(int column) const { return layout_.columns[static_cast<std::size_t>(column)]; }
+    TableFigures Figures() const { return {pages_, layout_.page}; }
+
+    /// Observers are asked and told in this order. They must outlive the table.
+    void Watch(RowObserver& observer) { observers_.push_back(&observer); }
+
+    /// The keys of all rows, one by one in the order of their places. Rows may come and go meanwhile: none is
+    /// met twice, and of those that come, only some.
+    std::optional<RowPlace> FirstRow() const { return NextFrom({}); }
+    std::optional<RowPlace> RowBehind(RowPlace key) const;
+    /// The row with this key, none if it has been deleted or never was there.
+    std::optional<StoredRow> Find(RowPlace key) const;
+    /// The same for a row that must be there: fails with 3167 if it is deleted.
+    StoredRow Read(RowPlace key) const;
+    /// A column's value, that of a long one included: QString for a memo, QByteArray for a long binary.
+    Value ValueOf(const StoredRow& row, int column) const;
+
+    /// Adds a row with a value for each column of the layout. A column that counts up gets the next number
+    /// for null, and counts on from a higher one; one that makes identifiers gets a new one. Fails with 3421
+    /// and 3163 as ToCell does, and with 3047 for a row longer than the format allows.
+    RowPlace Insert(const std::vector<Value>& values);
+    /// Each column may be named once; those that aren't keep their bytes, long values their places. Fails as
+    /// Insert does, and with 3167 for a deleted row.
+    void Update(RowPlace key, const std::vector<CellChange>& changes);
+    void Delete(RowPlace key);
+    /// Deletes all rows in as much time as their pages take. The last automatic number stays.
+    void Wipe();
+
+private:
+    /// Where a row's bytes are, and what leads there: its key, then the places it has moved to.
+    struct Whereabouts {
+        std::vector<RowPlace> trail;
+        bool isDeleted = false;
+
+        RowPlace Last() const { return trail.back(); }
+    };
+
+    std::optional<RowPlace> NextFrom(RowPlace place) const;
+    Whereabouts Locate(RowPlace key) const;
+    Whereabouts LocateLive(RowPlace key) const;
+    StoredRow RowAt(RowPlace place) const;
+
+    RowPages Rows() const { return {pages_, layout_.page, layout_.pages, layout_.pagesWithRoom}; }
+    Cell CellFor(int column, const Value& value);
+    void Number(std::vector<Cell>& cells);
+    Cell NextNumber(const Column& column, const Cell& given);
+    StoredRow Compose(const std::vector<Cell>& cells) const;
+    void FreeLongValue(const StoredRow& row, int column);
+    void Put(const Whereabouts& old, const StoredRow& row);
+    void LeaveTrail(const Whereabouts& old);
+
+    PageStore& pages_;
+    TableLayout layout_;
+    std::vector<RowObserver*> observers_;
+};
+
+}  // namespace engine::jet

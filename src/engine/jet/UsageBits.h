@@ -1,0 +1,18 @@
+#pragma once
+
+#include "engine/jet/Bytes.h"
+
+#include <optional>
+
+namespace engine::jet {
+
+/// Sets of small numbers as usage maps keep them: number n is in the set if bit n is set, the lowest bit of
+/// a byte first.
+bool HasBit(const Bytes& bits, std::size_t number);
+void SetBit(ChangeableBytes bits, std::size_t number, bool isSet);
+void SetBits(ChangeableBytes bits, std::size_t from, std::size_t to, bool areSet);
+/// The lowest number from `from` on, and the highest one below `below`.
+std::optional<std::size_t> FirstBit(const Bytes& bits, std::size_t from);
+std::optional<std::size_t> LastBit(const Bytes& bits, std::size_t below);
+
+}  // namespace engine::jet
