@@ -6,6 +6,9 @@
 #include "engine/jet/PagedFile.h"
 #include "engine/jet/SystemTables.h"
 
+#include <array>
+#include <utility>
+
 namespace engine::jet {
 
 namespace {
@@ -15,33 +18,33 @@ using User = std::array<char, 2>;
 // What a user may do with an object, as bits. A right that is inherited goes over to new objects below it.
 struct Right {
     qint64 object;
-    User user;
     qint64 rights;
     bool isInherited;
+    User user;
 };
 
 constexpr qint64 SystemFlags = -0x80000000LL;
 constexpr qint64 AllOfTable = 0xFFEFF;
 
 // As a file has them that the original engine has just made.
-constexpr Right SystemRights[] = {
-    {2, FileUser::Admin, 0x60000, false},
-    {3, FileUser::Admin, 0x60000, false},
-    {4, FileUser::Admin, 0x60000, false},
-    {5, FileUser::Admin, 0xE0000, false},
-    {SystemObject::Tables, FileUser::Creator, 0xF00FE, true},
-    {SystemObject::Tables, FileUser::Admin, 0x60001, false},
-    {SystemObject::Relationships, FileUser::Creator, 0xF00FE, true},
-    {SystemObject::Relationships, FileUser::Admin, 0x60001, false},
-    {SystemObject::Databases, FileUser::Admin, 0x60000, false},
-    {SystemObject::Database, FileUser::Admin, 0x6000E, false},
-    {SystemObject::Database, FileUser::Everybody, 0x0000E, false},
-    {4, FileUser::Everybody, 0x00014, false},
-    {5, FileUser::Everybody, 0x00014, false},
-    {2, FileUser::Everybody, 0x00014, false},
-    {SystemObject::Tables, FileUser::Everybody, AllOfTable, true},
-    {SystemObject::Relationships, FileUser::Everybody, 0xFFFFF, true},
-};
+constexpr std::array<Right, 16> SystemRights{{
+    {2, 0x60000, false, FileUser::Admin},
+    {3, 0x60000, false, FileUser::Admin},
+    {4, 0x60000, false, FileUser::Admin},
+    {5, 0xE0000, false, FileUser::Admin},
+    {SystemObject::Tables, 0xF00FE, true, FileUser::Creator},
+    {SystemObject::Tables, 0x60001, false, FileUser::Admin},
+    {SystemObject::Relationships, 0xF00FE, true, FileUser::Creator},
+    {SystemObject::Relationships, 0x60001, false, FileUser::Admin},
+    {SystemObject::Databases, 0x60000, false, FileUser::Admin},
+    {SystemObject::Database, 0x6000E, false, FileUser::Admin},
+    {SystemObject::Database, 0x0000E, false, FileUser::Everybody},
+    {4, 0x00014, false, FileUser::Everybody},
+    {5, 0x00014, false, FileUser::Everybody},
+    {2, 0x00014, false, FileUser::Everybody},
+    {SystemObject::Tables, AllOfTable, true, FileUser::Everybody},
+    {SystemObject::Relationships, 0xFFFFF, true, FileUser::Everybody},
+}};
 
 QByteArray BytesOfUser(const User& user) {
     return {user.data(), static_cast<qsizetype>(user.size())};
@@ -86,8 +89,8 @@ private:
 
 class DatabaseMaker {
 public:
-    DatabaseMaker(PagedFile& pages, const QDateTime& created, const IndexKeepers& indexKeepers)
-        : pages_(pages), created_(created), indexKeepers_(indexKeepers) {}
+    DatabaseMaker(PagedFile& pages, QDateTime created, const IndexKeepers& indexKeepers)
+        : pages_(pages), created_(std::move(created)), indexKeepers_(indexKeepers) {}
 
     void Make(const std::vector<NewTable>& tables) {
         MakeSystemTables();
@@ -96,8 +99,8 @@ public:
             const PageNumber page = pages_.Take();
             MakeTable(pages_, maps_, table, page);
             AddObject(page, SystemObject::Tables, table.name, ObjectKind::Table, 0, FileUser::Admin);
-            AddRight({page, FileUser::Admin, AllOfTable, false});
-            AddRight({page, FileUser::Everybody, AllOfTable, false});
+            AddRight({page, AllOfTable, false, FileUser::Admin});
+            AddRight({page, AllOfTable, false, FileUser::Everybody});
         }
     }
 

@@ -130,7 +130,7 @@ private:
 
     QString ReadName() {
         const std::size_t size = Next(2).U16(0);
-        if (size > 2 * MostCharactersOfName || size % 2 != 0) {
+        if (size > std::size_t{2} * MostCharactersOfName || size % 2 != 0) {
             Raise(QStringLiteral("defines a name of %1 bytes").arg(static_cast<qulonglong>(size)));
         }
         return PlainText(Next(size));

@@ -155,8 +155,9 @@ void OrderWrites(std::vector<PageWrite>& writes, GroupKind kind, PageStore& page
     }
     std::sort(order.begin(), order.end());
     std::vector<PageWrite> ordered;
+    ordered.reserve(writes.size());
     for (const Place& place : order) {
-        ordered.push_back(std::move(writes[place.write]));
+        ordered.push_back(writes[place.write]);
     }
     writes = std::move(ordered);
 }
