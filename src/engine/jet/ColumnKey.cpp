@@ -49,14 +49,14 @@ void AppendSigned(Key& key, qint64 number) {
         RefuseType();
     }
     using Unsigned = std::make_unsigned_t<Signed>;
-    constexpr auto top = static_cast<Unsigned>(Unsigned{1} << (sizeof(Signed) * 8 - 1));
-    AppendBigEndian(key, static_cast<Unsigned>(static_cast<Unsigned>(number) ^ top));
+    constexpr auto Top = static_cast<Unsigned>(Unsigned{1} << (sizeof(Signed) * 8 - 1));
+    AppendBigEndian(key, static_cast<Unsigned>(static_cast<Unsigned>(number) ^ Top));
 }
 
 template <class Unsigned>
 void AppendFloating(Key& key, Unsigned bits) {
-    constexpr auto top = static_cast<Unsigned>(Unsigned{1} << (sizeof(Unsigned) * 8 - 1));
-    AppendBigEndian(key, static_cast<Unsigned>((bits & top) != 0 ? ~bits : bits ^ top));
+    constexpr auto Top = static_cast<Unsigned>(Unsigned{1} << (sizeof(Unsigned) * 8 - 1));
+    AppendBigEndian(key, static_cast<Unsigned>((bits & Top) != 0 ? ~bits : bits ^ Top));
 }
 
 void AppendByte(Key& key, qint64 number) {

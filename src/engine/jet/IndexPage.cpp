@@ -115,7 +115,7 @@ void IndexPage::CopyWhole(std::size_t place, Key& into) const {
 
 void IndexPage::CopyEntry(std::size_t place, Key& into) const {
     CopyWhole(place, into);
-    into.resize(into.size() - ChildSize());
+    into.erase(into.end() - static_cast<std::ptrdiff_t>(ChildSize()), into.end());
 }
 
 Key IndexPage::EntryAt(std::size_t place) const {

@@ -13,6 +13,8 @@ struct RowPlace {
     PageNumber page = 0;
     std::uint8_t row = 0;
 
+    // clang-tidy takes the zero of the comparison made here for a pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const RowPlace&, const RowPlace&) = default;
 };
 

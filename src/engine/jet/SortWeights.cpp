@@ -47,15 +47,15 @@ int LowSurrogateGap(int place) {
 }
 
 void AddSurrogates(SortWeights& weights) {
-    constexpr std::uint8_t diacritic = 0x3F;
+    constexpr std::uint8_t Diacritic = 0x3F;
     for (int unit = 0xD800; unit < 0xDC00; ++unit) {
         weights[static_cast<std::size_t>(unit)] = {.primary = static_cast<std::uint16_t>(unit - 10238),
-                                                   .diacritic = diacritic};
+                                                   .diacritic = Diacritic};
     }
     for (int unit = 0xDC00; unit < 0xE000; ++unit) {
         weights[static_cast<std::size_t>(unit)] = {
             .primary = static_cast<std::uint16_t>(unit - LowSurrogateGap(unit - 0xDC00)),
-            .diacritic = diacritic};
+            .diacritic = Diacritic};
     }
 }
 
