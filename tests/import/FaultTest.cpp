@@ -2,7 +2,7 @@
 #include "PrefixFinder.h"
 #include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
-#include "engine/sqlite/WriteGroup.h"
+#include "engine/execution/WriteGroup.h"
 #include "platform/Clock.h"
 #include "platform/Failure.h"
 #include "records/Collections.h"
@@ -339,8 +339,8 @@ private:
 /// group nobody can tell.
 class PairsOfFaultsTest : public FaultTest, public ::testing::WithParamInterface<int> {
 protected:
-    PairsOfFaultsTest() { engine::sqlite::WriteGroup::EndByTime(false); }
-    ~PairsOfFaultsTest() override { engine::sqlite::WriteGroup::EndByTime(true); }
+    PairsOfFaultsTest() { engine::execution::WriteGroup::EndByTime(false); }
+    ~PairsOfFaultsTest() override { engine::execution::WriteGroup::EndByTime(true); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Operations, PairsOfFaultsTest, ::testing::Values(1, 6));

@@ -3,8 +3,9 @@
 #include "engine/FileName.h"
 #include "engine/NewFile.h"
 #include "engine/dialect/Names.h"
+#include "engine/execution/TableSchema.h"
+#include "engine/sqlite/FileConnection.h"
 #include "engine/sqlite/SqliteDatabase.h"
-#include "engine/sqlite/TableSchema.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,7 +26,8 @@ std::string CreateTableSql(const TableDefinition& table) {
     std::string columns;
     for (const ColumnDefinition& column : table.columns) {
         columns += columns.empty() ? "" : ", ";
-        columns += Quoted(column.name) + " " + DeclaredType(column.type, column.size).toStdString();
+        columns +=
+            Quoted(column.name) + " " + execution::DeclaredType(column.type, column.size).toStdString();
     }
     return "create table " + Quoted(table.name) + "(" + columns + ")";
 }
@@ -54,7 +56,7 @@ bool IsSideFile(const QString& path, const QString& database) {
 }
 
 void CreateTables(const QString& path, const std::vector<TableDefinition>& tables) {
-    Connection connection(path, Connection::Mode::New);
+    FileConnection connection(path, FileConnection::Mode::New);
     connection.Run("begin");
     for (const TableDefinition& table : tables) {
         connection.Run(CreateTableSql(table).c_str());
@@ -77,7 +79,7 @@ void Fill(const QString& path, const DBEngine::FillDatabase& fill) {
     }
 }
 
-void CopyPages(Connection& source, Connection& copy) {
+void CopyPages(execution::Connection& source, execution::Connection& copy) {
     sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
     if (backup == nullptr) {
         copy.Raise(sqlite3_errcode(copy.Handle()));
@@ -102,7 +104,7 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
     file.TakePlace();
 }
 
-void CopyDatabaseFile(Connection& source, const QString& path) {
+void CopyDatabaseFile(execution::Connection& source, const QString& path) {
     const QString original = QString::fromUtf8(sqlite3_db_filename(source.Handle(), "main"));
     if (IsSideFile(FileName(path), original)) {
         throw Error(ErrorNumber::InvalidOperation,
@@ -110,7 +112,7 @@ void CopyDatabaseFile(Connection& source, const QString& path) {
     }
     NewFile file(path, SideFileEnds());
     {
-        Connection copy(file.Path(), Connection::Mode::New);
+        FileConnection copy(file.Path(), FileConnection::Mode::New);
         CopyPages(source, copy);
     }
     file.TakePermissionsOf(original);

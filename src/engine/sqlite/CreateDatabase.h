@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/DBEngine.h"
-#include "engine/sqlite/Connection.h"
+#include "engine/execution/Connection.h"
 
 #include <vector>
 
@@ -14,6 +14,6 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
 
 /// Copies the database that the connection sees to a new file, in the same manner. Fails with
 /// 3219 under the name of a file that SQLite keeps beside the database.
-void CopyDatabaseFile(Connection& source, const QString& path);
+void CopyDatabaseFile(execution::Connection& source, const QString& path);
 
 }  // namespace engine::sqlite

@@ -40,8 +40,8 @@ std::string SqlOf(sqlite3_stmt* row, int place) {
 
 /// Goes through the rows of a query. The first column is the name of a table.
 template <class Look>
-void ForEachRow(Connection& connection, const std::string& sql, Look look) {
-    const StatementHandle rows = connection.Prepare(sql);
+void ForEachRow(execution::Connection& connection, const std::string& sql, Look look) {
+    const execution::StatementHandle rows = connection.Prepare(sql);
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(rows.get())) == SQLITE_ROW) {
         look(rows.get());
@@ -51,7 +51,7 @@ void ForEachRow(Connection& connection, const std::string& sql, Look look) {
     }
 }
 
-void RefuseAny(Connection& connection, const std::string& sql, const char* what) {
+void RefuseAny(execution::Connection& connection, const std::string& sql, const char* what) {
     ForEachRow(connection, sql, [what](sqlite3_stmt* row) { Refuse(TextOf(row, 0), what); });
 }
 
@@ -59,7 +59,7 @@ void RefuseAny(Connection& connection, const std::string& sql, const char* what)
 const std::string Tables = " from sqlite_master as t";
 const std::string AreTables = " where t.type = 'table' and t.rootpage > 0 ";
 
-void RefuseWhatIsComputed(Connection& connection) {
+void RefuseWhatIsComputed(execution::Connection& connection) {
     ForEachRow(connection, "select t.name, t.sql" + Tables + AreTables, [](sqlite3_stmt* row) {
         if (HasWord(SqlOf(row, 1), "check")) {
             Refuse(TextOf(row, 0), "a check");
@@ -83,14 +83,14 @@ void RefuseWhatIsComputed(Connection& connection) {
               "too many indexes");
 }
 
-qint64 PageCount(Connection& connection) {
+qint64 PageCount(execution::Connection& connection) {
     qint64 pages = 0;
     ForEachRow(connection, "pragma page_count",
                [&pages](sqlite3_stmt* row) { pages = sqlite3_column_int64(row, 0); });
     return pages;
 }
 
-void CheckIntegrity(Connection& connection) {
+void CheckIntegrity(execution::Connection& connection) {
     QString found;
     ForEachRow(connection, "pragma integrity_check(1)",
                [&found](sqlite3_stmt* row) { found = TextOf(row, 0).simplified(); });
@@ -114,7 +114,7 @@ using FileStates = std::pair<FileState, FileState>;
 
 }  // namespace
 
-void RequireSound(Connection& connection) {
+void RequireSound(execution::Connection& connection) {
     static FileStates lastFoundSound;
     const char* database = sqlite3_db_filename(connection.Handle(), "main");
     const FileStates states(StateOf(database), StateOf(sqlite3_filename_wal(database)));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/sqlite/Connection.h"
+#include "engine/execution/Connection.h"
 
 namespace engine::sqlite {
 
@@ -15,6 +15,6 @@ namespace engine::sqlite {
 /// twice, rows that an index doesn't know. What is damaged is told before anything is deleted. The check
 /// takes time and reads the file as a whole; a file that hasn't changed since it was found sound is not
 /// checked a second time.
-void RequireSound(Connection& connection);
+void RequireSound(execution::Connection& connection);
 
 }  // namespace engine::sqlite

@@ -1,0 +1,69 @@
+#include "engine/execution/FileDatabase.h"
+
+#include "engine/OpenDatabases.h"
+#include "engine/execution/CheckWritten.h"
+#include "engine/execution/Dynaset.h"
+#include "engine/execution/ForwardOnlySet.h"
+
+namespace engine::execution {
+
+FileDatabase::FileDatabase(const QString& path, std::unique_ptr<Connection> connection)
+    : path_(path), connection_(std::move(connection)) {
+    RegisterDatabase(*this);
+}
+
+FileDatabase::~FileDatabase() {
+    UnregisterDatabase(*this);
+    group_.Commit();
+}
+
+void FileDatabase::Execute(const QString& statement) {
+    group_.Execute(statement);
+}
+
+std::unique_ptr<Recordset> FileDatabase::OpenRecordset(const QString& statement, short type, short lockEdit) {
+    group_.BeforeReading();
+    std::unique_ptr<Recordset> rows = Open(statement, type, lockEdit);
+    group_.AfterReading();
+    return rows;
+}
+
+std::unique_ptr<Recordset> FileDatabase::Open(const QString& statement, short type, short lockEdit) {
+    dialect::ShapedStatement shaped;
+    const PreparedStatement& prepared = *statements_.ForText(statement, shaped);
+    if (prepared.parsed.kind != dialect::StatementKind::Select) {
+        throw Error(ErrorNumber::InvalidOperation,
+                    QStringLiteral("Invalid operation: only a select has rows."));
+    }
+    if (type == dbOpenDynaset) {
+        return std::make_unique<Dynaset>(*this, prepared, shaped, lockEdit == dbReadOnly);
+    }
+    if (type == dbOpenForwardOnly) {
+        return std::make_unique<ForwardOnlySet>(*this, prepared, shaped);
+    }
+    throw Error(ErrorNumber::InvalidOperation,
+                QStringLiteral("Invalid operation: no row set of type %1.").arg(type));
+}
+
+void FileDatabase::Flush() {
+    group_.Commit();
+}
+
+void FileDatabase::FlushUnlessHeldUp() {
+    group_.CommitUnlessHeldUp();
+}
+
+void FileDatabase::LockForImport() {
+    importLock_->Take();
+}
+
+std::vector<Error> FileDatabase::CheckWritten() {
+    Flush();
+    return execution::CheckWritten(*connection_, *transaction_, path_, importLock_->File());
+}
+
+void FileDatabase::OnLostWrite(LostWriteListener listener) {
+    group_.OnLostWrite(std::move(listener));
+}
+
+}  // namespace engine::execution

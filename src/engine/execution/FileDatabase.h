@@ -1,0 +1,44 @@
+#pragma once
+
+#include "engine/Database.h"
+#include "engine/ImportLock.h"
+#include "engine/execution/WriteGroup.h"
+
+namespace engine::execution {
+
+/// A database in a file, behind the engine's surface.
+class FileDatabase : public Database {
+public:
+    ~FileDatabase() override;
+
+    void Execute(const QString& statement) override;
+    std::unique_ptr<Recordset> OpenRecordset(const QString& statement, short type, short lockEdit) override;
+    void Flush() override;
+    void FlushUnlessHeldUp() override;
+    void LockForImport() override;
+    std::vector<Error> CheckWritten() override;
+    void OnLostWrite(LostWriteListener listener) override;
+
+protected:
+    /// The file must exist.
+    FileDatabase(const QString& path, std::unique_ptr<Connection> connection);
+
+    Connection& Connected() { return *connection_; }
+
+private:
+    friend class Dynaset;
+    friend class ForwardOnlySet;
+
+    std::unique_ptr<Recordset> Open(const QString& statement, short type, short lockEdit);
+
+    QString path_;
+    std::unique_ptr<Connection> connection_;
+    std::shared_ptr<ImportLock> importLock_ = ImportLock::Of(path_);
+    SchemaCache schemas_{*connection_};
+    StatementCache statements_{*connection_, schemas_};
+    WriteExecutor executor_{*connection_, statements_};
+    std::unique_ptr<Transaction> transaction_ = connection_->MakeTransaction();
+    WriteGroup group_{*connection_, statements_, executor_, *transaction_, *importLock_};
+};
+
+}  // namespace engine::execution

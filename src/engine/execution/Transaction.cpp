@@ -1,0 +1,29 @@
+#include "engine/execution/Transaction.h"
+
+namespace engine::execution {
+
+bool Transaction::TryBegin() {
+    failure_ = Begin();
+    isOpen_ = !failure_;
+    if (isOpen_) {
+        rows_.Undo();
+    }
+    return isOpen_;
+}
+
+Transaction::End Transaction::TryCommit() {
+    Ended ended = Commit();
+    failure_ = std::move(ended.failure);
+    isOpen_ = ended.end == End::HeldUp;
+    if (ended.end == End::Committed) {
+        rows_.Keep();
+    }
+    return ended.end;
+}
+
+void Transaction::GiveUp() {
+    TakeBack();
+    isOpen_ = false;
+}
+
+}  // namespace engine::execution

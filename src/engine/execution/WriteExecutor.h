@@ -1,0 +1,59 @@
+#pragma once
+
+#include "engine/dialect/Tokenizer.h"
+#include "engine/execution/StatementCache.h"
+#include "engine/execution/Write.h"
+
+namespace engine::execution {
+
+/// Turns writes into compiled statements and runs them.
+class WriteExecutor {
+public:
+    WriteExecutor(Connection& connection, StatementCache& statements)
+        : connection_(connection), statements_(statements) {}
+
+    /// Parses, checks and binds a write without touching the file's data. What is wrong with the write itself
+    /// fails here. The write must live until Run.
+    void Prepare(const Write& write);
+
+    /// Of what was prepared last: the table that it writes.
+    const TableSchema& Table() const { return *table_; }
+    /// It changes or removes rows by a condition, as many as there may be.
+    bool IsSweeping() const;
+    /// The table that it writes has more rows than that.
+    bool IsTableLargerThan(int rows);
+    /// It makes its rows of those of another table.
+    bool IsCopy() const;
+    const TableSchema& Source() const { return *statement_->source; }
+    /// Of a copy: whether the row with this key is among those that it copies. Copies that row.
+    bool CopyOne(qint64 key);
+
+    /// Runs what was prepared last. The keys of new rows are those that the connection notes. A row that
+    /// isn't there any more fails with 3167.
+    void Run(const Write& write);
+
+    /// How many rows that has added to the table, or removed from it if the number is negative.
+    qint64 Added() const { return added_; }
+
+private:
+    bool IsRemoval(const Write& write) const;
+    void PrepareStatement(const QString& text);
+    void PrepareRow(const RowWrite& row);
+    bool IsWholeRemoval() const;
+    /// How many rows the statement has changed.
+    qint64 Change();
+
+    Connection& connection_;
+    StatementCache& statements_;
+    dialect::ShapedStatement shaped_;
+    std::shared_ptr<PreparedStatement> statement_;  ///< Null where a change of a row was prepared.
+    std::shared_ptr<const TableSchema> table_;
+    sqlite3_stmt* ready_ = nullptr;
+    qint64 added_ = 0;
+};
+
+/// Binds the literals of a statement to a compiled form of it. They must live until it has run.
+void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
+                  const dialect::ShapedStatement& shaped);
+
+}  // namespace engine::execution
