@@ -40,6 +40,9 @@ inline bool IsTextType(std::uint8_t type) {
 inline constexpr int MostColumns = 255;
 inline constexpr int MostCharactersOfName = 64;
 
+/// The order of texts whose keys are known (TextKey), in its first version: that of every new file.
+inline constexpr std::uint16_t GeneralSortOrder = 0x0409;
+
 struct Column {
     QString name;
     std::uint8_t type = 0;
@@ -56,7 +59,7 @@ struct Column {
     bool isCompressed = false;   ///< Whether its texts may be.
     std::uint8_t precision = 0;  ///< Decimal digits of a decimal, and those behind the point.
     std::uint8_t scale = 0;
-    std::uint16_t sortOrder = 0;  ///< Of a text.
+    std::uint16_t sortOrder = GeneralSortOrder;  ///< Of a text.
     std::uint8_t sortVersion = 0;
     /// Of a long value: the map of its pages, and that of those with room. Page 0: there is none.
     RowPlace longPages;

@@ -16,7 +16,6 @@ namespace {
 constexpr std::uint32_t RealIndexMark = 1923;
 constexpr std::uint32_t NoOtherIndex = 0xFFFFFFFF;
 constexpr std::uint8_t NoCascade = 4;
-constexpr std::uint16_t GeneralOrder = 0x0409;
 
 // Definitions grow at their end.
 class DefinitionWriter {
@@ -78,7 +77,8 @@ private:
             entry.Put8(ColumnSortOrderAt, column.precision);
             entry.Put8(ColumnScaleAt, column.scale);
         } else {
-            entry.Put16(ColumnSortOrderAt, GeneralOrder);
+            entry.Put16(ColumnSortOrderAt, column.sortOrder);
+            entry.Put8(ColumnSortVersionAt, column.sortVersion);
         }
         entry.Put8(ColumnFlagsAt, static_cast<std::uint8_t>(ColumnFlag::Changeable |
                                                             (column.isFixed ? ColumnFlag::Fixed : 0) |
