@@ -2,6 +2,7 @@
 
 #include "engine/FileName.h"
 #include "engine/OpenDatabases.h"
+#include "engine/jet/sql/JetDatabase.h"
 #include "engine/sqlite/CreateDatabase.h"
 #include "engine/sqlite/SqliteDatabase.h"
 #include "platform/MessageBox.h"
@@ -78,15 +79,19 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const QString& name, bool exclu
     if (sqlite::IsSqliteHeader(header)) {
         return std::make_unique<sqlite::SqliteDatabase>(path);
     }
-    if (header.mid(4).startsWith("Standard Jet DB") || header.mid(4).startsWith("Standard ACE DB")) {
-        RaiseUnrecognized(path, QStringLiteral("it is a genuine Jet file, which this engine doesn't read"));
+    if (jet::IsJetHeader(header)) {
+        return std::make_unique<jet::JetDatabase>(path);
     }
     RaiseUnrecognized(path, QStringLiteral("it is no database"));
 }
 
-void DBEngine::CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables,
-                              const FillDatabase& fill) {
-    sqlite::CreateDatabaseFile(path, tables, fill);
+void DBEngine::CreateDatabase(const QString& path, FileFormat format,
+                              const std::vector<TableDefinition>& tables, const FillDatabase& fill) {
+    if (format == FileFormat::Jet) {
+        jet::CreateDatabaseFile(path, tables, fill);
+    } else {
+        sqlite::CreateDatabaseFile(path, tables, fill);
+    }
 }
 
 void DBEngine::FlushAll() {

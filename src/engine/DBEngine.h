@@ -17,6 +17,12 @@ QString EngineName();
 /// use.
 class Workspace {};
 
+/// Formats of database files that are read and made here.
+enum class FileFormat {
+    Jet,  ///< Jet 4, Hearthbook's own.
+    Sqlite,
+};
+
 /// One column of a table to be created.
 struct ColumnDefinition {
     QString name;
@@ -56,7 +62,7 @@ public:
     /// if no file can have this name, 3204 if it is there already or one that the database would take for its
     /// own; a failure midway, of a row too, leaves no file.
     using FillDatabase = std::function<void(Database& fresh)>;
-    void CreateDatabase(const QString& path, const std::vector<TableDefinition>& tables,
+    void CreateDatabase(const QString& path, FileFormat format, const std::vector<TableDefinition>& tables,
                         const FillDatabase& fill = {});
 
     /// Brings all that open databases hold to the disk. For the event loop, and for ends of the process.

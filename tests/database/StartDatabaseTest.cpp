@@ -4,6 +4,7 @@
 #include "platform/FileLock.h"
 #include "platform/Files.h"
 #include "support/FakeDatabase.h"
+#include "support/FormatUnderTest.h"
 #include "support/OtherProcess.h"
 #include "support/PrintQt.h"
 #include "support/RecordingMessageBoxes.h"
@@ -41,7 +42,8 @@ protected:
         const QString path = Path(name);
         QDir().mkpath(path.section(QLatin1Char('/'), 0, -2));
         engine::DBEngine::Instance().CreateDatabase(
-            path, {{QStringLiteral("options"), {{QStringLiteral("number"), engine::dbLong}}, {}}});
+            path, FormatUnderTest(),
+            {{QStringLiteral("options"), {{QStringLiteral("number"), engine::dbLong}}, {}}});
         return path;
     }
 

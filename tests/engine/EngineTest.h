@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/DBEngine.h"
+#include "support/FormatUnderTest.h"
 #include "support/PrintQt.h"
 #include "support/RecordingMessageBoxes.h"
 #include "support/SecondReader.h"
@@ -18,24 +19,25 @@ protected:
     EngineTest() {
         const QString index = QStringLiteral("things_code");
         DBEngine::Instance().CreateDatabase(
-            path, {{QStringLiteral("things"),
-                    {{QStringLiteral("code"), dbText, 5},
-                     {QStringLiteral("yes"), dbBoolean},
-                     {QStringLiteral("byte"), dbByte},
-                     {QStringLiteral("short"), dbInteger},
-                     {QStringLiteral("long"), dbLong},
-                     {QStringLiteral("money"), dbCurrency},
-                     {QStringLiteral("single"), dbSingle},
-                     {QStringLiteral("number"), dbDouble},
-                     {QStringLiteral("date"), dbDate},
-                     {QStringLiteral("bytes"), dbLongBinary},
-                     {QStringLiteral("memo"), dbMemo},
-                     {QStringLiteral("two words"), dbText, 20}},
-                    {{index, {QStringLiteral("code")}, true}}},
-                   {QStringLiteral("notes"), {{QStringLiteral("text"), dbText, 50}}, {}},
-                   {QStringLiteral("copies"),
-                    {{QStringLiteral("text"), dbText, 50}, {QStringLiteral("number"), dbDouble}},
-                    {}}});
+            path, FormatUnderTest(),
+            {{QStringLiteral("things"),
+              {{QStringLiteral("code"), dbText, 5},
+               {QStringLiteral("yes"), dbBoolean},
+               {QStringLiteral("byte"), dbByte},
+               {QStringLiteral("short"), dbInteger},
+               {QStringLiteral("long"), dbLong},
+               {QStringLiteral("money"), dbCurrency},
+               {QStringLiteral("single"), dbSingle},
+               {QStringLiteral("number"), dbDouble},
+               {QStringLiteral("date"), dbDate},
+               {QStringLiteral("bytes"), dbLongBinary},
+               {QStringLiteral("memo"), dbMemo},
+               {QStringLiteral("two words"), dbText, 20}},
+              {{index, {QStringLiteral("code")}, true}}},
+             {QStringLiteral("notes"), {{QStringLiteral("text"), dbText, 50}}, {}},
+             {QStringLiteral("copies"),
+              {{QStringLiteral("text"), dbText, 50}, {QStringLiteral("number"), dbDouble}},
+              {}}});
         database = DBEngine::Instance().OpenDatabase(path);
     }
 

@@ -1,6 +1,7 @@
 #include "EngineTest.h"
 #include "support/AwkwardFileSystem.h"
 #include "support/FaultyDisk.h"
+#include "support/FormatUnderTest.h"
 
 #include <QFile>
 
@@ -61,7 +62,7 @@ protected:
     }
 
     int CreateError(const QString& file) {
-        return ErrorOf([&] { DBEngine::Instance().CreateDatabase(file, tables); });
+        return ErrorOf([&] { DBEngine::Instance().CreateDatabase(file, FormatUnderTest(), tables); });
     }
 
     /// Makes the file again and again, each time on a disk that fails at its next operation. The query finds
@@ -256,7 +257,7 @@ TEST_F(NewFileTest, ItsSideFilesMustNotBeThereAlready) {
 
 TEST_F(NewFileTest, RowsToBeginWithAreThereFromTheStart) {
     const auto fill = [](Database& fresh) { fresh.Execute(QStringLiteral("insert into a(b) values('c')")); };
-    DBEngine::Instance().CreateDatabase(copy, tables, fill);
+    DBEngine::Instance().CreateDatabase(copy, FormatUnderTest(), tables, fill);
     EXPECT_EQ(ReadRows(copy, "select b from a"), QStringList{QStringLiteral("c")});
 }
 
@@ -264,7 +265,7 @@ TEST_F(NewFileTest, RowsToBeginWithThatCanNotBeWrittenLeaveNoFile) {
     const auto fill = [](Database& fresh) {
         fresh.Execute(QStringLiteral("insert into none(b) values('c')"));
     };
-    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().CreateDatabase(copy, tables, fill); }),
+    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().CreateDatabase(copy, FormatUnderTest(), tables, fill); }),
               ErrorNumber::NoSuchTable);
     EXPECT_EQ(Everything(), QStringList{QStringLiteral("things.mdb")});
 }

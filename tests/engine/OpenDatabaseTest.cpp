@@ -1,5 +1,6 @@
 #include "EngineTest.h"
 #include "support/FaultyDisk.h"
+#include "support/FormatUnderTest.h"
 
 #include <QDir>
 #include <QFile>
@@ -195,10 +196,11 @@ TEST_F(OpenDatabaseTest, TheOneWorkspaceHasPlaceZero) {
 
 TEST_F(OpenDatabaseTest, CreatingNeverTakesTheNameOfAFile) {
     const QByteArray before = Contents(path);
-    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().CreateDatabase(path, {}); }), ErrorNumber::DatabaseExists);
+    EXPECT_EQ(ErrorOf([&] { DBEngine::Instance().CreateDatabase(path, FormatUnderTest(), {}); }),
+              ErrorNumber::DatabaseExists);
     EXPECT_EQ(Contents(path), before);
     const QString elsewhere = directory.filePath(QStringLiteral("no/such/folder.mdb"));
-    EXPECT_NE(ErrorOf([&] { DBEngine::Instance().CreateDatabase(elsewhere, {}); }), 0);
+    EXPECT_NE(ErrorOf([&] { DBEngine::Instance().CreateDatabase(elsewhere, FormatUnderTest(), {}); }), 0);
 }
 
 TEST_F(OpenDatabaseTest, ColumnTypesOfAnotherMakersTables) {

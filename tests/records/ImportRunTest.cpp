@@ -1,6 +1,7 @@
 #include "platform/FileLock.h"
 #include "records/ImportRun.h"
 #include "support/FakeDatabaseInPlace.h"
+#include "support/FormatUnderTest.h"
 #include "support/HearthbookTest.h"
 #include "support/OtherProcess.h"
 
@@ -84,7 +85,8 @@ class ImportRunTest : public HearthbookTest {};
 
 TEST_F(ImportRunTest, TheWipeRunsAllItsStatementsWhateverFails) {
     const QString path = workplace_.Path(u"other.mdb"_s);
-    engine::DBEngine::Instance().CreateDatabase(path, {{u"other"_s, {{u"code"_s, engine::dbText, 5}}, {}}});
+    engine::DBEngine::Instance().CreateDatabase(path, FormatUnderTest(),
+                                                {{u"other"_s, {{u"code"_s, engine::dbText, 5}}, {}}});
     database::UseDatabaseFile(path);
     records::WipeDatabase();
     ASSERT_EQ(boxes_.requests.size(), 37U);

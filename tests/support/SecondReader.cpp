@@ -1,15 +1,22 @@
 #include "support/SecondReader.h"
 
+#include "support/JetReader.h"
+
 #include <sqlite3.h>
 
 namespace {
 
 class OtherConnection {
 public:
-    explicit OtherConnection(const QString& path) {
-        if (sqlite3_open_v2(path.toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr) !=
-            SQLITE_OK) {
+    /// To a Jet file: as much of it as the text speaks of.
+    explicit OtherConnection(const QString& path, const QString& text = {}) {
+        const bool isJet = IsJetFile(path);
+        const QByteArray name = isJet ? QByteArray(":memory:") : path.toUtf8();
+        if (sqlite3_open_v2(name.constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
             qFatal("%s can't be opened", qPrintable(path));
+        }
+        if (isJet) {
+            CopyJetTables(path, text, handle_);
         }
     }
     ~OtherConnection() { sqlite3_close(handle_); }
@@ -52,13 +59,13 @@ QStringList Rows(const OtherConnection& connection, const char* sql) {
 }  // namespace
 
 QStringList ReadRows(const QString& path, const char* sql) {
-    const OtherConnection connection(path);
+    const OtherConnection connection(path, QString::fromUtf8(sql));
     sqlite3_busy_timeout(connection.Handle(), 5000);
     return Rows(connection, sql);
 }
 
 QHash<QString, QStringList> ReadTables(const QString& path, const QStringList& tables) {
-    const OtherConnection connection(path);
+    const OtherConnection connection(path, tables.join(QLatin1Char(' ')));
     sqlite3_busy_timeout(connection.Handle(), 5000);
     QHash<QString, QStringList> rows;
     for (const QString& table : tables) {

@@ -170,7 +170,7 @@ void Dynaset::Delete() {
         throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
     }
     StopEditing();
-    database_.group_.BeforeChangingRow();
+    database_.group_.BeforeRemovingRow(*table_, held_.keys[current_]);
     database_.group_.ChangeRow(ChangeOfCurrentRow(RowWrite::Kind::Delete));
     rowState_ = RowState::Deleted;
 }

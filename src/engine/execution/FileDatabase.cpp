@@ -66,4 +66,14 @@ void FileDatabase::OnLostWrite(LostWriteListener listener) {
     group_.OnLostWrite(std::move(listener));
 }
 
+void FillNewFile(std::unique_ptr<Database> database, const DBEngine::FillDatabase& fill) {
+    std::optional<Error> loss;
+    database->OnLostWrite([&loss](const Error& error, const QString&) { loss = loss.value_or(error); });
+    fill(*database);
+    database->Flush();
+    if (loss) {
+        throw Error(*loss);
+    }
+}
+
 }  // namespace engine::execution

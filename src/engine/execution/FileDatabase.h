@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/DBEngine.h"
 #include "engine/Database.h"
 #include "engine/ImportLock.h"
 #include "engine/execution/WriteGroup.h"
@@ -40,5 +41,9 @@ private:
     std::unique_ptr<Transaction> transaction_ = connection_->MakeTransaction();
     WriteGroup group_{*connection_, statements_, executor_, *transaction_, *importLock_};
 };
+
+/// Has a new file filled, and closes it when all of that is on the disk. A row that is lost on its way there
+/// is a failure like one that is refused.
+void FillNewFile(std::unique_ptr<Database> database, const DBEngine::FillDatabase& fill);
 
 }  // namespace engine::execution

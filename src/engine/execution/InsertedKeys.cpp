@@ -15,14 +15,16 @@ qint64 InsertedKeys::Count() const {
 
 void InsertedKeys::OnChange(void* self, int kind, const char* /*database*/, const char* /*table*/,
                             sqlite3_int64 key) {
-    if (kind != SQLITE_INSERT) {
-        return;
+    if (kind == SQLITE_INSERT) {
+        static_cast<InsertedKeys*>(self)->Note(key);
     }
-    std::vector<KeyRun>& runs = static_cast<InsertedKeys*>(self)->runs_;
-    if (!runs.empty() && runs.back().PlaceOf(key) == static_cast<quint64>(runs.back().count)) {
-        ++runs.back().count;
+}
+
+void InsertedKeys::Note(qint64 key) {
+    if (!runs_.empty() && runs_.back().PlaceOf(key) == static_cast<quint64>(runs_.back().count)) {
+        ++runs_.back().count;
     } else {
-        runs.push_back({key, 1});
+        runs_.push_back({key, 1});
     }
 }
 

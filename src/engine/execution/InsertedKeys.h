@@ -34,6 +34,9 @@ public:
     qint64 Count() const;
     void Forget() { runs_.clear(); }
 
+    /// A row that SQLite does not tell of itself, as it lies in a table of another engine.
+    void Note(qint64 key);
+
 private:
     static void OnChange(void* self, int kind, const char* database, const char* table, sqlite3_int64 key);
 

@@ -63,6 +63,12 @@ qint64 MadeRows::CountOf(size_t place) const {
     return count;
 }
 
+bool MadeRows::Has(const TableSchema& table, qint64 key) const {
+    return std::any_of(made_.begin(), made_.end(), [&table, key](const Made& made) {
+        return made.table == &table && made.keys.PlaceOf(key) < static_cast<quint64>(made.keys.count);
+    });
+}
+
 MadeRows::Row MadeRows::Find(const TableSchema& table, qint64 key, size_t place) const {
     if (others_.empty()) {
         return {key};

@@ -30,6 +30,9 @@ public:
     /// How many rows the write at `place` made in the first run.
     qint64 CountOf(size_t place) const;
 
+    /// Whether a write of the first run has made the row with this key.
+    bool Has(const TableSchema& table, qint64 key) const;
+
     struct Row {
         /// The key that the row has now; none if it is lost.
         std::optional<qint64> key;

@@ -108,6 +108,7 @@ void SecondRun::RunOne(size_t place) {
         FindRow(*row, place);
     }
     executor_.Prepare(write);
+    transaction_.Takes(executor_.IsRemoval(write) ? WriteKind::Removes : WriteKind::Adds);
     if (executor_.IsCopy()) {
         RunCopy(write, place);
     } else {

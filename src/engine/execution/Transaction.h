@@ -7,6 +7,9 @@
 
 namespace engine::execution {
 
+/// What a write does to the rows that the file had before.
+enum class WriteKind { Adds, Removes };
+
 /// A transaction that is known to have reached the disk or not to have, whatever fails on the way.
 class Transaction {
 public:
@@ -46,6 +49,9 @@ public:
     /// Somebody who doesn't ask for the file's locks has put other bytes into it, as a copying program does
     /// that was told the wrong name.
     virtual bool IsOverwritten() const { return false; }
+
+    /// Whether a write of this kind can go into the transaction that is open.
+    virtual bool Takes(WriteKind /*kind*/) { return true; }
 
     /// Whether other programs may write between two transactions, and so are to get their turn.
     virtual bool LetsOthersWrite() const { return false; }

@@ -1,9 +1,9 @@
 #include "engine/execution/ValueBinding.h"
 
 #include "engine/Error.h"
+#include "engine/execution/StoredForm.h"
 #include "platform/Utf8.h"
 
-#include <cmath>
 #include <cstring>
 #include <limits>
 
@@ -11,124 +11,23 @@ namespace engine::execution {
 
 namespace {
 
-// Beyond this a double tells no four decimal places apart, so that it is already as near as it can be.
-constexpr double LastWithFourDecimals = 9e11;
+// Binds what SQLite has of a value.
+struct Binder {
+    sqlite3_stmt* statement;
+    int place;
 
-[[noreturn]] void RaiseWrongType(const Column& column) {
-    throw Error(
-        ErrorNumber::WrongType,
-        QStringLiteral("Data type conversion error: the field '%1' can't hold this value.").arg(column.name));
-}
-
-[[noreturn]] void RaiseTooLong(const Column& column, qsizetype characters) {
-    throw Error(
-        ErrorNumber::FieldTooSmall,
-        QStringLiteral("The field '%1' is too small to accept the amount of data: %2 characters, of which "
-                       "it takes %3.")
-            .arg(column.name)
-            .arg(characters)
-            .arg(column.size));
-}
-
-void BindText(sqlite3_stmt* statement, int place, const QString& text) {
-    const QByteArray utf8 = platform::Utf8FromText(text);
-    sqlite3_bind_text64(statement, place, utf8.constData(), static_cast<sqlite3_uint64>(utf8.size()),
-                        SQLITE_TRANSIENT, SQLITE_UTF8);
-}
-
-void BindBytes(sqlite3_stmt* statement, int place, const QByteArray& bytes) {
-    sqlite3_bind_blob64(statement, place, bytes.isNull() ? "" : bytes.constData(),
-                        static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT);
-}
-
-// A memo has no length and no type of SQLite's behind it, so SQLite would take a text that looks like a
-// number for one: "007" would come back as 7. As bytes it stays what it is.
-void BindMemo(sqlite3_stmt* statement, int place, const QString& text) {
-    bool looksLikeNumber = false;
-    static_cast<void>(text.trimmed().toDouble(&looksLikeNumber));
-    if (looksLikeNumber) {
-        BindBytes(statement, place, platform::Utf8FromText(text));
-    } else {
-        BindText(statement, place, text);
+    void operator()(Null /*null*/) const { sqlite3_bind_null(statement, place); }
+    void operator()(qint64 number) const { sqlite3_bind_int64(statement, place, number); }
+    void operator()(double number) const { sqlite3_bind_double(statement, place, number); }
+    void operator()(const Utf8& text) const {
+        sqlite3_bind_text64(statement, place, text.bytes.constData(),
+                            static_cast<sqlite3_uint64>(text.bytes.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
     }
-}
-
-double NumberFor(const Column& column, const Value& value) {
-    try {
-        const double number = ToDouble(value);
-        if (std::isfinite(number)) {
-            return number;
-        }
-    } catch (const platform::Failure&) {
-        RaiseWrongType(column);
+    void operator()(const QByteArray& bytes) const {
+        sqlite3_bind_blob64(statement, place, bytes.isNull() ? "" : bytes.constData(),
+                            static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT);
     }
-    RaiseWrongType(column);
-}
-
-void BindWhole(sqlite3_stmt* statement, int place, const Column& column, const Value& value, double lowest,
-               double highest) {
-    const double number = std::nearbyint(NumberFor(column, value));
-    if (number < lowest || number > highest) {
-        RaiseWrongType(column);
-    }
-    sqlite3_bind_int64(statement, place, static_cast<qint64>(number));
-}
-
-void BindAmount(sqlite3_stmt* statement, int place, Currency amount) {
-    if (amount.Scaled() % Currency::Scale == 0) {
-        sqlite3_bind_int64(statement, place, amount.Scaled() / Currency::Scale);
-    } else {
-        sqlite3_bind_double(statement, place, amount.ToDouble());
-    }
-}
-
-void BindCurrency(sqlite3_stmt* statement, int place, const Column& column, const Value& value) {
-    if (const auto* exact = std::get_if<Currency>(&value)) {
-        BindAmount(statement, place, *exact);
-        return;
-    }
-    const double number = NumberFor(column, value);
-    try {
-        const Currency amount = Currency::FromDouble(number);
-        if (std::abs(number) < LastWithFourDecimals) {
-            BindAmount(statement, place, amount);
-        } else {
-            sqlite3_bind_double(statement, place, number);
-        }
-    } catch (const platform::Failure&) {
-        RaiseWrongType(column);
-    }
-}
-
-// A day is the same in every place. Taken for local time it would begin at one o'clock where the clock is put
-// forward at midnight.
-QDateTime DateIn(const QString& text) {
-    constexpr qsizetype LengthOfDay = 10;
-    const QLatin1String rest(text.size() > LengthOfDay ? "Z" : "T00:00Z");
-    return QDateTime::fromString(text + rest, Qt::ISODate);
-}
-
-void BindDate(sqlite3_stmt* statement, int place, const Column& column, const Value& value) {
-    Value date = value;
-    if (const auto* text = std::get_if<QString>(&value)) {
-        date = DateIn(*text);
-    }
-    const auto* moment = std::get_if<QDateTime>(&date);
-    // A date is stored with a year of four digits.
-    if (moment == nullptr || !moment->isValid() || moment->date().year() < 1 ||
-        moment->date().year() > 9999) {
-        RaiseWrongType(column);
-    }
-    BindText(statement, place, ToText(*moment));
-}
-
-QString TextFor(const Column& column, const Value& value) {
-    try {
-        return ToText(value);
-    } catch (const platform::Failure&) {
-        RaiseWrongType(column);
-    }
-}
+};
 
 Value LiteralValue(const dialect::Literal& literal, std::string_view text) {
     const auto asText = [text] {
@@ -202,55 +101,7 @@ Value ReadText(sqlite3_stmt* statement, int place, DataType type) {
 }  // namespace
 
 void BindForColumn(sqlite3_stmt* statement, int place, const Column& column, const Value& value) {
-    if (IsNull(value)) {
-        sqlite3_bind_null(statement, place);
-        return;
-    }
-    switch (column.type) {
-        case dbBoolean:
-            sqlite3_bind_int(statement, place, NumberFor(column, value) != 0 ? -1 : 0);
-            return;
-        case dbByte:
-            BindWhole(statement, place, column, value, 0, 255);
-            return;
-        case dbInteger:
-            BindWhole(statement, place, column, value, -32768, 32767);
-            return;
-        case dbLong:
-            BindWhole(statement, place, column, value, -2147483648.0, 2147483647.0);
-            return;
-        case dbCurrency:
-            BindCurrency(statement, place, column, value);
-            return;
-        case dbSingle:
-            sqlite3_bind_double(statement, place,
-                                static_cast<double>(static_cast<float>(NumberFor(column, value))));
-            return;
-        case dbDouble:
-            sqlite3_bind_double(statement, place, NumberFor(column, value));
-            return;
-        case dbDate:
-            BindDate(statement, place, column, value);
-            return;
-        case dbText: {
-            const QString text = TextFor(column, value);
-            if (column.size > 0 && text.size() > column.size) {
-                RaiseTooLong(column, text.size());
-            }
-            BindText(statement, place, text);
-            return;
-        }
-        case dbMemo:
-            BindMemo(statement, place, TextFor(column, value));
-            return;
-        case dbLongBinary:
-            if (const auto* bytes = std::get_if<QByteArray>(&value)) {
-                BindBytes(statement, place, *bytes);
-                return;
-            }
-            break;
-    }
-    RaiseWrongType(column);
+    std::visit(Binder{statement, place}, ToStoredForm(column, value));
 }
 
 void BindLiteral(sqlite3_stmt* statement, int place, const Column* column, const dialect::Literal& literal,

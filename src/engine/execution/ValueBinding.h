@@ -11,9 +11,7 @@
 
 namespace engine::execution {
 
-/// Binds a value as a column stores it: dates as ISO text, booleans as 0 and -1, currency to 4 decimal
-/// places, all else by its nature. Fails with 3163 for a text longer than the column and 3421 for a value
-/// that the column can't hold.
+/// Binds a value as a column stores it (see StoredForm.h).
 void BindForColumn(sqlite3_stmt* statement, int place, const Column& column, const Value& value);
 
 /// Binds a literal of a statement. `column` is the one that it will be stored in, or null if it is compared

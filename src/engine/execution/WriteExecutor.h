@@ -18,6 +18,8 @@ public:
 
     /// Of what was prepared last: the table that it writes.
     const TableSchema& Table() const { return *table_; }
+    /// It removes rows. The write is that one.
+    bool IsRemoval(const Write& write) const;
     /// It changes or removes rows by a condition, as many as there may be.
     bool IsSweeping() const;
     /// The table that it writes has more rows than that.
@@ -36,7 +38,6 @@ public:
     qint64 Added() const { return added_; }
 
 private:
-    bool IsRemoval(const Write& write) const;
     void PrepareStatement(const QString& text);
     void PrepareRow(const RowWrite& row);
     bool IsWholeRemoval() const;

@@ -57,6 +57,11 @@ void WriteGroup::BeforeChangingRow() {
     RunBatch();
 }
 
+void WriteGroup::BeforeRemovingRow(const TableSchema& table, qint64 key) {
+    BeforeChangingRow();
+    EndUnlessItTakes(KindOfRemoval(table, key));
+}
+
 void WriteGroup::ChangeRow(RowWrite row) {
     RunNow(std::move(row));
 }
@@ -70,8 +75,13 @@ bool WriteGroup::LetWait(const QString& statement) {
     if (answer != InsertBatch::Answer::Taken) {
         return false;
     }
+    if (transaction_.IsOpen() && !transaction_.Takes(WriteKind::Adds)) {
+        batch_.DropLast();
+        EndUnlessItTakes(WriteKind::Adds);
+        batch_.Offer(statement);
+    }
     try {
-        Begin();
+        Begin(WriteKind::Adds);
     } catch (const Error&) {
         batch_.DropLast();
         throw;
@@ -110,7 +120,12 @@ void WriteGroup::RunNow(Write write) {
         CommitBefore(copyTook_);
         executor_.Prepare(write);
     }
-    Begin();
+    const WriteKind kind = KindOf(write);
+    if (std::holds_alternative<QString>(write) && transaction_.IsOpen() && !transaction_.Takes(kind)) {
+        EndUnlessItTakes(kind);
+        executor_.Prepare(write);
+    }
+    Begin(kind);
     const Clock::time_point began = Clock::now();
     try {
         executor_.Run(write);
@@ -128,6 +143,26 @@ void WriteGroup::RunNow(Write write) {
     transaction_.Wrote(executor_.Table().name, executor_.Added());
     rows_.Add(log_.Size(), 1, executor_.Table(), connection_.Inserted().Runs());
     log_.Add(std::move(write));
+}
+
+// A row that the file didn't have before the group is none that it loses.
+WriteKind WriteGroup::KindOfRemoval(const TableSchema& table, qint64 key) const {
+    return rows_.Has(table, key) ? WriteKind::Adds : WriteKind::Removes;
+}
+
+WriteKind WriteGroup::KindOf(const Write& write) const {
+    if (!executor_.IsRemoval(write)) {
+        return WriteKind::Adds;
+    }
+    const auto* row = std::get_if<RowWrite>(&write);
+    return row != nullptr ? KindOfRemoval(*row->table, row->key) : WriteKind::Removes;
+}
+
+void WriteGroup::EndUnlessItTakes(WriteKind kind) {
+    if (transaction_.IsOpen() && !transaction_.Takes(kind)) {
+        RunBatch();
+        TryCommit();
+    }
 }
 
 void WriteGroup::RunAgainWith(Write write) {
@@ -153,8 +188,9 @@ void WriteGroup::AfterReading() {
     readingTook_ = Clock::now() - readingBegan_;
 }
 
-void WriteGroup::Begin() {
+void WriteGroup::Begin(WriteKind kind) {
     if (transaction_.IsOpen()) {
+        transaction_.Takes(kind);
         return;
     }
     importLock_.Require();
@@ -163,6 +199,7 @@ void WriteGroup::Begin() {
     if (!transaction_.TryBegin()) {
         throw Error(transaction_.Failure());
     }
+    transaction_.Takes(kind);
     began_ = Clock::now();
     if (began_ - ended_ > TurnOfOthers) {
         othersHadTheirTurn_ = began_;

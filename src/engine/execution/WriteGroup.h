@@ -41,9 +41,10 @@ public:
     /// Runs one statement. Its failure is raised as an engine error.
     void Execute(const QString& statement);
 
-    /// Changes one row. BeforeChangingRow comes right before it, and the key of the row is asked for in
+    /// Changes one row. One of the first two comes right before it, and the key of the row is asked for in
     /// between: bringing a group to the disk can give its rows other keys.
     void BeforeChangingRow();
+    void BeforeRemovingRow(const TableSchema& table, qint64 key);
     void ChangeRow(RowWrite row);
 
     /// Before a reader on this connection looks for what was written. Brings the group to the disk if its
@@ -79,7 +80,10 @@ private:
     bool LetWait(const QString& statement);
     void RunBatch();
     void RunNow(Write write);
-    void Begin();
+    WriteKind KindOfRemoval(const TableSchema& table, qint64 key) const;
+    WriteKind KindOf(const Write& write) const;
+    void EndUnlessItTakes(WriteKind kind);
+    void Begin(WriteKind kind);
     void GiveUp();
     std::optional<Error> RunAgain(size_t ran);
     void RunAgainWith(Write write);

@@ -155,9 +155,12 @@ void PagedFile::EndStatement() {
 }
 
 void PagedFile::Tidy() {
-    if (cache_.size() <= MostCleanPages + changed_.size()) {
-        return;
+    if (cache_.size() > MostCleanPages + changed_.size()) {
+        Forget();
     }
+}
+
+void PagedFile::Forget() {
     std::erase_if(cache_, [this](const auto& entry) { return !changed_.contains(entry.first); });
 }
 
@@ -215,6 +218,18 @@ void PagedFile::EndGroup(GroupKind kind) {
     Settle();
 }
 
+void PagedFile::LookForOthersBytes(const std::vector<PageWrite>& writes) {
+    Page found{};
+    isOverwritten_ = isOverwritten_ || file_->Size() != PlaceOf(countBefore_) ||
+                     std::any_of(writes.begin(), writes.end(), [this, &found](const PageWrite& write) {
+                         if (write.before == nullptr) {
+                             return false;
+                         }
+                         file_->Read(PlaceOf(write.number), found);
+                         return found != *write.before;
+                     });
+}
+
 // The order of the writes is for programs that don't know the journal, and they meet it only where this one
 // was ended: then the system still has each of the writes. Where the power goes, pages may be torn, and the
 // journal alone helps. So nothing is waited for between the writes.
@@ -222,6 +237,7 @@ void PagedFile::WriteToFile(const std::vector<PageWrite>& writes) {
     if (writes.empty()) {
         return;
     }
+    LookForOthersBytes(writes);
     const JournalContents journal = JournalOf(writes);
     try {
         journal_.Write(journal);

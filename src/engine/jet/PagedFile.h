@@ -59,6 +59,16 @@ public:
     /// Forgets all changes since the group began.
     void GiveUpGroup();
 
+    /// What the group takes in memory, in bytes.
+    std::size_t ChangedBytes() const { return changed_.size() * PageSize; }
+    /// Lets go of all pages that are as in the file, so that they are read from there. Only between
+    /// statements.
+    void Forget();
+
+    /// Whether a group has met bytes in the file that nobody here has put there: another program has written
+    /// to it meanwhile, such as one that copies files and was told the wrong name.
+    bool IsOverwritten() const { return isOverwritten_; }
+
     /// Removes the journal, where no further group is in sight. Only between groups.
     void RemoveJournal();
 
@@ -83,6 +93,7 @@ private:
 
     std::vector<PageWrite> GroupWrites(const std::vector<PageWrite>& written) const;
     JournalContents JournalOf(const std::vector<PageWrite>& writes);
+    void LookForOthersBytes(const std::vector<PageWrite>& writes);
     void WriteToFile(const std::vector<PageWrite>& writes);
     void ClearJournalIfPossible();
     void BringBackFile(const JournalContents& journal);
@@ -103,6 +114,7 @@ private:
     std::size_t lastMark_ = 0;
     bool isMarked_ = false;
     bool isBroken_ = false;
+    bool isOverwritten_ = false;
 };
 
 }  // namespace engine::jet

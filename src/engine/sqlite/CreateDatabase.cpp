@@ -67,18 +67,6 @@ void CreateTables(const QString& path, const std::vector<TableDefinition>& table
     connection.Run("commit");
 }
 
-// A row that is lost on its way to the disk is a failure like one that is refused.
-void Fill(const QString& path, const DBEngine::FillDatabase& fill) {
-    std::optional<Error> loss;
-    SqliteDatabase database(path);
-    database.OnLostWrite([&loss](const Error& error, const QString&) { loss = loss.value_or(error); });
-    fill(database);
-    database.Flush();
-    if (loss) {
-        throw Error(*loss);
-    }
-}
-
 void CopyPages(execution::Connection& source, execution::Connection& copy) {
     sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
     if (backup == nullptr) {
@@ -99,7 +87,7 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
     NewFile file(path, SideFileEnds());
     CreateTables(file.Path(), tables);
     if (fill) {
-        Fill(file.Path(), fill);
+        execution::FillNewFile(std::make_unique<SqliteDatabase>(file.Path()), fill);
     }
     file.TakePlace();
 }

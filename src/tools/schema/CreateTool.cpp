@@ -55,7 +55,8 @@ int Create(const QString& path) {
 }  // namespace
 
 void CreateHearthbookDatabase(const QString& path) {
-    engine::DBEngine::Instance().CreateDatabase(path, HearthbookTables(), FillFreshDatabase);
+    engine::DBEngine::Instance().CreateDatabase(path, engine::FileFormat::Sqlite, HearthbookTables(),
+                                                FillFreshDatabase);
 }
 
 int RunCreateTool(const QStringList& arguments) {

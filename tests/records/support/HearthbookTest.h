@@ -2,6 +2,7 @@
 
 #include "database/CurrentDatabase.h"
 #include "records/ImportRun.h"
+#include "support/FormatUnderTest.h"
 #include "support/RecordsTest.h"
 #include "support/SecondReader.h"
 #include "tools/schema/HearthbookSchema.h"
@@ -13,7 +14,7 @@ class HearthbookTest : public RecordsTest {
 protected:
     HearthbookTest() {
         platform::PinToday(QDate(2026, 11, 15));
-        engine::DBEngine::Instance().CreateDatabase(path_, tools::HearthbookTables());
+        engine::DBEngine::Instance().CreateDatabase(path_, FormatUnderTest(), tools::HearthbookTables());
         database::UseDatabaseFile(path_);
         if (!database::StartDatabase()) {
             qFatal("The new database can't be opened");

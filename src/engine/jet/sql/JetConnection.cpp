@@ -1,0 +1,100 @@
+#include "engine/jet/sql/JetConnection.h"
+
+#include "engine/dialect/Names.h"
+#include "engine/jet/sql/JetTransaction.h"
+#include "engine/jet/sql/TableModule.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace engine::jet {
+
+namespace {
+
+QString NameOf(const std::string& name) {
+    return QString::fromStdString(name);
+}
+
+// The longest row that the table could be given.
+std::size_t LongestRowOf(const TableLayout& layout) {
+    constexpr std::size_t Frame = 64;
+    constexpr std::size_t LongestLongValue = 64;
+    return std::accumulate(layout.columns.begin(), layout.columns.end(), Frame,
+                           [](std::size_t size, const Column& column) {
+                               return size + 2 + (IsLongType(column.type) ? LongestLongValue : column.size);
+                           });
+}
+
+}  // namespace
+
+JetConnection::JetConnection(const QString& path) : file_(JetFile::Of(path)) {
+    Open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    AddTableModule(*this);
+}
+
+// Its tables know this object to their end.
+JetConnection::~JetConnection() {
+    Close();
+}
+
+std::unique_ptr<execution::Transaction> JetConnection::MakeTransaction() {
+    return std::make_unique<JetTransaction>(*file_);
+}
+
+bool JetConnection::HasTable(const std::string& name) {
+    const bool isThere = file_->HasTable(NameOf(name));
+    if (isThere) {
+        Run(("create virtual table if not exists " + dialect::QuotedName(name) + " using " + TableModuleName)
+                .c_str());
+    }
+    return isThere;
+}
+
+bool JetConnection::TakesAnyRow(const std::string& table) {
+    const TableLayout& layout = file_->TableNamed(NameOf(table)).Layout();
+    return std::none_of(layout.indexes.begin(), layout.indexes.end(),
+                        [](const RealIndex& index) { return index.isUnique || index.refusesNulls; }) &&
+           LongestRowOf(layout) <= LongestRow;
+}
+
+qint64 JetConnection::Change(sqlite3_stmt* statement) {
+    return file_->AsOne([this, statement] { return Connection::Change(statement); });
+}
+
+std::optional<qint64> JetConnection::Empty(const std::string& table) {
+    return file_->AsOne([this, &table] {
+        Table& rows = file_->TableNamed(NameOf(table)).Rows();
+        const auto count = qint64{rows.Figures().Rows()};
+        rows.Wipe();
+        return count;
+    });
+}
+
+void JetConnection::BeginPart() {
+    file_->BeginPart();
+}
+
+void JetConnection::TakeBackPart() {
+    file_->TakeBackPart();
+}
+
+void JetConnection::EndPart() {
+    file_->EndPart();
+}
+
+size_t JetConnection::Memory() const {
+    return file_->Pages().ChangedBytes();
+}
+
+void JetConnection::Forget() {
+    file_->Pages().Forget();
+}
+
+Error JetConnection::FailureOf(int resultCode) {
+    if (failure_) {
+        return *std::exchange(failure_, std::nullopt);
+    }
+    return Connection::FailureOf(resultCode);
+}
+
+}  // namespace engine::jet

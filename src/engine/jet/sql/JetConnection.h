@@ -1,0 +1,42 @@
+#pragma once
+
+#include "engine/execution/Connection.h"
+#include "engine/jet/sql/JetFile.h"
+
+namespace engine::jet {
+
+/// An open Jet file. SQLite plans and runs the statements, in memory: to it each table of the file is a table
+/// of a module (see TableModule.h) that reads and writes the file's own pages.
+class JetConnection : public execution::Connection {
+public:
+    /// Fails as JetFile::Of does.
+    explicit JetConnection(const QString& path);
+    ~JetConnection() override;
+
+    std::unique_ptr<execution::Transaction> MakeTransaction() override;
+    bool HasTable(const std::string& name) override;
+    bool TakesAnyRow(const std::string& table) override;
+    qint64 Change(sqlite3_stmt* statement) override;
+    std::optional<qint64> Empty(const std::string& table) override;
+    void BeginPart() override;
+    void TakeBackPart() override;
+    void EndPart() override;
+    size_t Memory() const override;
+    void Forget() override;
+
+    JetFile& File() { return *file_; }
+
+    /// What a table of the module failed with, for whoever ran the statement.
+    void NoteFailure(const Error& failure) { failure_ = failure; }
+    /// A row that the group of writes has made.
+    void NoteInserted(RowPlace row) { Inserted().Note(qint64{ToNumber(row)}); }
+
+protected:
+    Error FailureOf(int resultCode) override;
+
+private:
+    std::shared_ptr<JetFile> file_;
+    std::optional<Error> failure_;
+};
+
+}  // namespace engine::jet

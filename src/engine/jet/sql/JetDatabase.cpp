@@ -1,0 +1,109 @@
+#include "engine/jet/sql/JetDatabase.h"
+
+#include "engine/FileName.h"
+#include "engine/NewFile.h"
+#include "engine/jet/Journal.h"
+#include "engine/jet/MakeDatabase.h"
+#include "engine/jet/sql/JetConnection.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace engine::jet {
+
+namespace {
+
+const QStringList& SideFileEnds() {
+    static const QStringList ends{Journal::NameFor({})};
+    return ends;
+}
+
+bool IsSideFile(const QString& path, const QString& database) {
+    const QFileInfo file(path);
+    const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
+    return place == Journal::NameFor(QFileInfo(database).canonicalFilePath());
+}
+
+NewTable ToNewTable(const TableDefinition& table) {
+    NewTable made;
+    made.name = table.name;
+    for (const ColumnDefinition& column : table.columns) {
+        NewColumn& added = made.columns.emplace_back();
+        added.name = column.name;
+        added.type = static_cast<std::uint8_t>(column.type);
+        added.size = column.size;
+    }
+    for (const IndexDefinition& index : table.indexes) {
+        NewIndex& added = made.indexes.emplace_back();
+        added.name = index.name;
+        added.isUnique = index.unique;
+        for (const QString& column : index.columns) {
+            added.columns.push_back({column, true});
+        }
+    }
+    return made;
+}
+
+void MakeTables(const QString& path, const std::vector<TableDefinition>& tables) {
+    std::vector<NewTable> made;
+    for (const TableDefinition& table : tables) {
+        made.push_back(ToNewTable(table));
+    }
+    MakeDatabase(SystemDisk(), path, made, QDateTime::currentDateTime(), KeepIndexes);
+}
+
+// The bytes of a file that nobody writes to meanwhile.
+void CopyBytes(const QString& from, const QString& to) {
+    QFile source(from);
+    if (!source.open(QIODevice::ReadOnly)) {
+        throw Error(ErrorNumber::DiskError, QStringLiteral("Disk error: %1.").arg(source.errorString()));
+    }
+    const std::unique_ptr<DiskFile> copy = SystemDisk().Make(to);
+    std::vector<std::uint8_t> bytes(1024 * PageSize);
+    std::uint64_t at = 0;
+    while (const qint64 size =
+               source.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(bytes.size()))) {
+        if (size < 0) {
+            throw Error(ErrorNumber::DiskError, QStringLiteral("Disk error: %1.").arg(source.errorString()));
+        }
+        copy->Write(at, std::span(bytes).first(static_cast<std::size_t>(size)));
+        at += static_cast<std::uint64_t>(size);
+    }
+    copy->Sync();
+}
+
+}  // namespace
+
+bool IsJetHeader(const QByteArray& firstBytes) {
+    const QByteArray name = firstBytes.mid(4);
+    return name.startsWith("Standard Jet DB") || name.startsWith("Standard ACE DB");
+}
+
+JetDatabase::JetDatabase(const QString& path)
+    : FileDatabase(path, std::make_unique<JetConnection>(path)), path_(path) {
+}
+
+void JetDatabase::CopyTo(const QString& path) {
+    Flush();
+    if (IsSideFile(FileName(path), path_)) {
+        throw Error(ErrorNumber::InvalidOperation,
+                    QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
+    }
+    NewFile file(path, SideFileEnds());
+    CopyBytes(path_, file.Path());
+    file.TakePermissionsOf(path_);
+    file.TakePlace();
+}
+
+void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>& tables,
+                        const DBEngine::FillDatabase& fill) {
+    NewFile file(path, SideFileEnds());
+    MakeTables(file.Path(), tables);
+    if (fill) {
+        execution::FillNewFile(std::make_unique<JetDatabase>(file.Path()), fill);
+    }
+    file.TakePlace();
+}
+
+}  // namespace engine::jet

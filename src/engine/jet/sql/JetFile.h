@@ -1,0 +1,71 @@
+#pragma once
+
+#include "engine/jet/IndexedTable.h"
+#include "engine/jet/PagedFile.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+namespace engine::jet {
+
+/// A Jet file that is open in this process: its pages and tables. There is one for each file, so that the
+/// databases that are open on it see what the others have written.
+class JetFile {
+public:
+    /// That of the file that the absolute path leads to. Fails with 3343 if it is none that is read here,
+    /// 3049 if it is damaged, 3027 if it can't be written or no journal can be made beside it, 3043 if the
+    /// disk fails.
+    static std::shared_ptr<JetFile> Of(const QString& path);
+
+    explicit JetFile(const QString& path);
+
+    PagedFile& Pages() { return pages_; }
+    const QString& Path() const { return path_; }
+
+    /// Without regard to case. Tables of the system's are none.
+    bool HasTable(const QString& name) const;
+    IndexedTable& TableNamed(const QString& name);
+
+    /// Runs what changes pages: as a whole or, where it fails, not at all.
+    template <class Write>
+    auto AsOne(Write write);
+
+    /// A part of a group that can be taken back alone. Parts are not set within parts.
+    void BeginPart() { part_ = pages_.SetMark(); }
+    void TakeBackPart() { pages_.UndoTo(*part_); }
+    void EndPart();
+
+    /// Pages that nobody needs may go from memory, unless something is under way that may be taken back.
+    /// Whoever keeps one must do without it from then on.
+    void LetGoOfPages();
+
+private:
+    QString path_;
+    PagedFile pages_;
+    Catalogue catalogue_{pages_};
+    /// By the first page of its definition.
+    std::unordered_map<PageNumber, std::unique_ptr<IndexedTable>> tables_;
+    bool isWriting_ = false;
+    std::optional<PagedFile::Mark> part_;
+};
+
+template <class Write>
+auto JetFile::AsOne(Write write) {
+    const PagedFile::Mark mark = pages_.SetMark();
+    isWriting_ = true;
+    try {
+        const auto result = write();
+        isWriting_ = false;
+        LetGoOfPages();
+        return result;
+    } catch (...) {
+        pages_.UndoTo(mark);
+        isWriting_ = false;
+        LetGoOfPages();
+        throw;
+    }
+}
+
+}  // namespace engine::jet

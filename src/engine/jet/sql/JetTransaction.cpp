@@ -1,0 +1,42 @@
+#include "engine/jet/sql/JetTransaction.h"
+
+#include "engine/OpenDatabases.h"
+
+namespace engine::jet {
+
+bool JetTransaction::Takes(execution::WriteKind kind) {
+    kind_ = kind_.value_or(kind);
+    return *kind_ == kind;
+}
+
+// What another database of this process has in memory for the same file is not to share its fate.
+std::optional<Error> JetTransaction::Begin() {
+    if (file_.Pages().HasChanges()) {
+        FlushOpenDatabases();
+    }
+    kind_.reset();
+    return std::nullopt;
+}
+
+JetTransaction::Ended JetTransaction::Commit() {
+    const bool removes = kind_ == execution::WriteKind::Removes;
+    try {
+        file_.Pages().EndGroup(removes ? GroupKind::Removes : GroupKind::Adds);
+        return {};
+    } catch (const Error& failure) {
+        TakeBack();
+        return {End::GivenUp, failure};
+    }
+}
+
+void JetTransaction::TakeBack() {
+    file_.Pages().GiveUpGroup();
+}
+
+void JetTransaction::RemoveJournal() {
+    if (!file_.Pages().HasChanges()) {
+        file_.Pages().RemoveJournal();
+    }
+}
+
+}  // namespace engine::jet

@@ -1,0 +1,105 @@
+#include "engine/jet/sql/SqlTable.h"
+
+#include "engine/dialect/Names.h"
+#include "engine/jet/sql/JetConnection.h"
+#include "engine/jet/sql/SqlValue.h"
+
+#include <algorithm>
+
+namespace engine::jet {
+
+namespace {
+
+// SQLite asks for the number of steps that a way takes. A table of a house manager has some thousand rows.
+constexpr double StepsThroughAll = 1e6;
+constexpr double StepsByIndex = 20;
+constexpr sqlite3_int64 RowsOfAll = 1'000'000;
+constexpr sqlite3_int64 RowsOfAKey = 10;
+
+constexpr int KeyColumnNumber = -1;
+
+}  // namespace
+
+SqlTable::SqlTable(JetConnection& connection, const QString& name)
+    : sqlite3_vtab{}, connection_(connection), stored_(connection.File().TableNamed(name)) {
+    for (const Column& column : stored_.Layout().columns) {
+        columns_.push_back(ToSqlColumn(column));
+    }
+}
+
+std::string SqlTable::Declaration() const {
+    std::string columns;
+    for (std::size_t place = 0; place < columns_.size(); ++place) {
+        columns += columns.empty() ? "" : ", ";
+        columns += columns_[place].sqlName + " " + SqlTypeOf(stored_.Layout().columns[place]).toStdString();
+    }
+    return "create table t(" + columns + ")";
+}
+
+// The value of one column picks out rows by an index on this column alone or first. Texts have keys of their
+// own in it, which texts that differ in case share; SQLite looks at the row's own text after that.
+bool SqlTable::CanLookUp(const RealIndex& index) const {
+    const Column& first = stored_.Layout().columns[static_cast<std::size_t>(index.columns.front().column)];
+    const bool isWhole =
+        first.type == ColumnType::Byte || first.type == ColumnType::Short || first.type == ColumnType::Long;
+    return isWhole ||
+           (first.type == ColumnType::Text && first.sortOrder == GeneralSortOrder && first.sortVersion == 0);
+}
+
+void SqlTable::Plan(sqlite3_index_info& plan) const {
+    const auto constraints = std::span(plan.aConstraint, static_cast<std::size_t>(plan.nConstraint));
+    const auto useFor = [&plan, &constraints](const auto& constraint, int way, sqlite3_int64 rows) {
+        plan.aConstraintUsage[&constraint - constraints.data()].argvIndex = 1;
+        plan.idxNum = way;
+        plan.estimatedCost = StepsByIndex;
+        plan.estimatedRows = rows;
+    };
+    plan.idxNum = AllRows;
+    plan.estimatedCost = StepsThroughAll;
+    plan.estimatedRows = RowsOfAll;
+    for (const auto& constraint : constraints) {
+        if (constraint.usable == 0 || constraint.op != SQLITE_INDEX_CONSTRAINT_EQ) {
+            continue;
+        }
+        if (constraint.iColumn == KeyColumnNumber) {
+            useFor(constraint, RowWithKey, 1);
+            plan.idxFlags = SQLITE_INDEX_SCAN_UNIQUE;
+            return;
+        }
+        const std::vector<RealIndex>& indexes = stored_.Layout().indexes;
+        const auto index =
+            std::find_if(indexes.begin(), indexes.end(), [this, &constraint](const RealIndex& candidate) {
+                return candidate.columns.front().column == constraint.iColumn && CanLookUp(candidate);
+            });
+        if (index != indexes.end() && plan.idxNum == AllRows) {
+            useFor(constraint, FirstIndex + static_cast<int>(index - indexes.begin()), RowsOfAKey);
+        }
+    }
+}
+
+qint64 SqlTable::Insert(std::span<sqlite3_value*> values) {
+    row_.resize(values.size());
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        row_[column] = FromSql(stored_.Layout().columns[column], values[column]);
+    }
+    const RowPlace key = stored_.Rows().Insert(row_);
+    connection_.NoteInserted(key);
+    return ToNumber(key);
+}
+
+void SqlTable::Update(qint64 key, std::span<sqlite3_value*> values) {
+    std::vector<CellChange> changes;
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        if (sqlite3_value_nochange(values[column]) == 0) {
+            changes.push_back(
+                {static_cast<int>(column), FromSql(stored_.Layout().columns[column], values[column])});
+        }
+    }
+    stored_.Rows().Update(ToRowPlace(static_cast<std::uint32_t>(key)), changes);
+}
+
+void SqlTable::Delete(qint64 key) {
+    stored_.Rows().Delete(ToRowPlace(static_cast<std::uint32_t>(key)));
+}
+
+}  // namespace engine::jet

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "engine/DBEngine.h"
+
+/// The format of the database files that tests make: Jet 4, unless the variable WRENFIELD_FORMAT says
+/// "sqlite". Whatever holds for one must hold for the other, so the same tests run once for each.
+inline engine::FileFormat FormatUnderTest() {
+    return qgetenv("WRENFIELD_FORMAT") == "sqlite" ? engine::FileFormat::Sqlite : engine::FileFormat::Jet;
+}
