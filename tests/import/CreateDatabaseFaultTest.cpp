@@ -1,6 +1,7 @@
 #include "ImportJourney.h"
 #include "platform/Failure.h"
 #include "support/FaultyDisk.h"
+#include "support/FormatUnderTest.h"
 #include "tools/schema/CreateTool.h"
 
 #include <QDir>
@@ -19,7 +20,7 @@ protected:
 
     bool IsMade() const {
         try {
-            tools::CreateHearthbookDatabase(Path());
+            tools::CreateHearthbookDatabase(Path(), FormatUnderTest());
             return true;
         } catch (const platform::Failure&) {
             return false;

@@ -1,6 +1,7 @@
 #include "ImportJourney.h"
 
 #include "platform/Process.h"
+#include "support/FormatUnderTest.h"
 #include "tools/import/ImportTool.h"
 #include "tools/schema/CreateTool.h"
 
@@ -19,7 +20,7 @@ const QStringList& ImportJourney::Tables() {
 }
 
 ImportJourney::ImportJourney() {
-    tools::CreateHearthbookDatabase(freshDatabase_);
+    tools::CreateHearthbookDatabase(freshDatabase_, FormatUnderTest());
     EXPECT_TRUE(RunElsewhere(freshDatabase_,
                              "insert into owner(code) values('old');"
                              "insert into expenses(date, disburse_id) values('2020-01-01', 0);"

@@ -6,7 +6,6 @@ import json
 import os
 import re
 import shutil
-import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -39,13 +38,14 @@ class ToolResult:
 class Comparison:
     """One folder with copies of the tools, a fresh database, and the files of the portfolio at hand."""
 
-    def __init__(self, tool, maker, folder):
+    def __init__(self, tool, maker, writer, file_format, folder):
+        self._writer = writer
         self._folder = Path(folder)
         # The tool writes its log beside itself, so that a copy keeps the logs of this run apart.
         self._tool = self._folder / "wrenfield-import"
         shutil.copy2(tool, self._tool)
         self._fresh = self._folder / "fresh.mdb"
-        subprocess.run([maker, self._fresh], check=True, env=self._environment(), timeout=_TIME_LIMIT_SECONDS)
+        subprocess.run([maker, "--format", file_format, self._fresh], check=True, env=self._environment(), timeout=_TIME_LIMIT_SECONDS)
         self.database = self._folder / "property.mdb"
         self.portfolio = self._folder / "portfolio.json"
 
@@ -69,16 +69,14 @@ class Comparison:
             log.unlink()
         with open(self.portfolio, "w", encoding="utf-8") as file:
             json.dump(scenario.portfolio, file, ensure_ascii=False, indent=1)
-        connection = sqlite3.connect(self.database)
-        with connection:
-            for statement in scenario.old_rows:
-                connection.execute(statement)
-            if scenario.options is None:
-                connection.execute("delete from options")
-            else:
-                for column, value in scenario.options.items():
-                    connection.execute(f"update options set {column} = ?", (value,))
-        connection.close()
+        statements = list(scenario.old_rows)
+        if scenario.options is None:
+            statements.append("delete from options")
+        else:
+            statements += [f"update options set {column} = {_literal(value)}"
+                           for column, value in scenario.options.items()]
+        subprocess.run([self._writer, self.database], input="".join(f"{line}\0" for line in statements).encode("utf-8"),
+                       check=True, timeout=_TIME_LIMIT_SECONDS)
 
     def _run(self, scenario):
         command = [self._tool, self.portfolio, "--yes", "--today", scenario.today.iso(), "--database",
@@ -88,6 +86,12 @@ class Comparison:
         log = "".join(path.read_text(encoding="utf-8") for path in self._folder.glob("err*.log"))
         tables = hearthbook_model.rows_as_in_file(hearthbook_model.read_tables(self.database))
         return ToolResult(finished.returncode, finished.stderr.decode("utf-8"), log, tables)
+
+
+def _literal(value):
+    if value is None:
+        return "null"
+    return "'" + value.replace("'", "''") + "'" if isinstance(value, str) else repr(value)
 
 
 def _compare(expected, result, before):
@@ -155,6 +159,8 @@ def _arguments():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--tool", required=True, help="the program wrenfield-import")
     parser.add_argument("--maker", required=True, help="the program hearthbook-create-database")
+    parser.add_argument("--writer", required=True, help="the program write-rows")
+    parser.add_argument("--format", default="jet", choices=["jet", "sqlite"], help="of the database files")
     parser.add_argument("--count", type=int, help="how many portfolios to compare (default: 400)")
     parser.add_argument("--hostile-names", action="store_true",
                         help=f"portfolios with {hostile_names.COUNT} names chosen to do harm")
@@ -171,7 +177,7 @@ def main():
     count = arguments.count or (hostile_names.PORTFOLIOS if arguments.hostile_names else 400)
     findings = 0
     with tempfile.TemporaryDirectory(prefix="compare-import-") as folder:
-        comparison = Comparison(arguments.tool, arguments.maker, folder)
+        comparison = Comparison(arguments.tool, arguments.maker, arguments.writer, arguments.format, folder)
         for number in range(arguments.first, arguments.first + count):
             scenario = make(arguments.seed, number)
             if not comparison.differences(scenario):

@@ -5,11 +5,14 @@ tables after the import, the failures that are reported on the way and the exit 
 """
 
 import copy
+import os
 import re
-import sqlite3
+import sys
 from decimal import Decimal
 from typing import NamedTuple, Optional
 
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+import second_reader
 from calendar_rules import Day, parse_iso
 from import_run import ImportRun
 from record_access import RecordAccess, UnhandledFailure
@@ -33,7 +36,7 @@ class Outcome(NamedTuple):
 
 def read_tables(path):
     """The tables of a database file as the model holds them, by their names in lower case."""
-    with sqlite3.connect(path) as connection:
+    with second_reader.connect(path) as connection:
         names = [name for (name,) in connection.execute(
             "select name from sqlite_master where type = 'table' and name not like 'sqlite%'")]
         tables = {name.lower(): _read_table(connection, name) for name in names}

@@ -297,9 +297,11 @@ class _ScenarioMaker:
         rows = []
         if self._chance(0.3):
             contractor = "insert into contractor (contractornumber, name) values"
-            rows.append(f"{contractor} (1000, 'Freds Lawns'), (1002, 'Toms Tree Services')")
+            rows.append(f"{contractor} (1000, 'Freds Lawns')")
+            rows.append(f"{contractor} (1002, 'Toms Tree Services')")
             ledger = "insert into glcodes (gl_code, description, type) values"
-            rows.append(f"{ledger} ('payee1', 'Fence Repairs Ltd', 4), ('OldBank', 'Old', 3)")
+            rows.append(f"{ledger} ('payee1', 'Fence Repairs Ltd', 4)")
+            rows.append(f"{ledger} ('OldBank', 'Old', 3)")
         if self._chance(0.3):
             rows.append("insert into expenses ([date], amount, disburse_id) values ('2001-02-03', 5, 0)")
             rows.append("insert into revenues ([date], amount, tenant_code) values ('2001-02-03', 5, 'Old')")

@@ -2,11 +2,12 @@
 
 #include "database/CurrentDatabase.h"
 #include "records/ImportSettings.h"
+#include "support/FormatUnderTest.h"
 #include "support/OnScreen.h"
 #include "tools/schema/CreateTool.h"
 
 WizardForm::WizardForm() {
-    tools::CreateHearthbookDatabase(workplace.Path(QStringLiteral("property.mdb")));
+    tools::CreateHearthbookDatabase(workplace.Path(QStringLiteral("property.mdb")), FormatUnderTest());
     records::CurrentSettings() = {};
     form = std::make_unique<shell::frmMain>(QString(), CountedPages());
     ShowAndActivate(*form);

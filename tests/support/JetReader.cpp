@@ -184,3 +184,12 @@ void CopyJetTables(const QString& path, const QString& text, sqlite3* into) {
     }
     Run(into, QStringLiteral("commit"));
 }
+
+void CopyJetTables(const QString& path, const QString& text, const QString& into) {
+    sqlite3* copy = nullptr;
+    if (sqlite3_open(into.toUtf8().constData(), &copy) != SQLITE_OK) {
+        qFatal("%s can't be made", qPrintable(into));
+    }
+    CopyJetTables(path, text, copy);
+    sqlite3_close(copy);
+}

@@ -11,3 +11,6 @@ bool IsJetFile(const QString& path);
 /// those whose names occur in the text. Values get the form that a SQLite file would have, rows their order
 /// in the file. A failure aborts the test program.
 void CopyJetTables(const QString& path, const QString& text, sqlite3* into);
+
+/// The same into a new SQLite file.
+void CopyJetTables(const QString& path, const QString& text, const QString& into);

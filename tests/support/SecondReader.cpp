@@ -1,5 +1,6 @@
 #include "support/SecondReader.h"
 
+#include "engine/DBEngine.h"
 #include "support/JetReader.h"
 
 #include <sqlite3.h>
@@ -56,6 +57,20 @@ QStringList Rows(const OtherConnection& connection, const char* sql) {
     return rows;
 }
 
+// No other program here writes Jet files.
+bool RunOnJetFile(const QString& path, const char* statements) {
+    const auto database = engine::DBEngine::Instance().OpenDatabase(path);
+    for (const QString& statement :
+         QString::fromUtf8(statements).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        try {
+            database->Execute(statement.trimmed());
+        } catch (const engine::Error&) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 QStringList ReadRows(const QString& path, const char* sql) {
@@ -76,6 +91,9 @@ QHash<QString, QStringList> ReadTables(const QString& path, const QStringList& t
 }
 
 bool RunElsewhere(const QString& path, const char* sql, int waitMilliseconds) {
+    if (IsJetFile(path)) {
+        return RunOnJetFile(path, sql);
+    }
     const OtherConnection connection(path);
     sqlite3_busy_timeout(connection.Handle(), waitMilliseconds);
     return sqlite3_exec(connection.Handle(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;

@@ -1,5 +1,8 @@
 #include "Program.h"
 
+#include "support/FormatUnderTest.h"
+#include "support/JetReader.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -35,12 +38,20 @@ ProgramResult RunImport(const QStringList& arguments, const QString& configHome)
 }
 
 ProgramResult RunCreateDatabase(const QStringList& arguments) {
-    return RunProgram(QStringLiteral(CREATE_PROGRAM), arguments, QStringLiteral("/nonexistent"));
+    const bool isSqlite = FormatUnderTest() == engine::FileFormat::Sqlite;
+    const QStringList format{QStringLiteral("--format"), QStringLiteral("sqlite")};
+    return RunProgram(QStringLiteral(CREATE_PROGRAM), isSqlite ? format + arguments : arguments,
+                      QStringLiteral("/nonexistent"));
 }
 
 QByteArray QueryDatabase(const QString& file, const QString& query) {
+    const QTemporaryDir directory;
+    const QString readable = IsJetFile(file) ? directory.filePath(QStringLiteral("copy")) : file;
+    if (readable != file) {
+        CopyJetTables(file, query, readable);
+    }
     const ProgramResult result =
-        RunProgram(QStringLiteral("sqlite3"), {QStringLiteral("-readonly"), file, query}, QString());
+        RunProgram(QStringLiteral("sqlite3"), {QStringLiteral("-readonly"), readable, query}, QString());
     EXPECT_EQ(result.status, 0) << result.errors.constData();
     return result.output.trimmed();
 }

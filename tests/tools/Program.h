@@ -18,7 +18,8 @@ ProgramResult RunImport(const QStringList& arguments,
                         const QString& configHome = QStringLiteral("/nonexistent"));
 ProgramResult RunCreateDatabase(const QStringList& arguments);
 
-/// What the sqlite3 program answers, an independent reader of the file: one line a row.
+/// What the sqlite3 program answers, of a Jet file about what mdb-export reads: readers that share nothing
+/// with the engine. One line a row.
 QByteArray QueryDatabase(const QString& file, const QString& query);
 
 QByteArray FileBytes(const QString& path);

@@ -81,8 +81,8 @@ std::vector<PageNumber> FreePages::OwnPages() const {
     return own;
 }
 
-std::optional<PageNumber> FreePages::Lowest() const {
-    return LowestFrom(NeverFree);
+std::optional<PageNumber> FreePages::LowestBehind(PageNumber page) const {
+    return LowestFrom(std::max(page + 1, NeverFree));
 }
 
 bool FreePages::IsFree(PageNumber page) const {

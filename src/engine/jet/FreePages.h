@@ -22,8 +22,9 @@ public:
     FreePages(PageStore& pages, std::function<PageNumber()> append)
         : pages_(pages), append_(std::move(append)) {}
 
-    /// The lowest free page of the file, none if all are in use.
-    std::optional<PageNumber> Lowest() const;
+    /// The lowest free page of the file with a higher number than this one, none if all are in use.
+    std::optional<PageNumber> LowestBehind(PageNumber page) const;
+    std::optional<PageNumber> Lowest() const { return LowestBehind(0); }
     bool IsFree(PageNumber page) const;
 
     void NoteUsed(PageNumber page);

@@ -38,6 +38,8 @@ public:
     /// A page that nobody uses, filled with zeros, which is in use from now on. Fails with DiskFull where the
     /// file has reached the largest size that the format can have.
     virtual PageNumber Take() = 0;
+    /// The same, with a higher number than this page has.
+    virtual PageNumber TakeBehind(PageNumber page) = 0;
 
     /// Gives back a page that nobody names any more.
     virtual void GiveBack(PageNumber number) = 0;

@@ -91,8 +91,8 @@ Page& PagedFile::Change(PageNumber number) {
     return ChangeCached(number).page;
 }
 
-PageNumber PagedFile::Take() {
-    const auto free = free_.Lowest();
+PageNumber PagedFile::TakeBehind(PageNumber page) {
+    const auto free = free_.LowestBehind(page);
     const PageNumber taken = free ? *free : Append();
     free_.NoteUsed(taken);
     Cached& cached = ChangeCached(taken);

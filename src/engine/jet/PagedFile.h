@@ -33,7 +33,8 @@ public:
     PageNumber Count() const override { return count_; }
     const Page& Read(PageNumber number) override;
     Page& Change(PageNumber number) override;
-    PageNumber Take() override;
+    PageNumber Take() override { return TakeBehind(0); }
+    PageNumber TakeBehind(PageNumber page) override;
     /// The page is free when the group has reached the file, and not before: until then the file may still
     /// lead there.
     void GiveBack(PageNumber number) override;

@@ -36,33 +36,47 @@ ChangeableDataPage RowPages::ChangePageOf(PageNumber page) {
 }
 
 RowPlace RowPages::Add(const Bytes& row, RowState state) {
-    const auto found = FindRoom(row.Size());
+    const bool isNewRow = state == RowState::Here && owner_ != PageOwner::LongValues;
+    const auto found = isNewRow ? FindRoomBehindAll(row.Size()) : FindRoom(row.Size());
     const PageNumber page = found ? *found : NewPage();
     ChangeableDataPage rows = ChangePageOf(page);
     return {page, static_cast<std::uint8_t>(rows.Add(row, state))};
 }
 
+std::optional<PageNumber> RowPages::FindRoomBehindAll(std::size_t size) {
+    const auto last = owned_.Last();
+    if (!last || PageOf(*last).HasRoomFor(size)) {
+        return last;
+    }
+    if (room_ && room_->Has(*last)) {
+        NoteIfFull(*last);
+    }
+    return std::nullopt;
+}
+
+void RowPages::NoteIfFull(PageNumber page) {
+    if (!PageOf(page).HasRoomFor(WorthLookingAt)) {
+        room_->Remove(page);
+    }
+}
+
 std::optional<PageNumber> RowPages::FindRoom(std::size_t size) {
     if (!room_) {
-        const auto last = owned_.Last();
-        return last && PageOf(*last).HasRoomFor(size) ? last : std::nullopt;
+        return FindRoomBehindAll(size);
     }
     auto page = room_->Last();
     for (int looks = 0; page && looks < MostLooks; ++looks) {
-        const DataPage rows = PageOf(*page);
-        if (rows.HasRoomFor(size)) {
+        if (PageOf(*page).HasRoomFor(size)) {
             return page;
         }
-        if (!rows.HasRoomFor(WorthLookingAt)) {
-            room_->Remove(*page);
-        }
+        NoteIfFull(*page);
         page = room_->Last(*page);
     }
     return std::nullopt;
 }
 
 PageNumber RowPages::NewPage() {
-    const PageNumber page = pages_.Take();
+    const PageNumber page = pages_.TakeBehind(owned_.Last().value_or(0));
     ChangeableDataPage::Begin(pages_.Change(page), page, owner_);
     owned_.Add(page);
     if (room_) {

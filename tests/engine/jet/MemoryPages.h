@@ -25,6 +25,8 @@ public:
         }
         return *pages_[number];
     }
+    /// New pages come from the end, and so behind all others.
+    PageNumber TakeBehind(PageNumber /*page*/) override { return Take(); }
     PageNumber Take() override {
         pages_.emplace_back();
         return Count() - 1;

@@ -29,6 +29,8 @@ public:
         return *pages_[number];
     }
 
+    /// New pages come from the end, and so behind all others.
+    PageNumber TakeBehind(PageNumber /*page*/) override { return Take(); }
     PageNumber Take() override {
         if (free_.empty()) {
             pages_.push_back(std::make_unique<Page>());
