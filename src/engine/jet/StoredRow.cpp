@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t ColumnCountSize = 2;
 constexpr std::size_t OffsetSize = 2;
+constexpr int NoColumn = -1;
 
 std::size_t NullMaskSize(std::size_t columns) {
     return (columns + 7) / 8;
@@ -27,62 +28,14 @@ std::size_t FixedEnd(const TableLayout& layout) {
     return end;
 }
 
-// By their places; none at those of deleted columns.
-std::vector<const Cell*> VariableCells(const TableLayout& layout, const std::vector<Cell>& cells) {
-    std::vector<const Cell*> variable(layout.variableColumns, nullptr);
-    for (std::size_t column = 0; column < cells.size(); ++column) {
-        const Column& known = layout.columns[column];
-        if (!known.isFixed && known.type != ColumnType::Boolean) {
-            variable[known.variablePlace] = &cells[column];
-        }
-    }
-    return variable;
-}
-
-void Append16(QByteArray& bytes, std::size_t number) {
-    bytes += static_cast<char>(number & 0xFF);
-    bytes += static_cast<char>(number >> 8 & 0xFF);
-}
-
-QByteArray FixedPart(const TableLayout& layout, const std::vector<Cell>& cells) {
-    QByteArray fixed(static_cast<qsizetype>(FixedEnd(layout)), '\0');
-    ChangeableBytes bytes = ChangeableBytesOf(fixed, layout.page);
-    for (std::size_t column = 0; column < cells.size(); ++column) {
-        const Column& known = layout.columns[column];
-        if (known.isFixed && known.type != ColumnType::Boolean && cells[column]) {
-            bytes.PutBytes(known.fixedAt, BytesOf(*cells[column], layout.page).Part(0, known.size));
-        }
-    }
-    return fixed;
-}
-
-void AppendVariablePart(QByteArray& row, const TableLayout& layout, const std::vector<Cell>& cells) {
-    std::vector<qsizetype> offsets;
-    for (const Cell* cell : VariableCells(layout, cells)) {
-        offsets.push_back(row.size());
-        if (cell != nullptr && *cell) {
-            row += **cell;
-        }
-    }
-    offsets.push_back(row.size());
-    std::for_each(offsets.rbegin(), offsets.rend(),
-                  [&row](qsizetype offset) { Append16(row, static_cast<std::size_t>(offset)); });
-    Append16(row, layout.variableColumns);
-}
-
-QByteArray NullMask(const TableLayout& layout, const std::vector<Cell>& cells) {
-    QByteArray mask(static_cast<qsizetype>(NullMaskSize(layout.rowColumns)), '\0');
-    for (std::size_t column = 0; column < cells.size(); ++column) {
-        if (cells[column]) {
-            SetBit(ChangeableBytesOf(mask, layout.page), layout.columns[column].number, true);
-        }
-    }
-    return mask;
-}
-
 }  // namespace
 
-StoredRow::StoredRow(const TableLayout& layout, const Bytes& row) : page_(row.OfPage()), row_(row.Copy()) {
+void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
+    page_ = row.OfPage();
+    row_.resize(static_cast<qsizetype>(row.Size()));
+    std::copy_n(row.Data(), row.Size(), reinterpret_cast<std::uint8_t*>(row_.data()));
+    cells_.clear();
+    variableColumns_ = 0;
     columns_ = row.U16(0);
     const std::size_t maskSize = NullMaskSize(columns_);
     if (columns_ > layout.rowColumns || ColumnCountSize + maskSize > row.Size()) {
@@ -145,26 +98,71 @@ Bytes StoredRow::BytesOf(int column) const {
     return jet::BytesOf(row_, page_).Part(extent.at, extent.size);
 }
 
-Cell StoredRow::CellOf(int column) const {
-    return Has(column) ? Cell(BytesOf(column).Copy()) : std::nullopt;
+RowMaker::RowMaker(const TableLayout& layout)
+    : fixedEnd_(FixedEnd(layout)), variable_(layout.variableColumns, NoColumn) {
+    for (std::size_t column = 0; column < layout.columns.size(); ++column) {
+        const Column& known = layout.columns[column];
+        if (!known.isFixed && known.type != ColumnType::Boolean) {
+            variable_[known.variablePlace] = static_cast<int>(column);
+        }
+    }
 }
 
-std::vector<Cell> StoredRow::Cells() const {
-    std::vector<Cell> cells;
-    for (std::size_t column = 0; column < cells_.size(); ++column) {
-        cells.push_back(CellOf(static_cast<int>(column)));
+std::size_t RowMaker::VariableSize(const RowCells& cells) const {
+    if (variable_.empty()) {
+        return 0;
     }
-    return cells;
+    std::size_t size = OffsetSize * (variable_.size() + 2);
+    for (const int column : variable_) {
+        size += column != NoColumn && cells.Has(column) ? cells.BytesOf(column).Size() : 0;
+    }
+    return size;
 }
 
-QByteArray PutRowTogether(const TableLayout& layout, const std::vector<Cell>& cells) {
-    QByteArray row;
-    Append16(row, layout.rowColumns);
-    row += FixedPart(layout, cells);
-    if (layout.variableColumns > 0) {
-        AppendVariablePart(row, layout, cells);
+Bytes RowMaker::Make(const TableLayout& layout, const RowCells& cells) {
+    const std::size_t variableAt = ColumnCountSize + fixedEnd_;
+    const std::size_t maskAt = variableAt + VariableSize(cells);
+    const std::size_t maskSize = NullMaskSize(layout.rowColumns);
+    row_.assign(maskAt + maskSize, 0);
+    ChangeableBytes row(row_.data(), row_.size(), layout.page);
+    row.Put16(0, layout.rowColumns);
+    PutFixedPart(row.ChangeablePart(ColumnCountSize, fixedEnd_), layout, cells);
+    if (!variable_.empty()) {
+        PutVariablePart(row.ChangeablePart(0, maskAt), variableAt, cells);
     }
-    return row + NullMask(layout, cells);
+    const ChangeableBytes mask = row.ChangeablePart(maskAt, maskSize);
+    for (std::size_t column = 0; column < layout.columns.size(); ++column) {
+        if (cells.Has(static_cast<int>(column))) {
+            SetBit(mask, layout.columns[column].number, true);
+        }
+    }
+    return row;
+}
+
+void RowMaker::PutFixedPart(ChangeableBytes row, const TableLayout& layout, const RowCells& cells) const {
+    for (std::size_t column = 0; column < layout.columns.size(); ++column) {
+        const Column& known = layout.columns[column];
+        const auto place = static_cast<int>(column);
+        if (known.isFixed && known.type != ColumnType::Boolean && cells.Has(place)) {
+            row.PutBytes(known.fixedAt, cells.BytesOf(place).Part(0, known.size));
+        }
+    }
+}
+
+// The values, and behind them the list of where each begins and the last ends, in reverse.
+void RowMaker::PutVariablePart(ChangeableBytes row, std::size_t at, const RowCells& cells) const {
+    std::size_t entry = row.Size() - OffsetSize;
+    row.Put16(entry, static_cast<std::uint16_t>(variable_.size()));
+    for (const int column : variable_) {
+        entry -= OffsetSize;
+        row.Put16(entry, static_cast<std::uint16_t>(at));
+        if (column != NoColumn && cells.Has(column)) {
+            const Bytes cell = cells.BytesOf(column);
+            row.PutBytes(at, cell);
+            at += cell.Size();
+        }
+    }
+    row.Put16(entry - OffsetSize, static_cast<std::uint16_t>(at));
 }
 
 }  // namespace engine::jet

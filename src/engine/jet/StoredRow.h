@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/jet/RowCells.h"
 #include "engine/jet/TableLayout.h"
 
 #include <QByteArray>
@@ -20,14 +21,16 @@ using Cell = std::optional<QByteArray>;
 class StoredRow {
 public:
     /// Fails with DatabaseDamaged where the row says something that can't be.
-    StoredRow(const TableLayout& layout, const Bytes& row);
+    StoredRow(const TableLayout& layout, const Bytes& row) { TakeApart(layout, row); }
+    /// Of no columns, until a row is taken apart.
+    StoredRow() = default;
+    /// Takes the place of the row that was there, and its memory. Fails likewise; then it is no row any more.
+    void TakeApart(const TableLayout& layout, const Bytes& row);
 
     std::size_t ColumnCount() const { return cells_.size(); }
     bool Has(int column) const { return cells_[static_cast<std::size_t>(column)].isThere; }
     /// Of a column that the row has.
     Bytes BytesOf(int column) const;
-    Cell CellOf(int column) const;
-    std::vector<Cell> Cells() const;
 
     const QByteArray& Whole() const { return row_; }
 
@@ -41,7 +44,7 @@ private:
     Extent Find(const Column& column, const Bytes& row) const;
     Extent FindVariable(const Column& column, const Bytes& row) const;
 
-    PageNumber page_;
+    PageNumber page_ = 0;
     std::uint16_t columns_ = 0;
     std::size_t nullMaskAt_ = 0;
     std::uint16_t variableColumns_ = 0;
@@ -52,7 +55,24 @@ private:
 /// The longest row that the format allows.
 inline constexpr std::size_t LongestRow = 4060;
 
-/// The bytes of a row that has these cells, one for each column of the layout, however long it gets.
-QByteArray PutRowTogether(const TableLayout& layout, const std::vector<Cell>& cells);
+/// Puts rows of a table together.
+class RowMaker {
+public:
+    explicit RowMaker(const TableLayout& layout);
+
+    /// The bytes of a row that has these cells, one for each column of the layout, however long it gets. They
+    /// stand until the next row is made.
+    Bytes Make(const TableLayout& layout, const RowCells& cells);
+
+private:
+    void PutFixedPart(ChangeableBytes row, const TableLayout& layout, const RowCells& cells) const;
+    void PutVariablePart(ChangeableBytes row, std::size_t at, const RowCells& cells) const;
+    std::size_t VariableSize(const RowCells& cells) const;
+
+    std::size_t fixedEnd_ = 0;
+    /// The column at each place of the variable part, NoColumn where one was deleted.
+    std::vector<int> variable_;
+    std::vector<std::uint8_t> row_;
+};
 
 }  // namespace engine::jet

@@ -61,7 +61,8 @@ QByteArray Signpost(const Bytes& old, RowPlace to) {
 
 }  // namespace
 
-Table::Table(PageStore& pages, TableLayout layout) : pages_(pages), layout_(std::move(layout)) {
+Table::Table(PageStore& pages, TableLayout layout)
+    : pages_(pages), layout_(std::move(layout)), maker_(layout_) {
 }
 
 std::optional<RowPlace> Table::NextFrom(RowPlace place) const {
@@ -84,7 +85,7 @@ std::optional<RowPlace> Table::RowBehind(RowPlace key) const {
 
 Table::Whereabouts Table::Locate(RowPlace key) const {
     const RowPages rows = Rows();
-    Whereabouts found{{key}, false};
+    Whereabouts found{key, key, {}, false};
     if (!rows.Owns(key.page) || key.row >= rows.PageOf(key.page).RowCount()) {
         found.isDeleted = true;
         return found;
@@ -92,11 +93,12 @@ Table::Whereabouts Table::Locate(RowPlace key) const {
     RowState state = rows.PageOf(key.page).State(key.row);
     found.isDeleted = state == RowState::Deleted || state == RowState::MovedHere;
     while (state == RowState::MovedAway) {
-        const RowPlace from = found.Last();
+        const RowPlace from = found.last;
         const RowPlace to = ReadRowPlace(rows.PageOf(from.page).Row(from.row), 0);
         state = rows.PageOf(to.page).State(to.row);
-        found.trail.push_back(to);
-        if (state == RowState::Here || state == RowState::Deleted || found.trail.size() > MostHops) {
+        found.last = to;
+        found.moves.push_back(to);
+        if (state == RowState::Here || state == RowState::Deleted || found.moves.size() >= MostHops) {
             RaiseDamaged(key.page,
                          QStringLiteral("has a row %1 that is said to be at row %2 of page %3, and isn't")
                              .arg(key.row)
@@ -115,17 +117,22 @@ Table::Whereabouts Table::LocateLive(RowPlace key) const {
     return found;
 }
 
-StoredRow Table::RowAt(RowPlace place) const {
-    return {layout_, Rows().PageOf(place.page).Row(place.row)};
-}
-
 std::optional<StoredRow> Table::Find(RowPlace key) const {
     const Whereabouts found = Locate(key);
-    return found.isDeleted ? std::nullopt : std::optional(RowAt(found.Last()));
+    return found.isDeleted ? std::nullopt
+                           : std::optional<StoredRow>(std::in_place, layout_, BytesAt(found.last));
+}
+
+bool Table::Find(RowPlace key, StoredRow& into) const {
+    const Whereabouts found = Locate(key);
+    if (!found.isDeleted) {
+        into.TakeApart(layout_, BytesAt(found.last));
+    }
+    return !found.isDeleted;
 }
 
 StoredRow Table::Read(RowPlace key) const {
-    return RowAt(LocateLive(key).Last());
+    return {layout_, BytesAt(LocateLive(key).last)};
 }
 
 Value Table::ValueOf(const StoredRow& row, int column) const {
@@ -140,51 +147,58 @@ Value Table::ValueOf(const StoredRow& row, int column) const {
     return known.type == ColumnType::Memo ? Value(StoredText(BytesOf(bytes, layout_.page))) : Value(bytes);
 }
 
-Cell Table::CellFor(int column, const Value& value) {
+void Table::PutCell(RowCells& cells, int column, const Value& value) {
     const Column& known = ColumnAt(column);
-    if (!IsLongType(known.type) || IsNull(value)) {
-        return ToCell(known, value);
+    const Cell cell = IsLongType(known.type) && !IsNull(value)
+                          ? LongValues(pages_, known).Write(LongBytes(known, value))
+                          : ToCell(known, value);
+    if (cell) {
+        cells.Set(column, *cell);
+    } else {
+        cells.SetNull(column);
     }
-    return LongValues(pages_, known).Write(LongBytes(known, value));
 }
 
-void Table::Number(std::vector<Cell>& cells) {
-    for (std::size_t place = 0; place < cells.size(); ++place) {
-        const Column& column = layout_.columns[place];
-        if (column.makesGuids && !cells[place]) {
-            cells[place] = NewGuid();
+void Table::Number(RowCells& cells) {
+    for (int place = 0; place < static_cast<int>(cells.Count()); ++place) {
+        const Column& column = ColumnAt(place);
+        if (column.makesGuids && !cells.Has(place)) {
+            cells.Set(place, NewGuid());
         }
         if (column.countsUp && column.type == ColumnType::Long) {
-            cells[place] = NextNumber(column, cells[place]);
+            PutNextNumber(cells, place);
         }
     }
 }
 
 // The next number for a row that has none; one that it has is kept, and counted on from if it is higher.
-Cell Table::NextNumber(const Column& column, const Cell& given) {
+void Table::PutNextNumber(RowCells& cells, int column) {
     TableFigures figures = Figures();
     const std::int32_t last = figures.LastNumber();
-    if (!given && last == std::numeric_limits<std::int32_t>::max()) {
-        throw Error(ErrorNumber::Other,
-                    QStringLiteral("The field '%1' has no further number to give.").arg(column.name));
+    const bool isGiven = cells.Has(column);
+    if (!isGiven && last == std::numeric_limits<std::int32_t>::max()) {
+        throw Error(
+            ErrorNumber::Other,
+            QStringLiteral("The field '%1' has no further number to give.").arg(ColumnAt(column).name));
     }
-    const std::int32_t number =
-        given ? static_cast<std::int32_t>(BytesOf(*given, layout_.page).U32(0)) : last + 1;
+    const std::int32_t number = isGiven ? static_cast<std::int32_t>(cells.BytesOf(column).U32(0)) : last + 1;
     if (number > last) {
         figures.SetLastNumber(number);
     }
-    return given ? given : ToCell(column, qint64{number});
+    if (!isGiven) {
+        cells.SetNumber(column, number);
+    }
 }
 
-StoredRow Table::Compose(const std::vector<Cell>& cells) const {
-    const QByteArray row = PutRowTogether(layout_, cells);
-    if (row.size() > static_cast<qsizetype>(LongestRow)) {
+void Table::Compose(const RowCells& cells) {
+    const Bytes row = maker_.Make(layout_, cells);
+    if (row.Size() > LongestRow) {
         throw Error(ErrorNumber::RecordTooLarge,
                     QStringLiteral("Record is too large: %1 bytes, of which a row takes %2.")
-                        .arg(row.size())
+                        .arg(static_cast<qulonglong>(row.Size()))
                         .arg(static_cast<qulonglong>(LongestRow)));
     }
-    return {layout_, BytesOf(row, layout_.page)};
+    made_.TakeApart(layout_, row);
 }
 
 RowPlace Table::Insert(const std::vector<Value>& values) {
@@ -194,57 +208,78 @@ RowPlace Table::Insert(const std::vector<Value>& values) {
                         .arg(values.size())
                         .arg(layout_.columns.size()));
     }
-    std::vector<Cell> cells;
+    RowCells cells;
+    cells.Clear(values.size());
     for (std::size_t column = 0; column < values.size(); ++column) {
-        cells.push_back(CellFor(static_cast<int>(column), values[column]));
+        PutCell(cells, static_cast<int>(column), values[column]);
     }
+    return Insert(cells);
+}
+
+RowPlace Table::Insert(RowCells& cells) {
     Number(cells);
-    const StoredRow row = Compose(cells);
+    Compose(cells);
     for (RowObserver* observer : observers_) {
-        observer->MayCome(nullptr, row);
+        observer->MayCome(nullptr, made_);
     }
-    const RowPlace key = Rows().Add(BytesOf(row.Whole(), layout_.page), RowState::Here);
+    const RowPlace key = Rows().Add(BytesOf(made_.Whole(), layout_.page), RowState::Here);
     for (RowObserver* observer : observers_) {
-        observer->Came(key, row);
+        observer->Came(key, made_);
     }
-    Figures().SetRows(Figures().Rows() + 1);
+    TableFigures figures = Figures();
+    figures.SetRows(figures.Rows() + 1);
     return key;
 }
 
 void Table::Update(RowPlace key, const std::vector<CellChange>& changes) {
+    RowCells changed;
+    changed.Clear(layout_.columns.size());
+    std::vector<int> columns;
+    LocateLive(key);
+    for (const CellChange& change : changes) {
+        PutCell(changed, change.column, change.value);
+        columns.push_back(change.column);
+    }
+    Update(key, columns, changed);
+}
+
+void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells& changed) {
     const Whereabouts whereabouts = LocateLive(key);
-    const StoredRow old = RowAt(whereabouts.Last());
-    std::vector<Cell> cells = old.Cells();
-    for (const CellChange& change : changes) {
-        cells[static_cast<std::size_t>(change.column)] = CellFor(change.column, change.value);
+    old_.TakeApart(layout_, BytesAt(whereabouts.last));
+    cells_.Clear(layout_.columns.size());
+    for (int column = 0; column < static_cast<int>(cells_.Count()); ++column) {
+        if (std::find(columns.begin(), columns.end(), column) != columns.end()) {
+            if (changed.Has(column)) {
+                cells_.Set(column, changed.BytesOf(column));
+            }
+        } else if (old_.Has(column)) {
+            cells_.Set(column, old_.BytesOf(column));
+        }
     }
-    const StoredRow row = Compose(cells);
+    Compose(cells_);
     for (RowObserver* observer : observers_) {
-        observer->MayCome(&old, row);
+        observer->MayCome(&old_, made_);
     }
     for (RowObserver* observer : observers_) {
-        observer->Changed(key, old, row);
+        observer->Changed(key, old_, made_);
     }
-    Put(whereabouts, row);
-    for (const CellChange& change : changes) {
-        FreeLongValue(old, change.column);
+    Put(whereabouts, BytesOf(made_.Whole(), layout_.page));
+    for (const int column : columns) {
+        FreeLongValue(old_, column);
     }
 }
 
-// Its own place is tried first, so that rows that have moved come back when they can.
-void Table::Put(const Whereabouts& old, const StoredRow& row) {
+void Table::Put(const Whereabouts& old, const Bytes& row) {
     RowPages rows = Rows();
-    const RowPlace key = old.trail.front();
-    const Bytes bytes = BytesOf(row.Whole(), layout_.page);
-    const bool hasMoved = old.trail.size() > 1;
-    if (rows.Replace(key, bytes, RowState::Here)) {
+    const RowPlace key = old.key;
+    if (rows.Replace(key, row, RowState::Here)) {
         LeaveTrail(old);
         return;
     }
-    if (hasMoved && rows.Replace(old.Last(), bytes, RowState::MovedHere)) {
+    if (!old.moves.empty() && rows.Replace(old.last, row, RowState::MovedHere)) {
         return;
     }
-    const RowPlace to = rows.Add(bytes, RowState::MovedHere);
+    const RowPlace to = rows.Add(row, RowState::MovedHere);
     const QByteArray signpost = Signpost(rows.PageOf(key.page).Row(key.row), to);
     if (!rows.Replace(key, BytesOf(signpost, key.page), RowState::MovedAway)) {
         throw Error(ErrorNumber::Other, QStringLiteral("A row of 3 bytes has no room to grow."));
@@ -255,12 +290,12 @@ void Table::Put(const Whereabouts& old, const StoredRow& row) {
 // Nobody names the places that a row had moved to before.
 void Table::LeaveTrail(const Whereabouts& old) {
     RowPages rows = Rows();
-    std::for_each(old.trail.begin() + 1, old.trail.end(), [&rows](RowPlace place) { rows.Delete(place); });
+    std::for_each(old.moves.begin(), old.moves.end(), [&rows](RowPlace place) { rows.Delete(place); });
 }
 
 void Table::Delete(RowPlace key) {
     const Whereabouts whereabouts = LocateLive(key);
-    const StoredRow row = RowAt(whereabouts.Last());
+    const StoredRow row(layout_, BytesAt(whereabouts.last));
     for (RowObserver* observer : observers_) {
         observer->Goes(key, row);
     }

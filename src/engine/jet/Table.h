@@ -37,8 +37,12 @@ public:
     std::optional<RowPlace> RowBehind(RowPlace key) const;
     /// The row with this key, none if it has been deleted or never was there.
     std::optional<StoredRow> Find(RowPlace key) const;
+    /// The same into a row whose memory is taken over. False if there is none.
+    bool Find(RowPlace key, StoredRow& into) const;
     /// The same for a row that must be there: fails with 3167 if it is deleted.
     StoredRow Read(RowPlace key) const;
+    /// The same into a row whose memory is taken over.
+    void Read(RowPlace key, StoredRow& into) const { into.TakeApart(layout_, BytesAt(LocateLive(key).last)); }
     /// A column's value, that of a long one included: QString for a memo, QByteArray for a long binary.
     Value ValueOf(const StoredRow& row, int column) const;
 
@@ -46,9 +50,17 @@ public:
     /// for null, and counts on from a higher one; one that makes identifiers gets a new one. Fails with 3421
     /// and 3163 as ToCell does, and with 3047 for a row longer than the format allows.
     RowPlace Insert(const std::vector<Value>& values);
+    /// The same for cells that the columns take, each as PutCell and ToCell make them. Those that number
+    /// themselves are filled in.
+    RowPlace Insert(RowCells& cells);
     /// Each column may be named once; those that aren't keep their bytes, long values their places. Fails as
     /// Insert does, and with 3167 for a deleted row.
     void Update(RowPlace key, const std::vector<CellChange>& changes);
+    /// The same with the cells of these columns.
+    void Update(RowPlace key, const std::vector<int>& columns, const RowCells& changed);
+    /// Puts in the cell of a value. A long value is written to its pages. Fails with 3421 and 3163 as ToCell
+    /// does.
+    void PutCell(RowCells& cells, int column, const Value& value);
     void Delete(RowPlace key);
     /// Deletes all rows in as much time as their pages take. The last automatic number stays.
     void Wipe();
@@ -56,29 +68,33 @@ public:
 private:
     /// Where a row's bytes are, and what leads there: its key, then the places it has moved to.
     struct Whereabouts {
-        std::vector<RowPlace> trail;
+        RowPlace key;
+        RowPlace last;                ///< Where its bytes are.
+        std::vector<RowPlace> moves;  ///< From the key on, up to the last place.
         bool isDeleted = false;
-
-        RowPlace Last() const { return trail.back(); }
     };
 
     std::optional<RowPlace> NextFrom(RowPlace place) const;
     Whereabouts Locate(RowPlace key) const;
     Whereabouts LocateLive(RowPlace key) const;
-    StoredRow RowAt(RowPlace place) const;
+    Bytes BytesAt(RowPlace place) const { return Rows().PageOf(place.page).Row(place.row); }
 
     RowPages Rows() const { return {pages_, layout_.page, layout_.pages, layout_.pagesWithRoom}; }
-    Cell CellFor(int column, const Value& value);
-    void Number(std::vector<Cell>& cells);
-    Cell NextNumber(const Column& column, const Cell& given);
-    StoredRow Compose(const std::vector<Cell>& cells) const;
+    void Number(RowCells& cells);
+    void PutNextNumber(RowCells& cells, int column);
+    void Compose(const RowCells& cells);
     void FreeLongValue(const StoredRow& row, int column);
-    void Put(const Whereabouts& old, const StoredRow& row);
+    void Put(const Whereabouts& old, const Bytes& row);
     void LeaveTrail(const Whereabouts& old);
 
     PageStore& pages_;
     TableLayout layout_;
     std::vector<RowObserver*> observers_;
+    // Only for the row that is being written; its memory serves the next one as well.
+    RowMaker maker_;
+    RowCells cells_;
+    StoredRow old_;
+    StoredRow made_;
 };
 
 }  // namespace engine::jet

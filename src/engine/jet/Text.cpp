@@ -17,7 +17,15 @@ constexpr qsizetype FewestCompressed = 3;
     RaiseDamaged(stored.OfPage(), QStringLiteral("has a text that ends within a character"));
 }
 
+bool IsAllCompressed(const Bytes& stored) {
+    return std::find(stored.Data(), stored.Data() + stored.Size(), 0) == stored.Data() + stored.Size();
+}
+
 QString Decompressed(const Bytes& stored) {
+    if (IsAllCompressed(stored)) {
+        return QString::fromLatin1(reinterpret_cast<const char*>(stored.Data()),
+                                   static_cast<qsizetype>(stored.Size()));
+    }
     QString text;
     bool isPlain = false;
     std::size_t at = 0;

@@ -162,10 +162,11 @@ TEST_F(JetIndexedTable, AKeyThatAnotherRowHasIsRefused) {
 // Two moments that are the same to the millisecond.
 TEST_F(JetIndexedTable, ADateHasItsKeyFromAllOfItsDigits) {
     const auto keyOf = [&](double date) {
-        std::vector<Cell> cells(13);
-        cells[7] = QByteArray(reinterpret_cast<const char*>(&date), sizeof date);
-        const QByteArray row = PutRowTogether(things->Layout(), cells);
-        return things->IndexAt(7).ValuesOf(StoredRow(things->Layout(), BytesOf(row, 0)));
+        RowCells cells;
+        cells.Clear(13);
+        cells.SetNumber(7, date);
+        RowMaker maker(things->Layout());
+        return things->IndexAt(7).ValuesOf(StoredRow(things->Layout(), maker.Make(things->Layout(), cells)));
     };
     EXPECT_EQ(keyOf(45000.25), std::vector<Value>{45000.25});
     EXPECT_EQ(keyOf(45000.2500000001), std::vector<Value>{45000.2500000001});

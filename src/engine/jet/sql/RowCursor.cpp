@@ -1,6 +1,7 @@
 #include "engine/jet/sql/RowCursor.h"
 
 #include "engine/jet/sql/JetConnection.h"
+#include "engine/jet/sql/QuickValue.h"
 #include "engine/jet/sql/SqlTable.h"
 #include "engine/jet/sql/SqlValue.h"
 
@@ -26,7 +27,7 @@ void RowCursor::Begin(int way, std::span<sqlite3_value*> values) {
 void RowCursor::GoThroughAll() {
     isThroughAll_ = true;
     key_ = table_.Rows().FirstRow();
-    row_.reset();
+    hasRow_ = false;
 }
 
 void RowCursor::FindKey(sqlite3_value* value) {
@@ -69,14 +70,14 @@ void RowCursor::Next() {
     }
     table_.Connection().File().LetGoOfPages();
     key_ = table_.Rows().RowBehind(*key_);
-    row_.reset();
+    hasRow_ = false;
 }
 
 // Rows may have gone since they were found.
 void RowCursor::Settle() {
     for (; place_ < found_.size(); ++place_) {
-        row_ = table_.Rows().Find(found_[place_]);
-        if (row_) {
+        hasRow_ = table_.Rows().Find(found_[place_], row_);
+        if (hasRow_) {
             key_ = found_[place_];
             return;
         }
@@ -85,10 +86,14 @@ void RowCursor::Settle() {
 }
 
 void RowCursor::Give(sqlite3_context* context, int column) {
-    if (!row_) {
-        row_ = table_.Rows().Read(*key_);
+    if (!hasRow_) {
+        table_.Rows().Read(*key_, row_);
+        hasRow_ = true;
     }
-    GiveToSql(context, table_.ColumnAt(column), table_.Rows().ValueOf(*row_, column));
+    if (GiveQuickly(context, table_.Rows().ColumnAt(column), row_, column)) {
+        return;
+    }
+    GiveToSql(context, table_.ColumnAt(column), table_.Rows().ValueOf(row_, column));
 }
 
 }  // namespace engine::jet

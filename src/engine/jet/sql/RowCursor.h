@@ -34,7 +34,8 @@ private:
 
     SqlTable& table_;
     std::optional<RowPlace> key_;
-    std::optional<StoredRow> row_;
+    StoredRow row_;
+    bool hasRow_ = false;  ///< Whether it is the one with the key.
     bool isThroughAll_ = false;
     std::vector<RowPlace> found_;  ///< By an index.
     std::size_t place_ = 0;

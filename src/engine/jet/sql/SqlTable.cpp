@@ -2,6 +2,7 @@
 
 #include "engine/dialect/Names.h"
 #include "engine/jet/sql/JetConnection.h"
+#include "engine/jet/sql/QuickValue.h"
 #include "engine/jet/sql/SqlValue.h"
 
 #include <algorithm>
@@ -77,25 +78,33 @@ void SqlTable::Plan(sqlite3_index_info& plan) const {
     }
 }
 
-qint64 SqlTable::Insert(std::span<sqlite3_value*> values) {
-    row_.resize(values.size());
-    for (std::size_t column = 0; column < values.size(); ++column) {
-        row_[column] = FromSql(stored_.Layout().columns[column], values[column]);
+void SqlTable::Put(int column, sqlite3_value* value) {
+    const Column& known = stored_.Rows().ColumnAt(column);
+    if (!PutQuickly(cells_, column, known, value)) {
+        stored_.Rows().PutCell(cells_, column, FromSql(known, value));
     }
-    const RowPlace key = stored_.Rows().Insert(row_);
+}
+
+qint64 SqlTable::Insert(std::span<sqlite3_value*> values) {
+    cells_.Clear(values.size());
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        Put(static_cast<int>(column), values[column]);
+    }
+    const RowPlace key = stored_.Rows().Insert(cells_);
     connection_.NoteInserted(key);
     return ToNumber(key);
 }
 
 void SqlTable::Update(qint64 key, std::span<sqlite3_value*> values) {
-    std::vector<CellChange> changes;
+    cells_.Clear(values.size());
+    changed_.clear();
     for (std::size_t column = 0; column < values.size(); ++column) {
         if (sqlite3_value_nochange(values[column]) == 0) {
-            changes.push_back(
-                {static_cast<int>(column), FromSql(stored_.Layout().columns[column], values[column])});
+            Put(static_cast<int>(column), values[column]);
+            changed_.push_back(static_cast<int>(column));
         }
     }
-    stored_.Rows().Update(ToRowPlace(static_cast<std::uint32_t>(key)), changes);
+    stored_.Rows().Update(ToRowPlace(static_cast<std::uint32_t>(key)), changed_, cells_);
 }
 
 void SqlTable::Delete(qint64 key) {

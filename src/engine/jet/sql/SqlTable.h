@@ -43,12 +43,15 @@ public:
     void Delete(qint64 key);
 
 private:
+    void Put(int column, sqlite3_value* value);
     bool CanLookUp(const RealIndex& index) const;
 
     JetConnection& connection_;
     IndexedTable& stored_;
     std::vector<execution::Column> columns_;
-    std::vector<Value> row_;  ///< Of the insert that is under way.
+    // Of the row that is being written.
+    RowCells cells_;
+    std::vector<int> changed_;
 };
 
 }  // namespace engine::jet

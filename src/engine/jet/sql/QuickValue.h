@@ -1,0 +1,19 @@
+#pragma once
+
+#include "engine/jet/StoredRow.h"
+
+#include <sqlite3.h>
+
+namespace engine::jet {
+
+/// The usual values go straight between a row's bytes and SQLite: whole numbers, amounts, days, texts of
+/// ASCII. Both routines say no to any other value, having done nothing. Those go by way of a Value, which is
+/// right for the usual ones as well, and slow (SqlValue.h).
+
+/// Puts in the cell that ToCell would make of the value.
+bool PutQuickly(RowCells& cells, int place, const Column& column, sqlite3_value* value);
+
+/// Gives what GiveToSql would give of the column.
+bool GiveQuickly(sqlite3_context* context, const Column& column, const StoredRow& row, int place);
+
+}  // namespace engine::jet
