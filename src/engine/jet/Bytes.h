@@ -4,10 +4,13 @@
 
 #include <QByteArray>
 
+#include <bit>
 #include <cstring>
 #include <span>
 
 namespace engine::jet {
+
+static_assert(std::endian::native == std::endian::little, "the file's order of bytes is the machine's");
 
 /// Bytes of a page, or of a part of one, read little-endian.
 ///
@@ -52,11 +55,9 @@ private:
     template <class Unsigned>
     Unsigned Number(std::size_t at, std::size_t size) const {
         Require(at, size);
-        std::uint64_t number = 0;
-        for (std::size_t place = size; place > 0; --place) {
-            number = number << 8 | bytes_[at + place - 1];
-        }
-        return static_cast<Unsigned>(number);
+        Unsigned number = 0;
+        std::memcpy(&number, bytes_ + at, size);
+        return number;
     }
 
     [[noreturn]] void RaiseOutside(std::size_t at, std::size_t size) const;
@@ -97,9 +98,7 @@ public:
 private:
     void Put(std::size_t at, std::uint64_t number, std::size_t size) {
         Require(at, size);
-        for (std::size_t place = 0; place < size; ++place) {
-            bytes_[at + place] = static_cast<std::uint8_t>(number >> (8 * place));
-        }
+        std::memcpy(bytes_ + at, &number, size);
     }
 
     std::uint8_t* bytes_;

@@ -11,14 +11,8 @@ namespace {
 constexpr std::size_t FreeBytesAt = 2;
 constexpr std::size_t OwnerAt = 4;
 constexpr std::size_t RowCountAt = 12;
-constexpr std::uint16_t OffsetBits = 0x1FFF;
-constexpr std::uint16_t StateBits = 0xC000;
 // A row's number has one byte wherever it is named.
 constexpr int HighestRowNumber = 255;
-
-std::size_t EntryAt(int row) {
-    return DataPageHead + RowListEntry * static_cast<std::size_t>(row);
-}
 
 [[noreturn]] void RaiseNoRoom(PageNumber page) {
     RaiseDamaged(page, QStringLiteral("has less room than it says"));
@@ -39,27 +33,8 @@ DataPage::DataPage(const Page& page, PageNumber number, std::uint32_t owner)
     }
 }
 
-void DataPage::RequireRow(int row) const {
-    if (row < 0 || row >= rows_) {
-        RaiseDamaged(bytes_.OfPage(), QStringLiteral("has %1 rows, and so no row %2").arg(rows_).arg(row));
-    }
-}
-
-std::uint16_t DataPage::Entry(int row) const {
-    RequireRow(row);
-    return bytes_.U16(EntryAt(row));
-}
-
-RowState DataPage::State(int row) const {
-    return static_cast<RowState>(Entry(row) & StateBits);
-}
-
-std::size_t DataPage::RowBegin(int row) const {
-    return Entry(row) & OffsetBits;
-}
-
-std::size_t DataPage::RowEnd(int row) const {
-    return row == 0 ? PageSize : RowBegin(row - 1);
+void DataPage::RaiseNoRow(int row) const {
+    RaiseDamaged(bytes_.OfPage(), QStringLiteral("has %1 rows, and so no row %2").arg(rows_).arg(row));
 }
 
 Bytes DataPage::Row(int row) const {

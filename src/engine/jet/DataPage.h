@@ -48,7 +48,7 @@ public:
 
     int RowCount() const { return rows_; }
     /// Fails for a row that the page doesn't have, and so do all that name a row.
-    RowState State(int row) const;
+    RowState State(int row) const { return static_cast<RowState>(Entry(row) & StateBits); }
     /// The bytes of the row, also of a deleted one.
     Bytes Row(int row) const;
     std::size_t FreeBytes() const;
@@ -59,10 +59,21 @@ public:
     bool IsAllDeleted() const;
 
 protected:
-    std::size_t RowBegin(int row) const;
-    std::size_t RowEnd(int row) const;
-    std::uint16_t Entry(int row) const;
-    void RequireRow(int row) const;
+    static constexpr std::uint16_t OffsetBits = 0x1FFF;
+    static constexpr std::uint16_t StateBits = 0xC000;
+
+    std::size_t RowBegin(int row) const { return Entry(row) & OffsetBits; }
+    std::size_t RowEnd(int row) const { return row == 0 ? PageSize : RowBegin(row - 1); }
+    std::uint16_t Entry(int row) const {
+        if (row < 0 || row >= rows_) {
+            RaiseNoRow(row);
+        }
+        return bytes_.U16(EntryAt(row));
+    }
+    static constexpr std::size_t EntryAt(int row) {
+        return DataPageHead + RowListEntry * static_cast<std::size_t>(row);
+    }
+    [[noreturn]] void RaiseNoRow(int row) const;
 
     Bytes bytes_;
     int rows_;

@@ -101,10 +101,14 @@ Value IndexObserver::ValueIn(const StoredRow& row, int column) const {
 
 std::vector<Value> IndexObserver::ValuesOf(const StoredRow& row) const {
     std::vector<Value> values;
+    AppendValues(values, row);
+    return values;
+}
+
+void IndexObserver::AppendValues(std::vector<Value>& values, const StoredRow& row) const {
     for (const IndexColumn& column : Definition().columns) {
         values.push_back(ValueIn(row, column.column));
     }
-    return values;
 }
 
 // Also saves taking the key apart twice when an update leaves it alone, as most do.
@@ -116,14 +120,16 @@ bool IndexObserver::HasSameKey(const StoredRow& old, const StoredRow& row) const
 
 void IndexObserver::MayCome(const StoredRow* old, const StoredRow& row) {
     if (old == nullptr) {
-        entries_.CheckNew(ValuesOf(row));
+        values_.clear();
+        AppendValues(values_, row);
+        entries_.CheckNew(values_);
     } else if (!HasSameKey(*old, row)) {
         entries_.CheckChanged(ValuesOf(*old), ValuesOf(row));
     }
 }
 
-void IndexObserver::Came(RowPlace key, const StoredRow& row) {
-    if (entries_.Add(ToNumber(key), ValuesOf(row))) {
+void IndexObserver::Came(RowPlace key, const StoredRow& /*row*/) {
+    if (entries_.AddChecked(ToNumber(key))) {
         CountNewKey();
     }
 }

@@ -44,6 +44,7 @@ public:
     IndexTree& Tree() { return entries_.Tree(); }
 
 private:
+    void AppendValues(std::vector<Value>& values, const StoredRow& row) const;
     Value ValueIn(const StoredRow& row, int column) const;
     bool HasSameKey(const StoredRow& old, const StoredRow& row) const;
     void RequireKnownOrder(const Column& column) const;
@@ -57,6 +58,7 @@ private:
     std::vector<KeyColumn> columns_;
     MappedIndexPages map_;
     TableIndex entries_;
+    std::vector<Value> values_;  ///< Of the row that may come, in memory for the next one as well.
 };
 
 /// One for each real index of a table, for whoever makes a database (see IndexKeepers).

@@ -23,14 +23,39 @@ void IndexTree::CheckLength(KeyView key) {
     }
 }
 
-void IndexTree::Insert(KeyView key, std::uint32_t row) {
+// Whether an entry with the key stands right before or behind the place where the path leads; if so, mostly
+// before it, as rows come in their order.
+bool IndexTree::HasKeyBeside(const IndexPage& leaf, KeyView key) {
+    const std::size_t place = path_.back().place;
+    const auto hasKey = [&](std::size_t other) {
+        leaf.CopyEntry(other, neighbour_);
+        return Compare(KeyView(neighbour_).first(neighbour_.size() - IndexForm::RowSize), key) == 0;
+    };
+    if (place > 0 && hasKey(leaf.Before(place))) {
+        return true;
+    }
+    if (place < leaf.Used() && hasKey(place)) {
+        return true;
+    }
+    const bool isWithin = (place > 0 || leaf.Previous() == 0) && (place < leaf.Used() || leaf.Next() == 0);
+    return !isWithin && AtLeastHasKey(key);
+}
+
+bool IndexTree::AtLeastHasKey(KeyView key) const {
+    const IndexCursor first = AtLeast(key);
+    return first.HasEntry() && Compare(first.EntryKey(), key) == 0;
+}
+
+bool IndexTree::Insert(KeyView key, std::uint32_t row) {
     CheckLength(key);
     MakeEntry(key, row);
     const IndexPage leaf = pages_.FindPlace(path_, entry_);
     if (HasEntry(leaf)) {
         RaiseDamagedIndex(leaf.Number(), QStringLiteral("has an entry already for a row that is new"));
     }
+    const bool isNewKey = !HasKeyBeside(leaf, key);
     TreeEditor(pages_, path_).Insert(leaf, entry_);
+    return isNewKey;
 }
 
 bool IndexTree::Remove(KeyView key, std::uint32_t row) {

@@ -29,8 +29,8 @@ public:
     static void CheckLength(KeyView key);
 
     /// A row is told as its page times 256, and its number in it. An entry that stands there already is
-    /// damage. Checks the length as well.
-    void Insert(KeyView key, std::uint32_t row);
+    /// damage. Checks the length as well. True if no other entry has the key.
+    bool Insert(KeyView key, std::uint32_t row);
 
     /// False if there is no such entry, which only a damaged file explains.
     [[nodiscard]] bool Remove(KeyView key, std::uint32_t row);
@@ -51,10 +51,13 @@ public:
 private:
     void MakeEntry(KeyView key, std::uint32_t row);
     bool HasEntry(const IndexPage& leaf) const;
+    bool HasKeyBeside(const IndexPage& leaf, KeyView key);
+    bool AtLeastHasKey(KeyView key) const;
 
     TreePages pages_;
     TreePath path_;
     Key entry_;
+    Key neighbour_;
 };
 
 }  // namespace engine::jet

@@ -2,7 +2,6 @@
 
 #include "engine/jet/Bytes.h"
 
-#include <bit>
 #include <vector>
 
 namespace engine::jet {
@@ -36,10 +35,9 @@ public:
     void Set(int column, const QByteArray& bytes) {
         Set(column, bytes.constData(), static_cast<std::size_t>(bytes.size()));
     }
+    /// As the file has numbers, which is how the machine has them (Bytes.h).
     template <class Number>
     void SetNumber(int column, Number number) {
-        static_assert(std::endian::native == std::endian::little,
-                      "the file's order of bytes is the machine's");
         Set(column, &number, sizeof number);
     }
 

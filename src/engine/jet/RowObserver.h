@@ -21,6 +21,7 @@ public:
     /// that it can be read like any other. `old` is null for a new row.
     virtual void MayCome(const StoredRow* old, const StoredRow& row) = 0;
 
+    /// The row that MayCome was asked of last has come.
     virtual void Came(RowPlace key, const StoredRow& row) = 0;
     virtual void Changed(RowPlace key, const StoredRow& old, const StoredRow& row) = 0;
     /// The row is still there, with its long values.

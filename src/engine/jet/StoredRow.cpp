@@ -49,15 +49,14 @@ void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
         variableColumns_ = row.U16(nullMaskAt_ - OffsetSize);
     }
     cells_.reserve(layout.columns.size());
+    const Bytes mask = row.From(nullMaskAt_);
     for (const Column& column : layout.columns) {
-        cells_.push_back(Find(column, row));
+        const bool isThere = column.number < columns_ && HasBit(mask, column.number);
+        cells_.push_back(isThere ? Find(column, row) : Extent());
     }
 }
 
 StoredRow::Extent StoredRow::Find(const Column& column, const Bytes& row) const {
-    if (column.number >= columns_ || !HasBit(row.From(nullMaskAt_), column.number)) {
-        return {};
-    }
     if (column.type == ColumnType::Boolean) {
         return {true, 0, 0};
     }
@@ -65,7 +64,9 @@ StoredRow::Extent StoredRow::Find(const Column& column, const Bytes& row) const 
         return FindVariable(column, row);
     }
     const std::size_t at = ColumnCountSize + column.fixedAt;
-    row.Part(0, nullMaskAt_).Part(at, column.size);
+    if (at + column.size > nullMaskAt_) {
+        row.Part(0, nullMaskAt_).Part(at, column.size);
+    }
     return {true, static_cast<std::uint16_t>(at), column.size};
 }
 

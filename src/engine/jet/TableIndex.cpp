@@ -26,12 +26,7 @@ void TableIndex::CheckChanged(std::span<const Value> old, std::span<const Value>
 }
 
 bool TableIndex::Add(std::uint32_t row, const RowKey& key) {
-    if (!HasEntry(rules_, key)) {
-        return false;
-    }
-    const bool isNew = !tree_.RowWith(key.bytes);
-    tree_.Insert(key.bytes, row);
-    return isNew;
+    return HasEntry(rules_, key) && tree_.Insert(key.bytes, row);
 }
 
 void TableIndex::Remove(std::uint32_t row, const RowKey& key) {

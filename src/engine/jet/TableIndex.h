@@ -27,6 +27,8 @@ public:
 
     /// True if the key is new to the index.
     bool Add(std::uint32_t row, std::span<const Value> values);
+    /// The same for the values that CheckNew was given last, whose key is still known.
+    bool AddChecked(std::uint32_t row) { return Add(row, key_); }
     bool Change(std::uint32_t row, std::span<const Value> old, std::span<const Value> values);
     /// Fails with DatabaseDamaged if the row has no entry, and so does Change.
     void Remove(std::uint32_t row, std::span<const Value> values);

@@ -22,16 +22,6 @@ std::size_t HighestOf(unsigned bits) {
 
 }  // namespace
 
-bool HasBit(const Bytes& bits, std::size_t number) {
-    return (bits.U8(number / 8) >> number % 8 & 1) != 0;
-}
-
-void SetBit(ChangeableBytes bits, std::size_t number, bool isSet) {
-    const auto bit = static_cast<std::uint8_t>(1U << number % 8);
-    const std::uint8_t byte = bits.U8(number / 8);
-    bits.Put8(number / 8, static_cast<std::uint8_t>(isSet ? byte | bit : byte & ~bit));
-}
-
 void SetBits(ChangeableBytes bits, std::size_t from, std::size_t to, bool areSet) {
     for (std::size_t number = from; number < to; ++number) {
         SetBit(bits, number, areSet);

@@ -147,10 +147,12 @@ bool PutText(RowCells& cells, int place, const Column& column, std::string_view 
     return true;
 }
 
+// As a blob, as it is: SQLite would copy most texts to put a zero behind them. Asked for its length first, a
+// text is in UTF-8.
 std::string_view TextIn(sqlite3_value* value) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text == nullptr ? std::string_view()
-                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+    return size == 0 ? std::string_view()
+                     : std::string_view(static_cast<const char*>(sqlite3_value_blob(value)), size);
 }
 
 void GiveText(sqlite3_context* context, std::string_view text) {
