@@ -72,14 +72,12 @@ private:
 
 }  // namespace
 
-// All at once, since mostly there are none.
+// At each look at a page: as fast as memory is compared.
 bool EntryEnds::HasAnyBehind(std::size_t place) const {
-    std::size_t word = place / WordBits;
-    Word ends = Load(bits_, word) & ~UpToMask(place);
-    while (++word < Words) {
-        ends |= Load(bits_, word);
-    }
-    return ends != 0;
+    static constexpr std::array<std::uint8_t, IndexForm::EndsSize> NoEnds{};
+    const std::size_t byte = place / 8;
+    const int inFirst = bits_[byte] >> (place % 8) >> 1;
+    return inFirst != 0 || std::memcmp(bits_ + byte + 1, NoEnds.data(), IndexForm::EndsSize - byte - 1) != 0;
 }
 
 std::size_t EntryEnds::Behind(std::size_t place) const {

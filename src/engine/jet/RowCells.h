@@ -27,9 +27,14 @@ public:
     void SetNull(int column) { At(column) = {}; }
     /// Bytes of another place than these cells.
     void Set(int column, const void* bytes, std::size_t size) {
-        At(column) = {true, bytes_.size(), size};
+        At(column) = {true, bytes_.size(), 0};
+        Lengthen(column, bytes, size);
+    }
+    /// Further bytes for the column that was set last.
+    void Lengthen(int column, const void* bytes, std::size_t size) {
         const auto* first = static_cast<const std::uint8_t*>(bytes);
         bytes_.insert(bytes_.end(), first, first + size);
+        At(column).size += size;
     }
     void Set(int column, const Bytes& bytes) { Set(column, bytes.Data(), bytes.Size()); }
     void Set(int column, const QByteArray& bytes) {

@@ -30,6 +30,10 @@ ChangeableDataPage RowPages::ChangePageOf(PageNumber page) {
     if (!Owns(page)) {
         RaiseDamaged(page, QStringLiteral("is not among the pages of the rows that lead there"));
     }
+    return ChangeOwn(page);
+}
+
+ChangeableDataPage RowPages::ChangeOwn(PageNumber page) {
     // Looked at before it counts as changed.
     PageOf(page);
     return {pages_.Change(page), page, owner_};
@@ -39,7 +43,8 @@ RowPlace RowPages::Add(const Bytes& row, RowState state) {
     const bool isNewRow = state == RowState::Here && owner_ != PageOwner::LongValues;
     const auto found = isNewRow ? FindRoomBehindAll(row.Size()) : FindRoom(row.Size());
     const PageNumber page = found ? *found : NewPage();
-    ChangeableDataPage rows = ChangePageOf(page);
+    // A new row's page comes from the map of the own ones.
+    ChangeableDataPage rows = isNewRow ? ChangeOwn(page) : ChangePageOf(page);
     return {page, static_cast<std::uint8_t>(rows.Add(row, state))};
 }
 

@@ -40,6 +40,7 @@ private:
     std::optional<PageNumber> FindRoomBehindAll(std::size_t size);
     std::optional<PageNumber> FindRoom(std::size_t size);
     PageNumber NewPage();
+    ChangeableDataPage ChangeOwn(PageNumber page);
     void NoteIfFull(PageNumber page);
     void NoteRoom(PageNumber page, const DataPage& rows);
 

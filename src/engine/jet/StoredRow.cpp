@@ -30,47 +30,7 @@ std::size_t FixedEnd(const TableLayout& layout) {
 
 }  // namespace
 
-void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
-    page_ = row.OfPage();
-    row_.resize(static_cast<qsizetype>(row.Size()));
-    std::copy_n(row.Data(), row.Size(), reinterpret_cast<std::uint8_t*>(row_.data()));
-    cells_.clear();
-    variableColumns_ = 0;
-    columns_ = row.U16(0);
-    const std::size_t maskSize = NullMaskSize(columns_);
-    if (columns_ > layout.rowColumns || ColumnCountSize + maskSize > row.Size()) {
-        RaiseDamaged(page_, QStringLiteral("has a row of %1 columns and %2 bytes, of a table that has %3")
-                                .arg(columns_)
-                                .arg(static_cast<qulonglong>(row.Size()))
-                                .arg(layout.rowColumns));
-    }
-    nullMaskAt_ = row.Size() - maskSize;
-    if (layout.variableColumns > 0) {
-        variableColumns_ = row.U16(nullMaskAt_ - OffsetSize);
-    }
-    cells_.reserve(layout.columns.size());
-    const Bytes mask = row.From(nullMaskAt_);
-    for (const Column& column : layout.columns) {
-        const bool isThere = column.number < columns_ && HasBit(mask, column.number);
-        cells_.push_back(isThere ? Find(column, row) : Extent());
-    }
-}
-
-StoredRow::Extent StoredRow::Find(const Column& column, const Bytes& row) const {
-    if (column.type == ColumnType::Boolean) {
-        return {true, 0, 0};
-    }
-    if (!column.isFixed) {
-        return FindVariable(column, row);
-    }
-    const std::size_t at = ColumnCountSize + column.fixedAt;
-    if (at + column.size > nullMaskAt_) {
-        row.Part(0, nullMaskAt_).Part(at, column.size);
-    }
-    return {true, static_cast<std::uint16_t>(at), column.size};
-}
-
-StoredRow::Extent StoredRow::FindVariable(const Column& column, const Bytes& row) const {
+inline StoredRow::Extent StoredRow::FindVariable(const Column& column, const Bytes& row) const {
     // A row from before the column was made.
     if (column.variablePlace >= variableColumns_) {
         return {};
@@ -94,9 +54,49 @@ StoredRow::Extent StoredRow::FindVariable(const Column& column, const Bytes& row
     return {true, begin, static_cast<std::uint16_t>(end - begin)};
 }
 
+inline StoredRow::Extent StoredRow::Find(const Column& column, const Bytes& row) const {
+    if (column.type == ColumnType::Boolean) {
+        return {true, 0, 0};
+    }
+    if (!column.isFixed) {
+        return FindVariable(column, row);
+    }
+    const std::size_t at = ColumnCountSize + column.fixedAt;
+    if (at + column.size > nullMaskAt_) {
+        row.Part(0, nullMaskAt_).Part(at, column.size);
+    }
+    return {true, static_cast<std::uint16_t>(at), column.size};
+}
+
+void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
+    page_ = row.OfPage();
+    row_.assign(row.Data(), row.Data() + row.Size());
+    variableColumns_ = 0;
+    columns_ = row.U16(0);
+    const std::size_t maskSize = NullMaskSize(columns_);
+    if (columns_ > layout.rowColumns || ColumnCountSize + maskSize > row.Size()) {
+        RaiseDamaged(page_, QStringLiteral("has a row of %1 columns and %2 bytes, of a table that has %3")
+                                .arg(columns_)
+                                .arg(static_cast<qulonglong>(row.Size()))
+                                .arg(layout.rowColumns));
+    }
+    nullMaskAt_ = row.Size() - maskSize;
+    if (layout.variableColumns > 0) {
+        variableColumns_ = row.U16(nullMaskAt_ - OffsetSize);
+    }
+    cells_.resize(layout.columns.size());
+    const std::uint8_t* const mask = row.Data() + nullMaskAt_;
+    auto cell = cells_.begin();
+    for (const Column& column : layout.columns) {
+        const std::uint16_t bit = column.number;
+        const bool isThere = bit < columns_ && (mask[bit / 8] >> bit % 8 & 1) != 0;
+        *cell++ = isThere ? Find(column, row) : Extent();
+    }
+}
+
 Bytes StoredRow::BytesOf(int column) const {
     const Extent& extent = cells_[static_cast<std::size_t>(column)];
-    return jet::BytesOf(row_, page_).Part(extent.at, extent.size);
+    return Whole().Part(extent.at, extent.size);
 }
 
 RowMaker::RowMaker(const TableLayout& layout)

@@ -32,7 +32,7 @@ public:
     /// Of a column that the row has.
     Bytes BytesOf(int column) const;
 
-    const QByteArray& Whole() const { return row_; }
+    Bytes Whole() const { return {row_.data(), row_.size(), page_}; }
 
 private:
     struct Extent {
@@ -48,7 +48,7 @@ private:
     std::uint16_t columns_ = 0;
     std::size_t nullMaskAt_ = 0;
     std::uint16_t variableColumns_ = 0;
-    QByteArray row_;
+    std::vector<std::uint8_t> row_;
     std::vector<Extent> cells_;
 };
 

@@ -222,7 +222,7 @@ RowPlace Table::Insert(RowCells& cells) {
     for (RowObserver* observer : observers_) {
         observer->MayCome(nullptr, made_);
     }
-    const RowPlace key = Rows().Add(BytesOf(made_.Whole(), layout_.page), RowState::Here);
+    const RowPlace key = Rows().Add(made_.Whole(), RowState::Here);
     for (RowObserver* observer : observers_) {
         observer->Came(key, made_);
     }
@@ -263,7 +263,7 @@ void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells
     for (RowObserver* observer : observers_) {
         observer->Changed(key, old_, made_);
     }
-    Put(whereabouts, BytesOf(made_.Whole(), layout_.page));
+    Put(whereabouts, made_.Whole());
     for (const int column : columns) {
         FreeLongValue(old_, column);
     }

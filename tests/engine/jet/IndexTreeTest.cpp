@@ -232,6 +232,17 @@ TEST_F(IndexTreeTest, AnotherRowWithTheSameKeyIsFound) {
     EXPECT_EQ(index.tree->RowWith(LongKey(33), 5), 1U);
 }
 
+// With keys of a hundred bytes, each of which has rows on several leaves.
+TEST_F(IndexTreeTest, WhoeverInsertsLearnsWhetherTheKeyIsNew) {
+    std::set<int> known;
+    for (std::uint32_t step = 0; step < 3000; ++step) {
+        const std::uint32_t row = step * 1237 % 3001;
+        const auto number = static_cast<int>(row % 41);
+        EXPECT_EQ(index.tree->Insert(LongKey(number), row), known.insert(number).second) << step;
+    }
+    ExpectSound();
+}
+
 TEST_F(IndexTreeTest, EntriesUpToTheLongestAreTakenAndLongerOnesRefused) {
     for (int number = 0; number < 50; ++number) {
         Key key = KeyOf(number * 7919 % 50);

@@ -135,15 +135,12 @@ bool PutDay(RowCells& cells, int place, std::string_view text) {
 
 // Compressed, a text of ASCII is itself behind a mark.
 bool PutText(RowCells& cells, int place, const Column& column, std::string_view text) {
-    std::array<char, std::numeric_limits<std::uint8_t>::max() + CompressedMark.size()> stored{};
     if (column.isFixed || !column.isCompressed || text.size() < FewestCompressed ||
-        text.size() > column.size / 2U || text.size() > stored.size() - CompressedMark.size() ||
-        !IsAllAscii(text)) {
+        text.size() > column.size / 2U || !IsAllAscii(text)) {
         return false;
     }
-    std::copy(text.begin(), text.end(),
-              std::copy(CompressedMark.begin(), CompressedMark.end(), stored.begin()));
-    cells.Set(place, stored.data(), CompressedMark.size() + text.size());
+    cells.Set(place, CompressedMark.data(), CompressedMark.size());
+    cells.Lengthen(place, text.data(), text.size());
     return true;
 }
 
