@@ -62,13 +62,28 @@ PagedFile::Cached& PagedFile::Load(PageNumber number) {
     if (number >= count_) {
         RaiseDamaged(number, QStringLiteral("is named, and the file has %1 pages").arg(count_));
     }
-    const auto known = cache_.find(number);
-    if (known != cache_.end()) {
-        return *known->second;
+    if (Cached* const held = Held(number)) {
+        return *held;
     }
     auto cached = std::make_unique<Cached>();
     file_->Read(PlaceOf(number), cached->page);
-    return *cache_.emplace(number, std::move(cached)).first->second;
+    return Hold(number, std::move(cached));
+}
+
+PagedFile::Cached& PagedFile::Hold(PageNumber number, std::unique_ptr<Cached> page) {
+    if (number >= cache_.size()) {
+        cache_.resize(number + 1);
+    }
+    ++held_;
+    cache_[number] = std::move(page);
+    return *cache_[number];
+}
+
+void PagedFile::LetGo(PageNumber number) {
+    if (Held(number) != nullptr) {
+        cache_[number].reset();
+        --held_;
+    }
 }
 
 const Page& PagedFile::Read(PageNumber number) {
@@ -81,8 +96,12 @@ PagedFile::Cached& PagedFile::ChangeCached(PageNumber number) {
         undo_.push_back({number, cached.page, cached.isTaken});
         cached.keptFor = lastMark_;
     }
-    if (changed_.insert(number).second && number < countBefore_) {
-        cached.before = std::make_unique<Page>(cached.page);
+    if (!cached.isChanged) {
+        cached.isChanged = true;
+        changed_.insert(number);
+        if (number < countBefore_) {
+            cached.before = std::make_unique<Page>(cached.page);
+        }
     }
     return cached;
 }
@@ -109,8 +128,9 @@ PageNumber PagedFile::Append() {
             QStringLiteral("Disk full: '%1' has the largest size that its format allows.").arg(path_));
     }
     const PageNumber number = count_++;
-    cache_[number] = std::make_unique<Cached>();
-    cache_[number]->isTaken = true;
+    Cached& cached = Hold(number, std::make_unique<Cached>());
+    cached.isTaken = true;
+    cached.isChanged = true;
     changed_.insert(number);
     return number;
 }
@@ -140,7 +160,7 @@ void PagedFile::UndoTo(const Mark& mark) {
         undo_.pop_back();
     }
     for (; count_ > mark.count; --count_) {
-        cache_.erase(count_ - 1);
+        LetGo(count_ - 1);
         changed_.erase(count_ - 1);
     }
     given_.resize(mark.given);
@@ -155,13 +175,17 @@ void PagedFile::EndStatement() {
 }
 
 void PagedFile::Tidy() {
-    if (cache_.size() > MostCleanPages + changed_.size()) {
+    if (held_ > MostCleanPages + changed_.size()) {
         Forget();
     }
 }
 
 void PagedFile::Forget() {
-    std::erase_if(cache_, [this](const auto& entry) { return !changed_.contains(entry.first); });
+    for (PageNumber number = 0; number < cache_.size(); ++number) {
+        if (cache_[number] && !cache_[number]->isChanged) {
+            LetGo(number);
+        }
+    }
 }
 
 // Those whose bytes differ from what the file will have once `written` is there.
@@ -173,7 +197,7 @@ std::vector<PageWrite> PagedFile::GroupWrites(const std::vector<PageWrite>& writ
     const std::vector<PageNumber> freeMaps = free_.OwnPages();
     std::vector<PageWrite> writes;
     for (const PageNumber number : changed_) {
-        const Cached& cached = *cache_.at(number);
+        const Cached& cached = *Held(number);
         const Page* before = cached.isTaken ? nullptr : cached.before.get();
         const Page* known = inFile.contains(number) ? inFile[number] : before;
         if (known == nullptr || *known != cached.page) {
@@ -294,9 +318,10 @@ void PagedFile::BringBackWholeGroup(const JournalContents& journal) {
 
 void PagedFile::Settle() {
     for (const PageNumber number : changed_) {
-        if (const auto cached = cache_.find(number); cached != cache_.end()) {
-            cached->second->before.reset();
-            cached->second->isTaken = false;
+        if (Cached* const cached = Held(number)) {
+            cached->before.reset();
+            cached->isTaken = false;
+            cached->isChanged = false;
         }
     }
     changed_.clear();
@@ -308,9 +333,9 @@ void PagedFile::Settle() {
 void PagedFile::GiveUpGroup() {
     for (const PageNumber number : changed_) {
         if (number >= countBefore_) {
-            cache_.erase(number);
+            LetGo(number);
         } else {
-            Cached& cached = *cache_.at(number);
+            Cached& cached = *Held(number);
             cached.page = *cached.before;
         }
     }

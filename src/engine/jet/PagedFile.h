@@ -8,7 +8,6 @@
 
 #include <memory>
 #include <set>
-#include <unordered_map>
 #include <vector>
 
 namespace engine::jet {
@@ -79,6 +78,7 @@ private:
         std::unique_ptr<Page> before;  ///< As the file has it, if the group has changed it.
         std::size_t keptFor = 0;       ///< The last mark that its bytes have been kept for.
         bool isTaken = false;          ///< By the group, of the file's free pages or from its end.
+        bool isChanged = false;        ///< By the group: so it is in the list of those.
     };
     struct Undo {
         PageNumber number = 0;
@@ -88,6 +88,10 @@ private:
 
     void RequireUsable() const;
     Cached& Load(PageNumber number);
+    /// The page if it is in memory, else null.
+    Cached* Held(PageNumber number) const { return number < cache_.size() ? cache_[number].get() : nullptr; }
+    Cached& Hold(PageNumber number, std::unique_ptr<Cached> page);
+    void LetGo(PageNumber number);
     Cached& ChangeCached(PageNumber number);
     PageNumber Append();
     void Tidy();
@@ -108,7 +112,9 @@ private:
     FreePages free_;
     PageNumber count_ = 0;
     PageNumber countBefore_ = 0;  ///< When the group began; so many pages the file has.
-    std::unordered_map<PageNumber, std::unique_ptr<Cached>> cache_;
+    /// By their numbers, null for those that aren't in memory: each step of a statement asks for some.
+    std::vector<std::unique_ptr<Cached>> cache_;
+    std::size_t held_ = 0;           ///< How many are in memory.
     std::set<PageNumber> changed_;   ///< By the group.
     std::vector<PageNumber> given_;  ///< Back, by the group.
     std::vector<Undo> undo_;

@@ -2,6 +2,7 @@
 
 #include "engine/jet/Bytes.h"
 
+#include <cstring>
 #include <vector>
 
 namespace engine::jet {
@@ -16,7 +17,7 @@ public:
     /// Of this many columns, all of them null.
     void Clear(std::size_t columns) {
         cells_.assign(columns, {});
-        bytes_.clear();
+        used_ = 0;
     }
 
     std::size_t Count() const { return cells_.size(); }
@@ -27,13 +28,18 @@ public:
     void SetNull(int column) { At(column) = {}; }
     /// Bytes of another place than these cells.
     void Set(int column, const void* bytes, std::size_t size) {
-        At(column) = {true, bytes_.size(), 0};
+        At(column) = {true, used_, 0};
         Lengthen(column, bytes, size);
     }
     /// Further bytes for the column that was set last.
     void Lengthen(int column, const void* bytes, std::size_t size) {
-        const auto* first = static_cast<const std::uint8_t*>(bytes);
-        bytes_.insert(bytes_.end(), first, first + size);
+        if (size > bytes_.size() - used_) {
+            bytes_.resize(2 * (used_ + size));
+        }
+        if (size > 0) {
+            std::memcpy(bytes_.data() + used_, bytes, size);
+        }
+        used_ += size;
         At(column).size += size;
     }
     void Set(int column, const Bytes& bytes) { Set(column, bytes.Data(), bytes.Size()); }
@@ -57,7 +63,8 @@ private:
     const Extent& At(int column) const { return cells_[static_cast<std::size_t>(column)]; }
 
     std::vector<Extent> cells_;
-    std::vector<std::uint8_t> bytes_;
+    std::vector<std::uint8_t> bytes_;  ///< Longer than what is used of them.
+    std::size_t used_ = 0;
 };
 
 }  // namespace engine::jet

@@ -86,11 +86,12 @@ std::optional<RowPlace> Table::RowBehind(RowPlace key) const {
 Table::Whereabouts Table::Locate(RowPlace key) const {
     const RowPages rows = Rows();
     Whereabouts found{key, key, {}, false};
-    if (!rows.Owns(key.page) || key.row >= rows.PageOf(key.page).RowCount()) {
+    if (!rows.Owns(key.page)) {
         found.isDeleted = true;
         return found;
     }
-    RowState state = rows.PageOf(key.page).State(key.row);
+    const DataPage page = rows.PageOf(key.page);
+    RowState state = key.row < page.RowCount() ? page.State(key.row) : RowState::Deleted;
     found.isDeleted = state == RowState::Deleted || state == RowState::MovedHere;
     while (state == RowState::MovedAway) {
         const RowPlace from = found.last;
