@@ -118,11 +118,27 @@ bool IndexObserver::HasSameKey(const StoredRow& old, const StoredRow& row) const
                        [&](const IndexColumn& column) { return IsSameCell(old, row, column.column); });
 }
 
+// Rows often come with the key of the row before, which needn't be made again. Of a long value the row has
+// no more than the place.
+void IndexObserver::CheckNew(const StoredRow& row) {
+    if (isLastKnown_ && HasSameKey(last_, row)) {
+        entries_.CheckAnother();
+        return;
+    }
+    isLastKnown_ = false;
+    values_.clear();
+    AppendValues(values_, row);
+    entries_.CheckNew(values_);
+    const auto& columns = Definition().columns;
+    isLastKnown_ = std::none_of(columns.begin(), columns.end(), [this](const IndexColumn& column) {
+        return IsLongType(layout_.columns[static_cast<std::size_t>(column.column)].type);
+    });
+    last_ = row;
+}
+
 void IndexObserver::MayCome(const StoredRow* old, const StoredRow& row) {
     if (old == nullptr) {
-        values_.clear();
-        AppendValues(values_, row);
-        entries_.CheckNew(values_);
+        CheckNew(row);
     } else if (!HasSameKey(*old, row)) {
         entries_.CheckChanged(ValuesOf(*old), ValuesOf(row));
     }

@@ -45,6 +45,7 @@ public:
 
 private:
     void AppendValues(std::vector<Value>& values, const StoredRow& row) const;
+    void CheckNew(const StoredRow& row);
     Value ValueIn(const StoredRow& row, int column) const;
     bool HasSameKey(const StoredRow& old, const StoredRow& row) const;
     void RequireKnownOrder(const Column& column) const;
@@ -58,7 +59,11 @@ private:
     std::vector<KeyColumn> columns_;
     MappedIndexPages map_;
     TableIndex entries_;
-    std::vector<Value> values_;  ///< Of the row that may come, in memory for the next one as well.
+    // Of the row that may come, in memory for the next one as well.
+    std::vector<Value> values_;
+    /// The last row whose key was made.
+    StoredRow last_;
+    bool isLastKnown_ = false;
 };
 
 /// One for each real index of a table, for whoever makes a database (see IndexKeepers).

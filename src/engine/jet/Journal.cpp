@@ -145,11 +145,19 @@ QString PutAside(Disk& disk, const QString& database) {
 // Eight bytes at a time: each group of statements waits for it.
 std::uint64_t Checksum(std::span<const std::uint8_t> bytes) {
     std::uint64_t sum = bytes.size();
-    for (std::size_t at = 0; at < bytes.size(); at += 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data() + at, std::min<std::size_t>(8, bytes.size() - at));
+    const auto add = [&sum](std::uint64_t word) {
         sum = (sum ^ word) * ChecksumMultiplier;
         sum ^= sum >> 32;
+    };
+    std::uint64_t word = 0;
+    for (; bytes.size() >= sizeof word; bytes = bytes.subspan(sizeof word)) {
+        std::memcpy(&word, bytes.data(), sizeof word);
+        add(word);
+    }
+    if (!bytes.empty()) {
+        word = 0;
+        std::memcpy(&word, bytes.data(), bytes.size());
+        add(word);
     }
     return sum;
 }

@@ -120,50 +120,59 @@ std::size_t RowMaker::VariableSize(const RowCells& cells) const {
     return size;
 }
 
-Bytes RowMaker::Make(const TableLayout& layout, const RowCells& cells) {
+void RowMaker::Make(const TableLayout& layout, const RowCells& cells, StoredRow& row) const {
     const std::size_t variableAt = ColumnCountSize + fixedEnd_;
-    const std::size_t maskAt = variableAt + VariableSize(cells);
     const std::size_t maskSize = NullMaskSize(layout.rowColumns);
-    row_.assign(maskAt + maskSize, 0);
-    ChangeableBytes row(row_.data(), row_.size(), layout.page);
-    row.Put16(0, layout.rowColumns);
-    PutFixedPart(row.ChangeablePart(ColumnCountSize, fixedEnd_), layout, cells);
+    row.page_ = layout.page;
+    row.columns_ = layout.rowColumns;
+    row.variableColumns_ = static_cast<std::uint16_t>(variable_.size());
+    row.nullMaskAt_ = variableAt + VariableSize(cells);
+    row.row_.assign(row.nullMaskAt_ + maskSize, 0);
+    row.cells_.assign(layout.columns.size(), {});
+    ChangeableBytes(row.row_.data(), row.row_.size(), layout.page).Put16(0, layout.rowColumns);
+    PutFixedPart(layout, cells, row);
     if (!variable_.empty()) {
-        PutVariablePart(row.ChangeablePart(0, maskAt), variableAt, cells);
+        PutVariablePart(variableAt, cells, row);
     }
-    const ChangeableBytes mask = row.ChangeablePart(maskAt, maskSize);
-    for (std::size_t column = 0; column < layout.columns.size(); ++column) {
-        if (cells.Has(static_cast<int>(column))) {
-            SetBit(mask, layout.columns[column].number, true);
-        }
-    }
-    return row;
 }
 
-void RowMaker::PutFixedPart(ChangeableBytes row, const TableLayout& layout, const RowCells& cells) const {
+// And the null mask.
+void RowMaker::PutFixedPart(const TableLayout& layout, const RowCells& cells, StoredRow& row) const {
+    ChangeableBytes bytes(row.row_.data(), row.row_.size(), layout.page);
+    const ChangeableBytes mask = bytes.ChangeablePart(row.nullMaskAt_, row.row_.size() - row.nullMaskAt_);
     for (std::size_t column = 0; column < layout.columns.size(); ++column) {
         const Column& known = layout.columns[column];
         const auto place = static_cast<int>(column);
-        if (known.isFixed && known.type != ColumnType::Boolean && cells.Has(place)) {
-            row.PutBytes(known.fixedAt, cells.BytesOf(place).Part(0, known.size));
+        if (!cells.Has(place)) {
+            continue;
+        }
+        SetBit(mask, known.number, true);
+        row.cells_[column].isThere = true;
+        if (known.isFixed && known.type != ColumnType::Boolean) {
+            const std::size_t at = ColumnCountSize + known.fixedAt;
+            bytes.PutBytes(at, cells.BytesOf(place).Part(0, known.size));
+            row.cells_[column] = {true, static_cast<std::uint16_t>(at), known.size};
         }
     }
 }
 
 // The values, and behind them the list of where each begins and the last ends, in reverse.
-void RowMaker::PutVariablePart(ChangeableBytes row, std::size_t at, const RowCells& cells) const {
-    std::size_t entry = row.Size() - OffsetSize;
-    row.Put16(entry, static_cast<std::uint16_t>(variable_.size()));
+void RowMaker::PutVariablePart(std::size_t at, const RowCells& cells, StoredRow& row) const {
+    ChangeableBytes bytes(row.row_.data(), row.nullMaskAt_, row.page_);
+    std::size_t entry = bytes.Size() - OffsetSize;
+    bytes.Put16(entry, row.variableColumns_);
     for (const int column : variable_) {
         entry -= OffsetSize;
-        row.Put16(entry, static_cast<std::uint16_t>(at));
+        bytes.Put16(entry, static_cast<std::uint16_t>(at));
         if (column != NoColumn && cells.Has(column)) {
             const Bytes cell = cells.BytesOf(column);
-            row.PutBytes(at, cell);
+            bytes.PutBytes(at, cell);
+            row.cells_[static_cast<std::size_t>(column)] = {true, static_cast<std::uint16_t>(at),
+                                                            static_cast<std::uint16_t>(cell.Size())};
             at += cell.Size();
         }
     }
-    row.Put16(entry - OffsetSize, static_cast<std::uint16_t>(at));
+    bytes.Put16(entry - OffsetSize, static_cast<std::uint16_t>(at));
 }
 
 }  // namespace engine::jet

@@ -35,6 +35,8 @@ public:
     Bytes Whole() const { return {row_.data(), row_.size(), page_}; }
 
 private:
+    friend class RowMaker;
+
     struct Extent {
         bool isThere = false;
         std::uint16_t at = 0;
@@ -60,19 +62,18 @@ class RowMaker {
 public:
     explicit RowMaker(const TableLayout& layout);
 
-    /// The bytes of a row that has these cells, one for each column of the layout, however long it gets. They
-    /// stand until the next row is made.
-    Bytes Make(const TableLayout& layout, const RowCells& cells);
+    /// A row that has these cells, one for each column of the layout, however long it gets: as if its bytes
+    /// had been taken apart.
+    void Make(const TableLayout& layout, const RowCells& cells, StoredRow& row) const;
 
 private:
-    void PutFixedPart(ChangeableBytes row, const TableLayout& layout, const RowCells& cells) const;
-    void PutVariablePart(ChangeableBytes row, std::size_t at, const RowCells& cells) const;
+    void PutFixedPart(const TableLayout& layout, const RowCells& cells, StoredRow& row) const;
+    void PutVariablePart(std::size_t at, const RowCells& cells, StoredRow& row) const;
     std::size_t VariableSize(const RowCells& cells) const;
 
     std::size_t fixedEnd_ = 0;
     /// The column at each place of the variable part, NoColumn where one was deleted.
     std::vector<int> variable_;
-    std::vector<std::uint8_t> row_;
 };
 
 }  // namespace engine::jet

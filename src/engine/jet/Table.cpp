@@ -192,14 +192,14 @@ void Table::PutNextNumber(RowCells& cells, int column) {
 }
 
 void Table::Compose(const RowCells& cells) {
-    const Bytes row = maker_.Make(layout_, cells);
+    maker_.Make(layout_, cells, made_);
+    const Bytes row = made_.Whole();
     if (row.Size() > LongestRow) {
         throw Error(ErrorNumber::RecordTooLarge,
                     QStringLiteral("Record is too large: %1 bytes, of which a row takes %2.")
                         .arg(static_cast<qulonglong>(row.Size()))
                         .arg(static_cast<qulonglong>(LongestRow)));
     }
-    made_.TakeApart(layout_, row);
 }
 
 RowPlace Table::Insert(const std::vector<Value>& values) {

@@ -13,8 +13,8 @@ void TableIndex::Check(const RowKey& key) {
 }
 
 void TableIndex::CheckNew(std::span<const Value> values) {
-    MakeRowKey(key_, columns_, values);
-    Check(key_);
+    MakeRowKey(newKey_, columns_, values);
+    Check(newKey_);
 }
 
 void TableIndex::CheckChanged(std::span<const Value> old, std::span<const Value> values) {

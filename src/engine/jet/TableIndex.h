@@ -22,13 +22,15 @@ public:
     /// Fails if the index refuses the row: with NullInPrimaryKey or NullNotAllowed, with DuplicateKey if
     /// another row has its key, or with Other if its key is too long.
     void CheckNew(std::span<const Value> values);
+    /// For another row with the values that CheckNew was given last.
+    void CheckAnother() { Check(newKey_); }
     /// The same for new values of a row. A key that stays the same is in nobody's way.
     void CheckChanged(std::span<const Value> old, std::span<const Value> values);
 
     /// True if the key is new to the index.
     bool Add(std::uint32_t row, std::span<const Value> values);
     /// The same for the values that CheckNew was given last, whose key is still known.
-    bool AddChecked(std::uint32_t row) { return Add(row, key_); }
+    bool AddChecked(std::uint32_t row) { return Add(row, newKey_); }
     bool Change(std::uint32_t row, std::span<const Value> old, std::span<const Value> values);
     /// Fails with DatabaseDamaged if the row has no entry, and so does Change.
     void Remove(std::uint32_t row, std::span<const Value> values);
@@ -44,6 +46,7 @@ private:
     IndexRules rules_;
     std::vector<KeyColumn> columns_;
     IndexTree tree_;
+    RowKey newKey_;  ///< That of CheckNew.
     RowKey key_;
     RowKey oldKey_;
 };

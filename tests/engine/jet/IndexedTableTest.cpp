@@ -165,8 +165,9 @@ TEST_F(JetIndexedTable, ADateHasItsKeyFromAllOfItsDigits) {
         RowCells cells;
         cells.Clear(13);
         cells.SetNumber(7, date);
-        RowMaker maker(things->Layout());
-        return things->IndexAt(7).ValuesOf(StoredRow(things->Layout(), maker.Make(things->Layout(), cells)));
+        StoredRow row;
+        RowMaker(things->Layout()).Make(things->Layout(), cells, row);
+        return things->IndexAt(7).ValuesOf(row);
     };
     EXPECT_EQ(keyOf(45000.25), std::vector<Value>{45000.25});
     EXPECT_EQ(keyOf(45000.2500000001), std::vector<Value>{45000.2500000001});

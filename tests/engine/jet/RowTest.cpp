@@ -48,7 +48,7 @@ StoredRow RowOf(const TableLayout& layout, const QByteArray& bytes) {
     return {layout, BytesOf(bytes, 12)};
 }
 
-QByteArray PutRowTogether(const TableLayout& layout, const std::vector<Cell>& cells) {
+StoredRow MakeRow(const TableLayout& layout, const std::vector<Cell>& cells) {
     RowCells made;
     made.Clear(cells.size());
     for (std::size_t column = 0; column < cells.size(); ++column) {
@@ -56,7 +56,13 @@ QByteArray PutRowTogether(const TableLayout& layout, const std::vector<Cell>& ce
             made.Set(static_cast<int>(column), *cells[column]);
         }
     }
-    return RowMaker(layout).Make(layout, made).Copy();
+    StoredRow row;
+    RowMaker(layout).Make(layout, made, row);
+    return row;
+}
+
+QByteArray PutRowTogether(const TableLayout& layout, const std::vector<Cell>& cells) {
+    return MakeRow(layout, cells).Whole().Copy();
 }
 
 std::vector<Cell> CellsOf(const StoredRow& row) {
@@ -303,6 +309,7 @@ RC_GTEST_PROP(JetRowProperty, EveryRowComesBack, ()) {
     if (*rc::gen::arbitrary<bool>()) {
         cells[3] = QByteArray(4, 'y');
     }
+    RC_ASSERT(CellsOf(MakeRow(layout, cells)) == cells);
     RC_ASSERT(CellsOf(RowOf(layout, PutRowTogether(layout, cells))) == cells);
 }
 

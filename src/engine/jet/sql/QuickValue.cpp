@@ -133,14 +133,21 @@ bool PutDay(RowCells& cells, int place, std::string_view text) {
     return true;
 }
 
-// Compressed, a text of ASCII is itself behind a mark.
+// Compressed, a text of ASCII is itself behind a mark; a shorter one has two bytes for each character.
 bool PutText(RowCells& cells, int place, const Column& column, std::string_view text) {
-    if (column.isFixed || !column.isCompressed || text.size() < FewestCompressed ||
-        text.size() > column.size / 2U || !IsAllAscii(text)) {
+    if (column.isFixed || !column.isCompressed || text.size() > column.size / 2U || !IsAllAscii(text)) {
         return false;
     }
-    cells.Set(place, CompressedMark.data(), CompressedMark.size());
-    cells.Lengthen(place, text.data(), text.size());
+    if (text.size() >= FewestCompressed) {
+        cells.Set(place, CompressedMark.data(), CompressedMark.size());
+        cells.Lengthen(place, text.data(), text.size());
+        return true;
+    }
+    cells.Set(place, nullptr, 0);
+    for (const char character : text) {
+        const auto unit = static_cast<char16_t>(character);
+        cells.Lengthen(place, &unit, sizeof unit);
+    }
     return true;
 }
 
