@@ -270,6 +270,7 @@ void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells
     }
 }
 
+// Its own place is tried first, so that rows that have moved come back when they can.
 void Table::Put(const Whereabouts& old, const Bytes& row) {
     RowPages rows = Rows();
     const RowPlace key = old.key;
