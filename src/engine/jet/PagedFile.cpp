@@ -12,8 +12,8 @@ namespace engine::jet {
 
 namespace {
 
-// 64 MiB of pages that can be read again.
-constexpr std::size_t MostCleanPages = 16384;
+// 8 MiB of pages that can be read again: what an import writes next to, and the indexes above it.
+constexpr std::size_t MostCleanPages = 2048;
 
 [[noreturn]] void Refuse(const QString& path, const QString& found) {
     throw Error(ErrorNumber::UnrecognizedFormat,
