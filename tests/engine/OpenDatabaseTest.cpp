@@ -62,9 +62,13 @@ TEST_F(OpenDatabaseTest, SaysWhatWasFound) {
     EXPECT_EQ(OpenError(empty), ErrorNumber::UnrecognizedFormat);
     EXPECT_TRUE(OpenDescription(empty).contains(QStringLiteral("the file is empty")));
 
-    const QString jet = Write("jet.mdb", QByteArray("\0\1\0\0Standard Jet DB\0", 20));
-    EXPECT_EQ(OpenError(jet), ErrorNumber::UnrecognizedFormat);
-    EXPECT_TRUE(OpenDescription(jet).contains(QStringLiteral("a genuine Jet file")));
+    const QString cut = Write("jet.mdb", QByteArray("\0\1\0\0Standard Jet DB\0", 20));
+    EXPECT_EQ(OpenError(cut), ErrorNumber::UnrecognizedFormat);
+    EXPECT_TRUE(OpenDescription(cut).contains(QStringLiteral("it is too short")));
+
+    const QString later =
+        Write("later.mdb", QByteArray("\0\1\0\0Standard ACE DB\0\2", 21) + QByteArray(8192, '\0'));
+    EXPECT_EQ(OpenError(later), ErrorNumber::UnrecognizedFormat);
 
     const QString text = Write("text.mdb", "SQLite is not what this is");
     EXPECT_EQ(OpenError(text), ErrorNumber::UnrecognizedFormat);
@@ -117,7 +121,7 @@ TEST_F(OpenDatabaseTest, AFolderThatTakesNoJournalIsFoundAtOpening) {
 TEST_F(OpenDatabaseTest, ANameTooLongForItsJournalIsFoundAtOpening) {
     constexpr int LongestName = 255;
     const auto named = [this](int length) { return directory.filePath(QString(length, QLatin1Char('x'))); };
-    const int longest = LongestName - static_cast<int>(qstrlen("-journal"));
+    const int longest = LongestName - static_cast<int>(qstrlen("-journal"));  // Or ".journal".
     ASSERT_TRUE(QFile::copy(path, named(longest)));
     EXPECT_EQ(OpenError(named(longest)), 0);
     for (const int length : {longest + 1, LongestName}) {
@@ -238,8 +242,9 @@ TEST_F(OpenDatabaseTest, ACopyIsWholeAndTakesNoFilesPlace) {
     database->CopyTo(copy);
     EXPECT_EQ(ReadRows(copy, "select text from notes"), QStringList{QStringLiteral("kept")});
     EXPECT_EQ(ErrorOf([&] { database->CopyTo(copy); }), ErrorNumber::DatabaseExists);
-    EXPECT_EQ(ErrorOf([&] { database->CopyTo(path + QStringLiteral("-wal")); }),
-              ErrorNumber::InvalidOperation);
+    const bool isJet = FormatUnderTest() == FileFormat::Jet;
+    const QString own = path + (isJet ? QStringLiteral(".journal") : QStringLiteral("-wal"));
+    EXPECT_EQ(ErrorOf([&] { database->CopyTo(own); }), ErrorNumber::InvalidOperation);
     EXPECT_EQ(ErrorOf([&] { database->CopyTo(directory.filePath(QStringLiteral("no/folder.mdb"))); }),
               ErrorNumber::DiskError);
 }

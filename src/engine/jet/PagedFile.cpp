@@ -318,6 +318,12 @@ void PagedFile::GiveUpGroup() {
     Settle();
 }
 
+void PagedFile::TryJournal() {
+    if (!journal_.IsThere()) {
+        journal_.Try();
+    }
+}
+
 void PagedFile::RemoveJournal() {
     journal_.Remove();
 }

@@ -70,6 +70,9 @@ public:
     /// to it meanwhile, such as one that copies files and was told the wrong name.
     bool IsOverwritten() const { return isOverwritten_; }
 
+    /// Finds out whether a group would have room for its journal. Leaves nothing.
+    void TryJournal();
+
     /// Removes the journal, where no further group is in sight. Only between groups.
     void RemoveJournal();
 

@@ -50,7 +50,7 @@ void MakeTables(const QString& path, const std::vector<TableDefinition>& tables)
     for (const TableDefinition& table : tables) {
         made.push_back(ToNewTable(table));
     }
-    MakeDatabase(SystemDisk(), path, made, QDateTime::currentDateTime(), KeepIndexes);
+    MakeDatabase(DiskInUse(), path, made, QDateTime::currentDateTime(), KeepIndexes);
 }
 
 // The bytes of a file that nobody writes to meanwhile.
@@ -59,7 +59,7 @@ void CopyBytes(const QString& from, const QString& to) {
     if (!source.open(QIODevice::ReadOnly)) {
         throw Error(ErrorNumber::DiskError, QStringLiteral("Disk error: %1.").arg(source.errorString()));
     }
-    const std::unique_ptr<DiskFile> copy = SystemDisk().Make(to);
+    const std::unique_ptr<DiskFile> copy = DiskInUse().Make(to);
     std::vector<std::uint8_t> bytes(1024 * PageSize);
     std::uint64_t at = 0;
     while (const qint64 size =

@@ -18,7 +18,9 @@ std::shared_ptr<JetFile> JetFile::Of(const QString& path) {
     return file;
 }
 
-JetFile::JetFile(const QString& path) : path_(path), pages_(SystemDisk(), path) {
+JetFile::JetFile(const QString& path) : path_(path), pages_(DiskInUse(), path) {
+    // Better known now than at the first of many writes.
+    pages_.TryJournal();
 }
 
 bool JetFile::HasTable(const QString& name) const {
