@@ -76,6 +76,17 @@ TEST_F(JetTable, NumbersCountUpFromTheLastOne) {
     EXPECT_EQ(table.Figures().LastNumber(), 11);
 }
 
+TEST_F(JetTable, NumbersCountUpFromOneThatAnUpdateGave) {
+    const RowPlace key = table.Insert(RowWith(Null()));
+    table.Update(key, {{Id, qint64{10}}});
+    EXPECT_EQ(table.Figures().LastNumber(), 10);
+    EXPECT_EQ(ValueIn(table.Insert(RowWith(Null())), Id), Value(qint64{11}));
+    table.Update(key, {{Id, qint64{5}}});
+    EXPECT_EQ(table.Figures().LastNumber(), 11);
+    table.Update(key, {{Id, Null()}});
+    EXPECT_EQ(ValueIn(key, Id), Value(Null()));
+}
+
 TEST_F(JetTable, AfterTheHighestNumberThereIsNone) {
     std::vector<Value> given = RowWith(Null());
     given[Id] = qint64{2147483647};
