@@ -27,6 +27,13 @@ QString Letters(int count, char letter = 'x') {
 
 class JetTable : public ::testing::Test {
 protected:
+    void TearDown() override {
+        if (!isDamaged) {
+            file.pages->EndGroup(GroupKind::Adds);
+            EXPECT_TRUE(IsSound(file.Content()));
+        }
+    }
+
     std::vector<Value> ValuesOf(RowPlace key) const {
         const StoredRow row = table.Read(key);
         std::vector<Value> values;
@@ -54,6 +61,7 @@ protected:
 
     TableFile file;
     Table& table = *file.table;
+    bool isDamaged = false;  ///< By the test itself.
 };
 
 TEST_F(JetTable, ARowComesBackByItsKey) {
@@ -207,6 +215,7 @@ TEST_F(JetMovedRow, ADeletedRowIsGoneFromBothPlaces) {
 }
 
 TEST_F(JetMovedRow, AMoveThatLeadsInACircleIsDamage) {
+    isDamaged = true;
     ChangeableDataPage page(file.pages->Change(key.page), key.page, file.layout.page);
     PutRowPlace(page.ChangeableRow(key.row), 0, key);
     EXPECT_TRUE(FindsDamage(key.page, [&] { table.Read(key); }));
@@ -214,6 +223,7 @@ TEST_F(JetMovedRow, AMoveThatLeadsInACircleIsDamage) {
 }
 
 TEST_F(JetMovedRow, AMoveToADeletedRowOrAnotherTableIsDamage) {
+    isDamaged = true;
     const auto leadTo = [&](RowPlace place) {
         ChangeableDataPage page(file.pages->Change(key.page), key.page, file.layout.page);
         PutRowPlace(page.ChangeableRow(key.row), 0, place);
@@ -227,6 +237,7 @@ TEST_F(JetMovedRow, AMoveToADeletedRowOrAnotherTableIsDamage) {
 }
 
 TEST_F(JetMovedRow, NothingIsWrittenToAPageThatTheMapDoesNotHave) {
+    isDamaged = true;
     UsageMap(*file.pages, file.layout.pages).Remove(Target().page);
     EXPECT_TRUE(FindsDamage(Target().page, [&] { table.Update(key, {{Name, Letters(201)}}); }));
     EXPECT_TRUE(FindsDamage(Target().page, [&] { table.Delete(key); }));
@@ -257,6 +268,7 @@ TEST_F(JetTable, WhatIsFreedOfLongValuesIsUsedAgain) {
 }
 
 TEST_F(JetTable, ALongValueThatRunsInACircleIsDamage) {
+    isDamaged = true;
     const RowPlace key = table.Insert(RowWith(Null(), Null(), QByteArray(9000, 'b')));
     const StoredRow row = table.Read(key);
     const RowPlace first = ReadRowPlace(row.BytesOf(Picture), 4);
@@ -384,6 +396,7 @@ TEST_F(JetTable, AnObserverThatRefusesLeavesNoRow) {
 }
 
 TEST_F(JetTable, APageOfTheTableThatBelongsToSomebodyElseIsDamage) {
+    isDamaged = true;
     const RowPlace key = table.Insert(RowWith(Null()));
     ChangeableBytes(file.pages->Change(key.page), key.page).Put32(4, 77);
     EXPECT_TRUE(FindsDamage(key.page, [&] { Keys(); }));

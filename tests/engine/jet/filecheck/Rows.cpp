@@ -19,6 +19,7 @@ constexpr int DateTime = 8;
 constexpr int Binary = 9;
 constexpr int Text = 10;
 constexpr int Memo = 12;
+constexpr std::size_t LongestCompressed = 1024;
 constexpr std::size_t MostMoves = 20;
 // A page with so much room is always known as one with room.
 constexpr std::uint32_t KnownRoom = 256;
@@ -214,7 +215,7 @@ private:
         if (column.type == Text && 2 * text.size() > column.size) {
             findings_.Fault(WhereIn(key), column.name + " is too long");
         }
-        if (!IsStoredAsUsual(bytes, column.mayBeCompressed)) {
+        if (!IsStoredAsUsual(bytes, column.mayBeCompressed && text.size() <= LongestCompressed)) {
             findings_.Oddity(WhereIn(key), column.name + " isn't stored as usual");
         }
     }
