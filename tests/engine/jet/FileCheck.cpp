@@ -126,16 +126,4 @@ std::vector<std::string> FaultsOfFile(const QString& path, FileOf whose) {
     return FaultsOf(file.readAll(), whose);
 }
 
-::testing::AssertionResult IsSound(const QByteArray& file, FileOf whose) {
-    const std::vector<std::string> faults = FaultsOf(file, whose);
-    if (faults.empty()) {
-        return ::testing::AssertionSuccess();
-    }
-    ::testing::AssertionResult result = ::testing::AssertionFailure();
-    for (const std::string& fault : faults) {
-        result << "\n" << fault;
-    }
-    return result;
-}
-
 }  // namespace engine::jet

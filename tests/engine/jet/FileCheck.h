@@ -3,8 +3,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
@@ -29,8 +27,5 @@ enum class FileOf { Ours, Others };
 /// Properties and relations are nothing that it looks at.
 std::vector<std::string> FaultsOf(const QByteArray& file, FileOf whose = FileOf::Ours);
 std::vector<std::string> FaultsOfFile(const QString& path, FileOf whose = FileOf::Ours);
-
-/// The same for an expectation.
-::testing::AssertionResult IsSound(const QByteArray& file, FileOf whose = FileOf::Ours);
 
 }  // namespace engine::jet

@@ -1,4 +1,4 @@
-#include "FileCheck.h"
+#include "IsSound.h"
 #include "SomeDatabase.h"
 #include "engine/jet/DefinitionForm.h"
 #include "engine/jet/IndexForm.h"

@@ -1,4 +1,4 @@
-#include "FileCheck.h"
+#include "IsSound.h"
 #include "JetTest.h"
 #include "KeptIndexes.h"
 #include "ModelDisk.h"

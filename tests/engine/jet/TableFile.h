@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FileCheck.h"
+#include "IsSound.h"
 #include "KeptIndexes.h"
 #include "ModelDisk.h"
 #include "engine/jet/Catalogue.h"

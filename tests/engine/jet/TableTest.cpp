@@ -405,5 +405,33 @@ TEST_F(JetTable, APageOfTheTableThatBelongsToSomebodyElseIsDamage) {
     EXPECT_TRUE(FindsDamage(key.page, [&] { table.Wipe(); }));
 }
 
+TEST(JetTableWithIndexes, IndexesThatGetSmallerGiveTheirPagesBack) {
+    TableFile file(TableFile::Indexes::Some);
+    const auto isSound = [&file](GroupKind kind) {
+        file.pages->EndGroup(kind);
+        return IsSound(file.Content());
+    };
+    std::vector<RowPlace> keys;
+    const auto fill = [&] {
+        for (int row = 0; row < 400; ++row) {
+            keys.push_back(file.table->Insert(RowWith(QString::number(row * 7919 % 1000) + Letters(100))));
+        }
+    };
+    fill();
+    EXPECT_TRUE(isSound(GroupKind::Adds));
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        file.table->Delete(keys[row * 7 % keys.size()]);
+    }
+    EXPECT_TRUE(isSound(GroupKind::Removes));
+    fill();
+    file.pages->EndGroup(GroupKind::Adds);
+    const PageNumber most = file.pages->Count();
+    file.table->Wipe();
+    EXPECT_TRUE(isSound(GroupKind::Removes));
+    fill();
+    EXPECT_TRUE(isSound(GroupKind::Adds));
+    EXPECT_EQ(file.pages->Count(), most);
+}
+
 }  // namespace
 }  // namespace engine::jet
