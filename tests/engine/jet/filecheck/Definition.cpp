@@ -16,10 +16,6 @@ namespace {
 
 // The first byte of the page and the second.
 constexpr std::uint32_t PageMark = 0x0102;
-constexpr int Boolean = 1;
-constexpr int Binary = 9;
-constexpr int Text = 10;
-constexpr int Memo = 12;
 constexpr std::size_t LongestName = 128;
 constexpr std::size_t MostIndexes = 200;
 
@@ -190,7 +186,7 @@ private:
             Require(names.insert(WithoutCase(column.name)).second, "has two columns called " + column.name);
             Require(numbers.insert(column.number).second && column.number < read_.rowColumns,
                     column.name + " has a number that can't be");
-            if (!column.isFixed && column.type != Boolean) {
+            if (!column.isFixed && column.type != ColumnType::Boolean) {
                 Require(places.insert(column.variablePlace).second &&
                             column.variablePlace < read_.variableColumns,
                         column.name + " has a place that can't be");
@@ -198,7 +194,7 @@ private:
             CheckType(column);
             Require(SizeOf(column.type) == 0 || SizeOf(column.type) == column.size,
                     column.name + " has a size that can't be");
-            Require((column.type != Text && column.type != Binary) || column.size > 0,
+            Require((column.type != ColumnType::Text && column.type != ColumnType::Binary) || column.size > 0,
                     column.name + " has no room");
             Require(!IsLong(column.type) || column.longPages || column.size == 0,
                     column.name + " has a size that can't be");
@@ -209,11 +205,11 @@ private:
     // Types that nobody knows are in system tables, and other orders in files from elsewhere.
     void CheckType(const ColumnOfFile& column) {
         constexpr std::uint32_t GeneralOrder = 0x0409;
-        if (SizeOf(column.type) == 0 && column.type != Binary && column.type != Text &&
-            !IsLong(column.type)) {
+        if (SizeOf(column.type) == 0 && column.type != ColumnType::Binary &&
+            column.type != ColumnType::Text && !IsLong(column.type)) {
             findings_.Oddity(Where(), column.name + " is of no known type");
         }
-        if ((column.type == Text || column.type == Memo) &&
+        if ((column.type == ColumnType::Text || column.type == ColumnType::Memo) &&
             (column.sortOrder != GeneralOrder || column.sortVersion != 0)) {
             findings_.Oddity(Where(), column.name + " has another order");
         }

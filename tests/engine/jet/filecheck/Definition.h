@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Image.h"
+#include "engine/jet/TableLayout.h"
 
 #include <optional>
 
@@ -63,7 +64,7 @@ Definition ReadDefinition(const Image& image, const std::string& name, std::uint
 /// How many bytes a value of the type has; 0 where they differ.
 std::uint32_t SizeOf(int type);
 inline bool IsLong(int type) {
-    return type == 11 || type == 12;
+    return type == ColumnType::LongBinary || type == ColumnType::Memo;
 }
 
 }  // namespace engine::jet::filecheck

@@ -9,22 +9,6 @@ namespace engine::jet::filecheck {
 
 namespace {
 
-enum Type {
-    Boolean = 1,
-    Byte,
-    Short,
-    Long,
-    Currency,
-    Single,
-    Double,
-    DateTime,
-    Binary,
-    Text,
-    Memo = 12,
-    Guid = 15,
-    Decimal = 16
-};
-
 constexpr std::uint32_t GeneralOrder = 0x0409;
 
 void Invert(KeyBytes& bytes) {
@@ -105,32 +89,32 @@ KeyBytes DecimalKey(const View& value, bool ascending) {
 std::optional<KeyBytes> ValueKey(const ColumnOfFile& column, const View& value, bool ascending) {
     KeyBytes key;
     switch (column.type) {
-        case Byte:
+        case ColumnType::Byte:
             key = {value.Byte(0)};
             break;
-        case Short:
-        case Long:
-        case Currency:
+        case ColumnType::Short:
+        case ColumnType::Long:
+        case ColumnType::Currency:
             key = IntegerKey(value);
             break;
-        case Single:
-        case Double:
-        case DateTime:
+        case ColumnType::Single:
+        case ColumnType::Double:
+        case ColumnType::DateTime:
             key = FloatKey(value);
             break;
-        case Text:
-        case Memo:
+        case ColumnType::Text:
+        case ColumnType::Memo:
             if (column.sortOrder != GeneralOrder || column.sortVersion != 0) {
                 return std::nullopt;
             }
             return TextKeyOf(TextUnits(value), ascending);
-        case Binary:
+        case ColumnType::Binary:
             return value.Size() == 0
                        ? std::nullopt
                        : std::optional(PiecesKey({value.Bytes().begin(), value.Bytes().end()}, ascending));
-        case Guid:
+        case ColumnType::Guid:
             return PiecesKey(GuidInOrder(value), ascending);
-        case Decimal:
+        case ColumnType::Decimal:
             return DecimalKey(value, ascending);
         default:
             return std::nullopt;
@@ -143,7 +127,7 @@ std::optional<KeyBytes> ValueKey(const ColumnOfFile& column, const View& value, 
 
 std::optional<KeyBytes> ColumnKeyOf(const ColumnOfFile& column, const CellOfFile& cell, bool ascending) {
     const std::uint8_t value = ascending ? 0x7F : 0x80;
-    if (column.type == Boolean) {
+    if (column.type == ColumnType::Boolean) {
         return KeyBytes{value, cell.isThere == ascending ? std::uint8_t{0x00} : std::uint8_t{0xFF}};
     }
     if (!cell.isThere) {
@@ -157,7 +141,7 @@ std::optional<KeyBytes> ColumnKeyOf(const ColumnOfFile& column, const CellOfFile
 }
 
 bool IsNullIn(const Definition& table, const IndexOfFile::Part& part, const RowOfFile& row) {
-    return table.columns[part.column].type != Boolean && !row.cells[part.column].isThere;
+    return table.columns[part.column].type != ColumnType::Boolean && !row.cells[part.column].isThere;
 }
 
 }  // namespace

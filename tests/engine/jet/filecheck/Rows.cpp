@@ -13,12 +13,6 @@ namespace engine::jet::filecheck {
 
 namespace {
 
-constexpr int Boolean = 1;
-constexpr int Double = 7;
-constexpr int DateTime = 8;
-constexpr int Binary = 9;
-constexpr int Text = 10;
-constexpr int Memo = 12;
 constexpr std::size_t LongestCompressed = 1024;
 constexpr std::size_t MostMoves = 20;
 // A page with so much room is always known as one with room.
@@ -160,7 +154,7 @@ private:
         row.cells.reserve(table_.columns.size());
         for (const ColumnOfFile& column : table_.columns) {
             CellOfFile cell = CellOf(column, parts);
-            if (cell.isThere && column.type != Boolean) {
+            if (cell.isThere && column.type != ColumnType::Boolean) {
                 CheckValue(column, key, cell);
             }
             row.cells.push_back(cell);
@@ -173,7 +167,7 @@ private:
         if (column.number >= parts.columns || !parts.nullMask.Bit(column.number)) {
             return {};
         }
-        if (column.type == Boolean) {
+        if (column.type == ColumnType::Boolean) {
             return {true, {}};
         }
         if (column.isFixed) {
@@ -189,7 +183,8 @@ private:
     // Takes the place of a long value's reference, too.
     void CheckValue(const ColumnOfFile& column, const Place& key, CellOfFile& cell) {
         const std::size_t size = cell.bytes.Size();
-        const bool isLimited = (column.type == Text || column.type == Binary) && column.size > 0;
+        const bool isLimited =
+            (column.type == ColumnType::Text || column.type == ColumnType::Binary) && column.size > 0;
         if ((SizeOf(column.type) != 0 && size != SizeOf(column.type)) ||
             (isLimited && !IsCompressed(cell.bytes) && size > column.size)) {
             throw Unreadable(column.name + " has " + std::to_string(size) + " bytes");
@@ -198,10 +193,10 @@ private:
             found_.longValues.push_back(pieces_.at(column.number).Read(cell.bytes, key));
             cell.bytes = View(found_.longValues.back());
         }
-        if (column.type == Text || column.type == Memo) {
+        if (column.type == ColumnType::Text || column.type == ColumnType::Memo) {
             CheckText(column, key, cell.bytes);
         }
-        if (column.type == Double || column.type == DateTime) {
+        if (column.type == ColumnType::Double || column.type == ColumnType::DateTime) {
             double number = 0;
             std::memcpy(&number, cell.bytes.Bytes().data(), sizeof number);
             if (!std::isfinite(number)) {
@@ -212,7 +207,7 @@ private:
 
     void CheckText(const ColumnOfFile& column, const Place& key, const View& bytes) {
         const std::u16string text = TextUnits(bytes);
-        if (column.type == Text && 2 * text.size() > column.size) {
+        if (column.type == ColumnType::Text && 2 * text.size() > column.size) {
             findings_.Fault(WhereIn(key), column.name + " is too long");
         }
         if (!IsStoredAsUsual(bytes, column.mayBeCompressed && text.size() <= LongestCompressed)) {
