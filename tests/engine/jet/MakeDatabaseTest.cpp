@@ -8,6 +8,8 @@
 #include "engine/jet/PagedFile.h"
 #include "support/PrintQt.h"
 
+#include <set>
+
 namespace engine::jet {
 namespace {
 
@@ -195,6 +197,30 @@ TEST_F(JetMakeDatabase, ANewFileIsSoundAndHasNoFreePage) {
             EXPECT_EQ(column.longPages.page, column.longPagesWithRoom.page);
         }
     }
+}
+
+TEST_F(JetMakeDatabase, ADefinitionMayEndAnywhereInAPage) {
+    std::vector<NewTable> tables;
+    for (int length = 1; length <= 40; ++length) {
+        NewTable table;
+        table.name = QStringLiteral("table %1").arg(length);
+        for (int column = 0; column < 60; ++column) {
+            table.columns.push_back(MakeColumn("", ColumnType::Long));
+            table.columns.back().name = QString::number(100 + column) + QString(17, QLatin1Char('x'));
+        }
+        table.columns.back().name += QString(length, QLatin1Char('y'));
+        tables.push_back(table);
+    }
+    Make(tables, KeepAllIndexes);
+    std::set<PageNumber> ends;
+    for (const NewTable& table : tables) {
+        const Table made = Open(table.name.toLatin1().constData());
+        EXPECT_EQ(made.Layout().columns.back().name, table.columns.back().name);
+        ends.insert(Bytes(pages->Read(made.Layout().page), made.Layout().page).U32(8));
+    }
+    EXPECT_LT(*ends.begin(), 4088U);
+    EXPECT_GT(*ends.rbegin(), 4096U);
+    EXPECT_TRUE(IsSound(disk.files[path]->bytes));
 }
 
 TEST_F(JetMakeDatabase, AnIndexOnAColumnThatIsNotThereIsRefused) {

@@ -17,6 +17,7 @@ namespace {
 // The first byte of the page and the second.
 constexpr std::uint32_t PageMark = 0x0102;
 constexpr std::size_t LongestName = 128;
+constexpr std::uint32_t LongestRow = 4060;
 constexpr std::size_t MostIndexes = 200;
 
 class DefinitionReader {
@@ -175,7 +176,9 @@ private:
             Require(all_.Low(HeadFreeBytesAt, 2) + at_ == Image::PageSize - HeadSize,
                     "counts its free bytes wrongly");
         }
-        Require(joined_.size() < at_ + Image::PageSize - HeadSize, "has a page too many");
+        // The last 8 bytes of a page are never the last of a definition.
+        Require(joined_.size() >= at_ + HeadSize && joined_.size() < at_ + Image::PageSize,
+                "has a page too many or too few");
     }
 
     void CheckColumns() {
@@ -192,6 +195,8 @@ private:
                         column.name + " has a place that can't be");
             }
             CheckType(column);
+            Require(!column.isFixed || (column.fixedAt + column.size <= LongestRow && !IsLong(column.type)),
+                    column.name + " is fixed where it can't be");
             Require(SizeOf(column.type) == 0 || SizeOf(column.type) == column.size,
                     column.name + " has a size that can't be");
             Require((column.type != ColumnType::Text && column.type != ColumnType::Binary) || column.size > 0,
