@@ -84,26 +84,33 @@ NewTable Things() {
 }
 
 std::vector<Value> SomeThing(int number) {
-    const auto unless = [number](int step, Value value) { return number % step == 1 ? Value() : value; };
+    // How often each column is null; those with 0 never are.
+    static constexpr int NullEvery[] = {0, 0, 3, 4, 5, 6, 7, 8, 3, 9, 4, 5, 6, 7};
     QByteArray guid(16, static_cast<char>(number));
     guid[0] = static_cast<char>(number / 3);
     QByteArray decimal(17, '\0');
     decimal[0] = static_cast<char>(number % 2 == 0 ? 0 : 0x80);
     decimal[13] = static_cast<char>(number);
-    return {Null(),
-            number % 2 == 0,
-            unless(3, qint64{number % 256}),
-            unless(4, qint64{number % 20 - 10}),
-            unless(5, Currency::FromScaled(qint64{number} * 12345 - 99999)),
-            unless(6, number * -0.5),
-            unless(7, number * 0.125 - 1),
-            unless(8, Created.addSecs(qint64{number} * 5000)),
-            unless(3, QByteArray(1 + number % 19, static_cast<char>(number))),
-            unless(9, SomeName(number)),
-            unless(4, QByteArray(number * 37 % 9000, 'p')),
-            unless(5, QString(number * 11 % 300, QLatin1Char('m')) + QString::number(number)),
-            unless(6, guid),
-            unless(7, decimal)};
+    std::vector<Value> values = {Null(),
+                                 number % 2 == 0,
+                                 qint64{number % 256},
+                                 qint64{number % 20 - 10},
+                                 Currency::FromScaled(qint64{number} * 12345 - 99999),
+                                 number * -0.5,
+                                 number * 0.125 - 1,
+                                 Created.addSecs(qint64{number} * 5000),
+                                 QByteArray(1 + number % 19, static_cast<char>(number)),
+                                 SomeName(number),
+                                 QByteArray(number * 37 % 9000, 'p'),
+                                 QString(number * 11 % 300, QLatin1Char('m')) + QString::number(number),
+                                 guid,
+                                 decimal};
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        if (NullEvery[column] != 0 && number % NullEvery[column] == 1) {
+            values[column] = Null();
+        }
+    }
+    return values;
 }
 
 QByteArray SomeDatabase(int rows) {
