@@ -56,6 +56,15 @@ protected:
             return Low(page, 2) == 0x0100 + kind && Low(page + 4, 4) == Owner() && Low(page + 2, 2) < 3000;
         });
     }
+    /// Where an entry of an index page ends, behind the place where the first begins.
+    qsizetype EndOf(qsizetype page, int entry) const {
+        for (qsizetype end = 0; end < 453 * 8; ++end) {
+            if ((file.at(page + 27 + end / 8) >> end % 8 & 1) != 0 && entry-- == 0) {
+                return end;
+            }
+        }
+        return -1;
+    }
     /// Where the first row of a page begins that is as the flags say.
     qsizetype RowWith(int flags, qsizetype firstPage) const {
         for (qsizetype page = firstPage; page < file.size(); page += OnePage) {
@@ -160,8 +169,8 @@ TEST_F(JetFileCheck, MovesAreFollowed) {
     AddTo(RowWith(0x8000, 0) + 1, 0x40);
     EXPECT_TRUE(Tells("has moved"));
     file = sound;
-    AddTo(away + 1, 0x40);
-    EXPECT_FALSE(IsSound(file));
+    Put(away + 1, Low(away + 1, 1) | 0xC0);
+    EXPECT_TRUE(Tells("has moved here from nowhere")) << "whoever named it is marked as deleted";
 }
 
 TEST_F(JetFileCheck, EachPieceOfALongValueIsOneRows) {
@@ -244,14 +253,34 @@ TEST_F(JetFileCheck, IndexPagesAreLookedAt) {
     }
 }
 
+// Both rows still have their entries.
+TEST_F(JetFileCheck, EntriesAreInOrder) {
+    const qsizetype page =
+        PageOf([&](qsizetype at) { return Low(at, 2) == 0x0104 && EndOf(at, 1) == 2 * EndOf(at, 0); });
+    const qsizetype size = EndOf(page, 0);
+    const QByteArray first = file.mid(page + 480, size);
+    file.replace(page + 480, size, file.mid(page + 480 + size, size));
+    file.replace(page + 480 + size, size, first);
+    EXPECT_TRUE(Tells("has entries out of order"));
+    EXPECT_FALSE(Tells("lacks an entry"));
+}
+
+// The number of the row stands before that of the child.
+TEST_F(JetFileCheck, NodesTellTheLastEntryOfEachChild) {
+    const qsizetype page = IndexPage(IndexForm::Node);
+    const qsizetype row = page + 480 + EndOf(page, 0) - 5;
+    AddTo(row, 1);
+    EXPECT_TRUE(Tells("of a child that ends with"));
+    EXPECT_TRUE(IsSound(file, FileOf::Others));
+    file = sound;
+    AddTo(row - 1, -1);
+    EXPECT_FALSE(IsSound(file, FileOf::Others)) << "the child ends behind what the node tells";
+}
+
 // The entry stays where its order wants it, and is that of another row.
 TEST_F(JetFileCheck, EachEntryIsThatOfARow) {
     const qsizetype page = IndexPage(IndexForm::Leaf);
-    qsizetype end = 0;
-    while ((file.at(page + 27 + end / 8) >> end % 8 & 1) == 0) {
-        ++end;
-    }
-    AddTo(page + 480 + end - 1, 100);
+    AddTo(page + 480 + EndOf(page, 0) - 1, 100);
     EXPECT_TRUE(Tells("lacks an entry"));
     EXPECT_TRUE(Tells("has an entry of no row"));
 }
