@@ -42,6 +42,10 @@ QByteArray LongBytes(const Column& column, const Value& value) {
     RaiseWrongType(column);
 }
 
+bool IsNumbered(const Column& column) {
+    return column.countsUp && column.type == ColumnType::Long;
+}
+
 // As a file has them: the first three parts of an identifier are numbers.
 QByteArray NewGuid() {
     QByteArray guid = QUuid::createUuid().toRfc4122();
@@ -154,7 +158,7 @@ void Table::Number(std::vector<Cell>& cells) {
         if (column.makesGuids && !cells[place]) {
             cells[place] = NewGuid();
         }
-        if (column.countsUp && column.type == ColumnType::Long) {
+        if (IsNumbered(column)) {
             cells[place] = NextNumber(column, cells[place]);
         }
     }
@@ -216,7 +220,11 @@ void Table::Update(RowPlace key, const std::vector<CellChange>& changes) {
     const StoredRow old = RowAt(whereabouts.Last());
     std::vector<Cell> cells = old.Cells();
     for (const CellChange& change : changes) {
-        cells[static_cast<std::size_t>(change.column)] = CellFor(change.column, change.value);
+        Cell& cell = cells[static_cast<std::size_t>(change.column)];
+        cell = CellFor(change.column, change.value);
+        if (cell && IsNumbered(ColumnAt(change.column))) {
+            NextNumber(ColumnAt(change.column), cell);
+        }
     }
     const StoredRow row = Compose(cells);
     for (RowObserver* observer : observers_) {

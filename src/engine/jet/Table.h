@@ -46,8 +46,9 @@ public:
     /// for null, and counts on from a higher one; one that makes identifiers gets a new one. Fails with 3421
     /// and 3163 as ToCell does, and with 3047 for a row longer than the format allows.
     RowPlace Insert(const std::vector<Value>& values);
-    /// Each column may be named once; those that aren't keep their bytes, long values their places. Fails as
-    /// Insert does, and with 3167 for a deleted row.
+    /// Each column may be named once; those that aren't keep their bytes, long values their places. A number
+    /// that is given to a column that counts up is counted on from, too. Fails as Insert does, and with 3167
+    /// for a deleted row.
     void Update(RowPlace key, const std::vector<CellChange>& changes);
     void Delete(RowPlace key);
     /// Deletes all rows in as much time as their pages take. The last automatic number stays.

@@ -15,14 +15,14 @@ namespace engine::jet {
 namespace {
 
 const QStringList& SideFileEnds() {
-    static const QStringList ends{Journal::NameFor({})};
+    static const QStringList ends{Journal::NameFor({})};  // The lock file has no end of its own.
     return ends;
 }
 
 bool IsSideFile(const QString& path, const QString& database) {
     const QFileInfo file(path);
     const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
-    return place == Journal::NameFor(QFileInfo(database).canonicalFilePath());
+    return place == Journal::NameFor(database) || place == FileUsers::LockFileFor(database);
 }
 
 NewTable ToNewTable(const TableDefinition& table) {
@@ -80,19 +80,27 @@ bool IsJetHeader(const QByteArray& firstBytes) {
     return name.startsWith("Standard Jet DB") || name.startsWith("Standard ACE DB");
 }
 
-JetDatabase::JetDatabase(const QString& path)
-    : FileDatabase(path, std::make_unique<JetConnection>(path)), path_(path) {
+JetDatabase::JetDatabase(const QString& path) : JetDatabase(JetFile::Of(path)) {
+}
+
+JetDatabase::JetDatabase(std::shared_ptr<JetFile> file)
+    : FileDatabase(file->Path(), std::make_unique<JetConnection>(file)), file_(std::move(file)) {
+}
+
+void JetDatabase::LockForImport() {
+    FileDatabase::LockForImport();
+    file_->BeAlone();
 }
 
 void JetDatabase::CopyTo(const QString& path) {
     Flush();
-    if (IsSideFile(FileName(path), path_)) {
+    if (IsSideFile(FileName(path), file_->Path())) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
     }
     NewFile file(path, SideFileEnds());
-    CopyBytes(path_, file.Path());
-    file.TakePermissionsOf(path_);
+    CopyBytes(file_->Path(), file.Path());
+    file.TakePermissionsOf(file_->Path());
     file.TakePlace();
 }
 

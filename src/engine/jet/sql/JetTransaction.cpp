@@ -15,7 +15,12 @@ std::optional<Error> JetTransaction::Begin() {
         FlushOpenDatabases();
     }
     kind_.reset();
-    return std::nullopt;
+    try {
+        file_.BeAlone();
+        return std::nullopt;
+    } catch (const Error& failure) {
+        return failure;
+    }
 }
 
 JetTransaction::Ended JetTransaction::Commit() {
