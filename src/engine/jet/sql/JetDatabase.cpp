@@ -5,6 +5,7 @@
 #include "engine/jet/Journal.h"
 #include "engine/jet/MakeDatabase.h"
 #include "engine/jet/sql/JetConnection.h"
+#include "platform/Clock.h"
 
 #include <QDir>
 #include <QFile>
@@ -50,7 +51,7 @@ void MakeTables(const QString& path, const std::vector<TableDefinition>& tables)
     for (const TableDefinition& table : tables) {
         made.push_back(ToNewTable(table));
     }
-    MakeDatabase(DiskInUse(), path, made, QDateTime::currentDateTime(), KeepIndexes);
+    MakeDatabase(DiskInUse(), path, made, QDateTime(platform::Today(), QTime(0, 0)), KeepIndexes);
 }
 
 // The bytes of a file that nobody writes to meanwhile.

@@ -1,19 +1,40 @@
 #include "engine/jet/sql/JetFile.h"
 
-#include <QFileInfo>
+#include "engine/Error.h"
+#include "platform/FileLock.h"
+#include "platform/Files.h"
+
+#include <QFile>
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 
 namespace engine::jet {
 
 namespace {
 
-using FilesByPath = std::map<QString, std::weak_ptr<JetFile>>;
+using FilesByIdentity = std::map<platform::FileIdentity, std::weak_ptr<JetFile>>;
 
-FilesByPath& OpenFiles() {
-    static FilesByPath files;
+FilesByIdentity& OpenFiles() {
+    static FilesByIdentity files;
     return files;
+}
+
+// A link may lead to a file elsewhere, and what is kept beside a file lies beside that one.
+QString PlaceOf(const QString& path) {
+    std::error_code failure;
+    const std::string place =
+        std::filesystem::canonical(QFile::encodeName(path).toStdString(), failure).string();
+    if (failure) {
+        throw Error(ErrorNumber::CannotOpenDatabase, QStringLiteral("Could not find file '%1'.").arg(path));
+    }
+    if (!QByteArrayView(place).isValidUtf8()) {
+        throw Error(ErrorNumber::InvalidPath,
+                    QStringLiteral("The database lies under a name that is not a valid path: %1.")
+                        .arg(platform::WhyNoName()));
+    }
+    return QFile::decodeName(place.c_str());
 }
 
 // A journal that stands there is that of a killed program, unless one that is alone is just writing it. Only
@@ -31,8 +52,9 @@ std::unique_ptr<FileUsers> Enter(const QString& path) {
 }  // namespace
 
 std::shared_ptr<JetFile> JetFile::Of(const QString& path) {
-    const QString place = QFileInfo(path).canonicalFilePath();
-    std::weak_ptr<JetFile>& known = OpenFiles()[place];
+    const QString place = PlaceOf(path);
+    std::weak_ptr<JetFile>& known =
+        OpenFiles()[platform::IdentityOf(place).value_or(platform::FileIdentity())];
     std::shared_ptr<JetFile> file = known.lock();
     if (!file) {
         file = std::make_shared<JetFile>(place);
@@ -42,7 +64,7 @@ std::shared_ptr<JetFile> JetFile::Of(const QString& path) {
 }
 
 void JetFile::LeaveAll() {
-    for (const auto& [path, known] : OpenFiles()) {
+    for (const auto& [identity, known] : OpenFiles()) {
         if (const std::shared_ptr<JetFile> file = known.lock()) {
             file->users_.reset();
         }

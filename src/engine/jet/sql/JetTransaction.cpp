@@ -38,9 +38,14 @@ void JetTransaction::TakeBack() {
     file_.Pages().GiveUpGroup();
 }
 
+// One that stays means nothing, and the next opening removes it.
 void JetTransaction::RemoveJournal() {
-    if (!file_.Pages().HasChanges()) {
-        file_.Pages().RemoveJournal();
+    try {
+        if (!file_.Pages().HasChanges()) {
+            file_.Pages().RemoveJournal();
+        }
+    } catch (const Error&) {
+        return;
     }
 }
 
