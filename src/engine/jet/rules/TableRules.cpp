@@ -86,7 +86,7 @@ TableRules::ColumnRules TableRules::ReadColumn(const PropertyBlock& properties, 
 }
 
 void TableRules::RequireReadable() const {
-    if (!unreadable_.isEmpty()) {
+    if (!IsReadable()) {
         Refuse(QStringLiteral("the table '%1' can't be written. %2").arg(table_, unreadable_));
     }
 }
