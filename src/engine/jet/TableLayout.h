@@ -55,6 +55,8 @@ struct Column {
     bool countsUp = false;            ///< Gets the next number in a row that leaves it out.
     /// Holds the numbers of users, which are masked. Only in system tables, and kept as they are.
     bool isMasked = false;
+    /// The engine's own. In a table of users only where the file is replicated.
+    bool isOfSystem = false;
     bool makesGuids = false;     ///< Gets a new identifier likewise.
     bool isCompressed = false;   ///< Whether its texts may be.
     std::uint8_t precision = 0;  ///< Decimal digits of a decimal, and those behind the point.

@@ -43,7 +43,7 @@ public:
     void Wipe();
 
     /// Fails if nobody knows what the table asks of its rows: as TableRules::RequireReadable and
-    /// Relations::RequireSound do.
+    /// Relations::RequireSound do, and with InvalidOperation for a table that is replicated.
     void RequireWritable() const {
         if (!isWritable_) {
             RaiseNotWritable();

@@ -32,6 +32,7 @@ TEST(JetPropertyBlock, ColumnsAndTheTableHavePropertiesOfTheirOwn) {
     EXPECT_EQ(block.TextOfColumn(QStringLiteral("name"), Rule), QStringLiteral("<>\"\""));
     EXPECT_EQ(block.YesNoOfColumn(QStringLiteral("NAME"), Required), false);
     EXPECT_EQ(block.YesNoOfColumn(QStringLiteral("nam"), Required), std::nullopt);
+    EXPECT_EQ(block.TextOfColumn(QString(), Rule), std::nullopt);
     EXPECT_EQ(PropertyBlock().TextOfTable(Rule), std::nullopt);
 }
 

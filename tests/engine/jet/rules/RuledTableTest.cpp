@@ -202,6 +202,24 @@ TEST_F(JetRuledTable, AKeyOfSeveralColumnsIsNullAltogetherOrNotAtAll) {
     EXPECT_EQ(AddLetter(Text("h1"), FromDate(January.addDays(1))), ErrorNumber::NoParent);
 }
 
+// Only an index that isn't the primary key has such a parent.
+TEST_F(JetRuledTable, AKeyWithANullHasNoParentEvenIfThereIsOneLikeIt) {
+    NewTable parent = Periods();
+    parent.indexes[0].isPrimaryKey = false;
+    parent.indexes[0].isUnique = true;
+    RulesFile one({parent, Letters()});
+    one.Relate({"periodletter", "period", "PrimaryKey", "letter", "by period"});
+    const Catalogue entries(*one.pages);
+    RuledTables all(*one.pages, entries);
+    RuledTable& periods = all.Open(QStringLiteral("period"));
+    RuledTable& letters = all.Open(QStringLiteral("letter"));
+    periods.Insert({Text("h1"), Null(), Null()}, std::vector<bool>(3, true));
+    EXPECT_EQ(FailureOf([&] {
+                  letters.Insert({Null(), Text("h1"), Null()}, std::vector<bool>(3, true));
+              }).number,
+              ErrorNumber::NoParent);
+}
+
 TEST_F(JetRuledTable, AParentIsAskedForBeforeTheIndexesAre) {
     RelateHouses();
     AddHouse("h1", Null());
@@ -319,6 +337,17 @@ TEST_F(JetRuledTable, AKeyThatIsRequiredCannotBeTakenAway) {
     EXPECT_EQ(Column("house", "owner"), QStringLiteral("A"));
 }
 
+// The house belongs to the owner by two columns, and goes by one of them.
+TEST_F(JetRuledTable, AChildThatGoesAnywayKeepsItsKey) {
+    RelateHouses(Cascade);
+    Relate({"owner2house", "owner", "PrimaryKey", "house", "by part_of", SetNull});
+    file.SetProperties("house", PropertyBytes().OfColumn("part_of", "Required", true).Block());
+    AddOwner("A");
+    EXPECT_EQ(AddHouse("h1", Text("A"), Text("A")), 0);
+    EXPECT_EQ(Delete("owner", "A").number, 0);
+    EXPECT_EQ(RowsOf("house"), 0);
+}
+
 TEST_F(JetRuledTable, CascadesGiveChildrenAndTheirChildrenTheNewKey) {
     RelatePeriods(0, true);
     RelateLetters(0, true);
@@ -336,6 +365,15 @@ TEST_F(JetRuledTable, CascadesGiveChildrenAndTheirChildrenTheNewKey) {
     EXPECT_EQ(Column("letter", "house"), QStringLiteral("h9 h2"));
     EXPECT_EQ(Column("letter", "begins"), QStringLiteral("2026-01-01 2026-01-01"));
     EXPECT_EQ(Delete("house", "h9").number, ErrorNumber::HasChildren);
+}
+
+TEST_F(JetRuledTable, ACascadeLeavesColumnsAloneThatStayTheSame) {
+    RelateLetters(0, true);
+    AddPeriod(Text("h1"), 0);
+    AddLetter(Text("H1"), FromDate(January));
+    EXPECT_EQ(Change("period", "h1", {{"begins", FromDate(January.addDays(1))}}).number, 0);
+    EXPECT_EQ(Column("letter", "begins"), QStringLiteral("2026-01-02"));
+    EXPECT_EQ(Column("letter", "house"), QStringLiteral("H1"));
 }
 
 TEST_F(JetRuledTable, ACascadeThatIsRefusedChangesNothing) {
@@ -501,6 +539,28 @@ TEST_F(JetRuledTable, ARelationOfATableWithItselfIsNotInTheWayOfAWipe) {
     AddHouse("h2", Null(), Text("h1"));
     EXPECT_EQ(Wipe("house").number, 0);
     EXPECT_EQ(RowsOf("house"), 0);
+}
+
+TEST_F(JetRuledTable, AWipeMeetsEachTableOfACircleOnce) {
+    RelateParts(Cascade);
+    AddHouse("h1", Null(), Text("h1"));
+    AddHouse("h2", Null(), Text("h1"));
+    EXPECT_EQ(Wipe("house").number, 0);
+    EXPECT_EQ(RowsOf("house"), 0);
+}
+
+// Its rows carry marks by which copies of the file are put together again, and nobody here makes them.
+TEST_F(JetRuledTable, AReplicatedTableIsOnlyRead) {
+    TableLayout layout = ReadTableLayout(*file.pages, file.EntryOf("owner").page);
+    layout.columns[1].isOfSystem = true;
+    WriteDefinition(*file.pages, layout);
+    for (const Failing& failing : {Insert("owner", {{"code", Text("A")}}), Wipe("owner"), FailureOf([&] {
+                                       Tables().RequireUnderstood({QStringLiteral("owner")});
+                                   })}) {
+        EXPECT_EQ(failing.number, ErrorNumber::InvalidOperation);
+        EXPECT_TRUE(Tells(failing, {"'owner'", "'name'"})) << failing.sentence.toStdString();
+    }
+    EXPECT_EQ(AddHouse("h1", Null()), 0);
 }
 
 TEST_F(JetRuledTable, DefaultsAndRulesComeWithTheRow) {

@@ -88,6 +88,8 @@ TEST_F(JetTableRules, AnEmptyTextIsRefusedWhereItIsNotAllowed) {
     EXPECT_EQ(New({{"name", QStringLiteral(" ")}}).number, 0);
     EXPECT_EQ(Changed({{"name", QString()}}, {Name}).number, ErrorNumber::EmptyTextNotAllowed);
     EXPECT_EQ(Changed({{"name", QString()}}, {Notes}).number, 0);
+    // What a number can't hold is refused as such, elsewhere.
+    EXPECT_EQ(New({{"amount", QString()}}).number, 0);
 }
 
 TEST_F(JetTableRules, EmptyTextsAreAllowedWhereNothingIsSaid) {

@@ -233,6 +233,9 @@ TEST(JetValidationRule, NoRuleIsTooDeepOrTooLong) {
     EXPECT_EQ(AnswerOf(nested(51), {}, std::nullopt), Answer::NotUnderstood);
     EXPECT_EQ(AnswerOf(nested(1000), {}, std::nullopt), Answer::NotUnderstood);
     EXPECT_EQ(AnswerOf(nested(1000000), {}, std::nullopt), Answer::NotUnderstood);
+    const QString longest = QStringLiteral("amount>0").leftJustified(2048, QLatin1Char(' '));
+    EXPECT_EQ(AnswerOf(longest, {}, std::nullopt), Answer::Passes);
+    EXPECT_EQ(AnswerOf(longest + QLatin1Char(' '), {}, std::nullopt), Answer::NotUnderstood);
     const QString negated = QStringLiteral("Not ").repeated(500) + QStringLiteral("amount>0");
     EXPECT_EQ(AnswerOf(negated, {qint64{1}}, std::nullopt), Answer::Passes);
     const QString wide = QStringLiteral("amount>0 And ").repeated(100) + QStringLiteral("amount>0");
