@@ -30,11 +30,10 @@ inline constexpr int InvalidOperation = 3219;
 inline constexpr int ValueCountMismatch = 3346;  ///< More or fewer values than columns in an insert.
 inline constexpr int NullNotAllowed = 3314;
 inline constexpr int EmptyTextNotAllowed = 3315;
-inline constexpr int RuleBrokenInWords =
-    3316;                                 ///< A validation rule; the message is what the file says of it.
-inline constexpr int RuleBroken = 3317;   ///< One of which the file says nothing.
-inline constexpr int HasChildren = 3200;  ///< Records of another table belong to it.
-inline constexpr int NoParent = 3201;     ///< There is no record that it could belong to.
+inline constexpr int RuleBrokenInWords = 3316;  ///< The message is what the file says of its rule.
+inline constexpr int RuleBroken = 3317;         ///< A rule of which the file says nothing.
+inline constexpr int HasChildren = 3200;        ///< Records of another table belong to it.
+inline constexpr int NoParent = 3201;           ///< There is no record that it could belong to.
 inline constexpr int NullInPrimaryKey = 3058;
 inline constexpr int WrongType = 3421;
 inline constexpr int DatabaseDamaged = 3049;

@@ -35,6 +35,10 @@ inline bool IsLongType(std::uint8_t type) {
 inline bool IsTextType(std::uint8_t type) {
     return type == ColumnType::Text || type == ColumnType::Memo;
 }
+/// Yes and no are numbers too, -1 and 0. Decimals aren't: nothing here calculates with them.
+inline bool IsNumberType(std::uint8_t type) {
+    return type >= ColumnType::Boolean && type <= ColumnType::Double;
+}
 
 /// No table has more columns, deleted ones counted, and no name of a column or an index is longer.
 inline constexpr int MostColumns = 255;

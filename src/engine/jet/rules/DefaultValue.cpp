@@ -35,23 +35,13 @@ std::optional<Value> ConvertFor(std::uint8_t type, const Value& value) {
     if (IsNull(value)) {
         return value;
     }
-    switch (type) {
-        case ColumnType::Boolean:
-        case ColumnType::Byte:
-        case ColumnType::Short:
-        case ColumnType::Long:
-        case ColumnType::Currency:
-        case ColumnType::Single:
-        case ColumnType::Double:
-            return ToNumber(value);
-        case ColumnType::DateTime:
-            return ToMoment(value);
-        case ColumnType::Text:
-        case ColumnType::Memo:
-            return ToWords(value);
-        default:
-            return std::nullopt;
+    if (IsNumberType(type)) {
+        return ToNumber(value);
     }
+    if (type == ColumnType::DateTime) {
+        return ToMoment(value);
+    }
+    return IsTextType(type) ? ToWords(value) : std::nullopt;
 }
 
 std::optional<Term> ConvertFor(std::uint8_t type, const Term& term) {

@@ -29,27 +29,13 @@ Nature NatureOf(const Value& value) {
 }
 
 Nature NatureOf(const ColumnOperand& column) {
-    if (column.isLength) {
+    if (column.isLength || IsNumberType(column.type) || column.type == ColumnType::Decimal) {
         return Nature::Number;
     }
-    switch (column.type) {
-        case ColumnType::Text:
-        case ColumnType::Memo:
-            return Nature::Text;
-        case ColumnType::DateTime:
-            return Nature::Date;
-        case ColumnType::Boolean:
-        case ColumnType::Byte:
-        case ColumnType::Short:
-        case ColumnType::Long:
-        case ColumnType::Currency:
-        case ColumnType::Single:
-        case ColumnType::Double:
-        case ColumnType::Decimal:
-            return Nature::Number;
-        default:
-            return Nature::Other;
+    if (IsTextType(column.type)) {
+        return Nature::Text;
     }
+    return column.type == ColumnType::DateTime ? Nature::Date : Nature::Other;
 }
 
 Value AsMoney(const Value& value) {

@@ -7,32 +7,10 @@
 #include "engine/jet/ModelDisk.h"
 #include "engine/jet/PagedFile.h"
 #include "engine/jet/SystemTables.h"
+#include "engine/jet/TableMakers.h"
 #include "engine/jet/WriteDefinition.h"
 
 namespace engine::jet {
-
-inline NewColumn ColumnOf(const char* name, std::uint8_t type, int size = 0) {
-    NewColumn column;
-    column.name = QLatin1String(name);
-    column.type = type;
-    column.size = size;
-    return column;
-}
-
-inline NewIndex IndexOver(const char* name, std::initializer_list<const char*> columns) {
-    NewIndex index;
-    index.name = QLatin1String(name);
-    for (const char* column : columns) {
-        index.columns.push_back({QLatin1String(column), true});
-    }
-    return index;
-}
-
-inline NewIndex PrimaryKeyOver(std::initializer_list<const char*> columns) {
-    NewIndex index = IndexOver("PrimaryKey", columns);
-    index.isPrimaryKey = true;
-    return index;
-}
 
 /// A database with rules, such as only the designer of another program makes.
 class RulesFile {
