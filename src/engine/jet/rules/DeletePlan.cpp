@@ -14,8 +14,9 @@ void DeletePlan::Add(RuledTable& table, RowPlace key) {
 }
 
 void DeletePlan::Run() {
-    for (std::size_t next = 0; next < rows_.size(); ++next) {
-        const Row row = rows_[next];
+    std::size_t next = 0;
+    while (next < rows_.size()) {
+        const Row row = rows_[next++];
         FindChildren(row);
     }
     RequireNobodyInTheWay();

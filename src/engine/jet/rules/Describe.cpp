@@ -10,7 +10,7 @@ QString Describe(const Value& value) {
     if (const auto* bytes = std::get_if<QByteArray>(&value)) {
         return QStringLiteral("%1 bytes").arg(bytes->size());
     }
-    const QString text = ToText(value);
+    QString text = ToText(value);
     if (!std::holds_alternative<QString>(value)) {
         return text;
     }

@@ -35,8 +35,9 @@ void RuledTables::RequireUnderstood(const QStringList& tables) {
     for (const QString& table : tables) {
         add(Open(table));
     }
-    for (std::size_t next = 0; next < written.size(); ++next) {
-        RuledTable& table = *written[next];
+    std::size_t next = 0;
+    while (next < written.size()) {
+        RuledTable& table = *written[next++];
         table.RequireWritable();
         table.Rules().RequireUnderstood();
         for (std::size_t index = 0; index < table.Layout().indexes.size(); ++index) {

@@ -51,7 +51,7 @@ private:
     QChar At(qsizetype place) const { return place < left_.size() ? left_[place] : QChar(); }
 
     QString Take(qsizetype size) {
-        const QString taken = left_.left(size).toString();
+        QString taken = left_.left(size).toString();
         left_ = left_.mid(size);
         return taken;
     }

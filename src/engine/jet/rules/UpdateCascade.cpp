@@ -18,8 +18,9 @@ bool HasColumnOf(const std::vector<CellChange>& changes, const RealIndex& index)
 // One step after the other instead of one within the other: chains may be as long as tables.
 void UpdateCascade::Run(RuledTable& table, RowPlace key, const std::vector<CellChange>& changes) {
     steps_.push_back({&table, key, changes});
-    for (std::size_t next = 0; next < steps_.size(); ++next) {
-        const Step step = steps_[next];
+    std::size_t next = 0;
+    while (next < steps_.size()) {
+        const Step step = steps_[next++];
         Take(step);
     }
 }

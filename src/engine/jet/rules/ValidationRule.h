@@ -9,9 +9,10 @@ namespace engine::jet {
 class ValidationRule {
 public:
     /// `ownColumn` as for ReadCondition.
-    ValidationRule(const QString& rule, const QString& words, const TableLayout& layout,
-                   std::optional<int> ownColumn)
-        : rule_(rule), words_(words), condition_(ReadCondition(rule, layout, ownColumn)) {}
+    ValidationRule(QString rule, QString words, const TableLayout& layout, std::optional<int> ownColumn)
+        : rule_(std::move(rule)),
+          words_(std::move(words)),
+          condition_(ReadCondition(rule_, layout, ownColumn)) {}
 
     const QString& Rule() const { return rule_; }
     const QString& Words() const { return words_; }

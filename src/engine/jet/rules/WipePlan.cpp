@@ -29,8 +29,10 @@ bool WipePlan::IsWiped(const RuledTable& table) const {
 }
 
 void WipePlan::Look() {
-    for (std::size_t next = 0; next < wiped_.size(); ++next) {
-        for (const Relation* relation : wiped_[next]->AsParent()) {
+    std::size_t next = 0;
+    while (next < wiped_.size()) {
+        const RuledTable& table = *wiped_[next++];
+        for (const Relation* relation : table.AsParent()) {
             LookAlong(*relation);
         }
     }

@@ -549,18 +549,48 @@ TEST_F(JetRuledTable, AWipeMeetsEachTableOfACircleOnce) {
     EXPECT_EQ(RowsOf("house"), 0);
 }
 
-// Its rows carry marks by which copies of the file are put together again, and nobody here makes them.
-TEST_F(JetRuledTable, AReplicatedTableIsOnlyRead) {
-    TableLayout layout = ReadTableLayout(*file.pages, file.EntryOf("owner").page);
+// Rows of such a table carry marks by which copies of the file are put together again. Nobody here makes
+// them.
+void Replicate(RulesFile& file, const char* table) {
+    TableLayout layout = ReadTableLayout(*file.pages, file.EntryOf(table).page);
     layout.columns[1].isOfSystem = true;
     WriteDefinition(*file.pages, layout);
-    for (const Failing& failing : {Insert("owner", {{"code", Text("A")}}), Wipe("owner"), FailureOf([&] {
-                                       Tables().RequireUnderstood({QStringLiteral("owner")});
-                                   })}) {
+}
+
+TEST_F(JetRuledTable, AReplicatedTableIsOnlyRead) {
+    Replicate(file, "owner");
+    Open("owner").Rows().Insert({Text("A"), Text("a name")});
+    for (const Failing& failing :
+         {Insert("owner", {{"code", Text("B")}}), Wipe("owner"), Delete("owner", "A"),
+          Change("owner", "A", {{"code", Text("C")}}),
+          FailureOf([&] { Tables().RequireUnderstood({QStringLiteral("owner")}); })}) {
         EXPECT_EQ(failing.number, ErrorNumber::InvalidOperation);
         EXPECT_TRUE(Tells(failing, {"'owner'", "'name'"})) << failing.sentence.toStdString();
     }
+    EXPECT_EQ(Column("owner", "code"), QStringLiteral("A"));
     EXPECT_EQ(AddHouse("h1", Null()), 0);
+}
+
+TEST_F(JetRuledTable, NoCascadeReachesATableThatIsOnlyRead) {
+    RelateHouses(Cascade, true);
+    Replicate(file, "house");
+    AddOwner("A");
+    Open("house").Rows().Insert({Text("h1"), Text("A"), Null(), Null()});
+    for (const Failing& failing :
+         {Delete("owner", "A"), Wipe("owner"), Change("owner", "A", {{"code", Text("C")}})}) {
+        EXPECT_EQ(failing.number, ErrorNumber::InvalidOperation);
+        EXPECT_TRUE(Tells(failing, {"'house'"})) << failing.sentence.toStdString();
+    }
+    EXPECT_EQ(Column("owner", "code"), QStringLiteral("A"));
+    EXPECT_EQ(Column("house", "owner"), QStringLiteral("A"));
+}
+
+TEST_F(JetRuledTable, AnUpdateIsCheckedWithoutAnyRelation) {
+    file.SetProperties("owner", PropertyBytes().OfColumn("name", "Required", true).Block());
+    EXPECT_EQ(Insert("owner", {{"code", Text("A")}, {"name", Text("x")}}).number, 0);
+    EXPECT_EQ(Change("owner", "A", {{"name", Null()}}).number, ErrorNumber::NullNotAllowed);
+    EXPECT_EQ(Change("owner", "A", {{"name", Text("y")}}).number, 0);
+    EXPECT_EQ(Column("owner", "name"), QStringLiteral("y"));
 }
 
 TEST_F(JetRuledTable, DefaultsAndRulesComeWithTheRow) {
