@@ -59,7 +59,7 @@ std::optional<Term> Read(const QString& expression, const Column& column) {
         text = text.mid(1).trimmed();
     }
     if (text.isEmpty()) {
-        return Term(Value());
+        return std::optional<Term>(std::in_place);
     }
     const auto words = WordsOf(text);
     if (!words) {
