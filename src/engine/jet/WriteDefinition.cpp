@@ -80,12 +80,12 @@ private:
             entry.Put16(ColumnSortOrderAt, column.sortOrder);
             entry.Put8(ColumnSortVersionAt, column.sortVersion);
         }
-        entry.Put8(ColumnFlagsAt, static_cast<std::uint8_t>(ColumnFlag::Changeable |
-                                                            (column.isFixed ? ColumnFlag::Fixed : 0) |
-                                                            (column.countsUp ? ColumnFlag::CountsUp : 0) |
-                                                            (column.isMasked ? ColumnFlag::Masked : 0) |
-                                                            (column.makesGuids ? ColumnFlag::MakesGuids : 0) |
-                                                            (layout_.isSystem ? ColumnFlag::OfSystem : 0)));
+        entry.Put8(ColumnFlagsAt, static_cast<std::uint8_t>(
+                                      ColumnFlag::Changeable | (column.isFixed ? ColumnFlag::Fixed : 0) |
+                                      (column.countsUp ? ColumnFlag::CountsUp : 0) |
+                                      (column.isMasked ? ColumnFlag::Masked : 0) |
+                                      (column.makesGuids ? ColumnFlag::MakesGuids : 0) |
+                                      (layout_.isSystem || column.isOfSystem ? ColumnFlag::OfSystem : 0)));
         entry.Put8(ColumnMoreFlagsAt, column.isCompressed ? ColumnFlag::Compressed : 0);
         entry.Put16(ColumnFixedAt, column.fixedAt);
         entry.Put16(ColumnSizeAt, column.size);
