@@ -75,8 +75,10 @@ std::optional<PageNumber> RowPages::FindRoom(std::size_t size) {
     return std::nullopt;
 }
 
+// Long values have no order, and so take the pages that earlier ones gave back.
 PageNumber RowPages::NewPage() {
-    const PageNumber page = pages_.TakeBehind(owned_.Last().value_or(0));
+    const bool isOrdered = owner_ != PageOwner::LongValues;
+    const PageNumber page = pages_.TakeBehind(isOrdered ? owned_.Last().value_or(0) : 0);
     ChangeableDataPage::Begin(pages_.Change(page), page, owner_);
     owned_.Add(page);
     if (room_) {
