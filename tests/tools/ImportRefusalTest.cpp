@@ -1,6 +1,6 @@
 #include "Program.h"
-#include "support/PrintQt.h"
 #include "support/FormatUnderTest.h"
+#include "support/PrintQt.h"
 
 #include <QDir>
 #include <QFile>

@@ -19,9 +19,9 @@ public:
     std::optional<PageNumber> FirstPage(PageNumber from = 0) const { return owned_.First(from); }
     bool Owns(PageNumber page) const { return owned_.Has(page); }
 
-    /// Puts a row where there is room, on a new page if need be. It must not be longer than MostBytesOfPage. A
-    /// new row of a table comes behind all others, so that whoever reads the table through meets rows in the
-    /// order in which they were added.
+    /// Puts a row where there is room, on a new page if need be. It must not be longer than MostBytesOfPage.
+    /// A new row of a table comes behind all others, so that whoever reads the table through meets rows in
+    /// the order in which they were added.
     RowPlace Add(const Bytes& row, RowState state);
     /// Takes out the bytes of a row. Its number stays taken, so that it means no other row.
     void Delete(RowPlace place);
