@@ -29,7 +29,7 @@ class Bench:
         self.programs = programs
         self.folder = folder
         self.fresh = self.path("fresh.mdb")
-        subprocess.run([self.program("hearthbook-create-database"), self.fresh], check=True)
+        subprocess.run([self.program("hearthbook-create-database"), "--format", "sqlite", self.fresh], check=True)
 
     def path(self, name):
         return os.path.join(self.folder, name)

@@ -77,7 +77,7 @@ def compare_starts(programs, times):
         watcher = Watcher(desktop.environment["DISPLAY"])
         folder = tempfile.mkdtemp(dir=desktop.folder)
         wizard = shutil.copy(programs / "wrenfield-wizard", folder)
-        subprocess.run([programs / "hearthbook-create-database", os.path.join(folder, "property.mdb")], check=True)
+        subprocess.run([programs / "hearthbook-create-database", "--format", "sqlite", os.path.join(folder, "property.mdb")], check=True)
         # In the middle of the screen, where the window manager puts both.
         place = 1280 // 2, 900 // 2
         results = {program: [] for program in (wizard, str(programs / "bare-window"))}

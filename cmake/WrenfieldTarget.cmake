@@ -94,10 +94,12 @@ function(wrenfield_busy_test name seconds)
   set_tests_properties(${name} PROPERTIES PROCESSORS 2)
 endfunction()
 
-# wrenfield_test(<name> SOURCES ... USES ...)
+# wrenfield_test(<name> SOURCES ... USES ... [JET_WITHOUT <tests> ...])
+# With JET_WITHOUT its tests run twice: <name> on SQLite files, and <name>_jet on Jet files, but for those that speak of
+# what only a SQLite file has (patterns as GoogleTest has them, or NOTHING).
 # A program of tests. One that uses widget_test_support has an application with windows, any other one without.
 function(wrenfield_test name)
-  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES;JET_WITHOUT" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 600)
   endif()
@@ -111,5 +113,13 @@ function(wrenfield_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   wrenfield_busy_test(${name} ${ARG_TIMEOUT})
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT
+                       "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WRENFIELD_FORMAT=sqlite")
+  if(ARG_JET_WITHOUT)
+    list(JOIN ARG_JET_WITHOUT ":" without)
+    add_test(NAME ${name}_jet COMMAND ${name} --gtest_filter=-${without})
+    wrenfield_busy_test(${name}_jet ${ARG_TIMEOUT})
+    set_tests_properties(${name}_jet PROPERTIES ENVIRONMENT
+                         "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WRENFIELD_FORMAT=jet")
+  endif()
 endfunction()

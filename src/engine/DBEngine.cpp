@@ -48,6 +48,8 @@ QString EngineName() {
 
 DBEngine::DBEngine() : workspace_(std::make_shared<Workspace>()) {
     platform::BeforeMessageBox(FlushOpenDatabasesUnlessHeldUp);
+    // The last first: files are left when everything is in them.
+    platform::AtProcessEnd(jet::JetFile::LeaveAll);
     platform::AtProcessEnd(FlushOpenDatabases);
 }
 

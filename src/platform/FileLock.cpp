@@ -52,16 +52,6 @@ QByteArray ReadSystemFile(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// The system keeps the first 15 characters of a program's name; its command line mostly begins with all.
-QString ProgramOf(qint64 process) {
-    const QString folder = QStringLiteral("/proc/%1/").arg(process);
-    const QByteArray name = ReadSystemFile(folder + QLatin1String("comm")).trimmed();
-    const QByteArray command = ReadSystemFile(folder + QLatin1String("cmdline"));
-    const QByteArray whole = command.left(command.indexOf('\0'));
-    const QByteArray file = whole.mid(whole.lastIndexOf('/') + 1);
-    return QFile::decodeName(file.startsWith(name) ? file : name);
-}
-
 // How the system's list of locks names a file.
 QString NameInLockList(const FileIdentity& file) {
     return QStringLiteral("%1:%2:%3")
@@ -71,6 +61,16 @@ QString NameInLockList(const FileIdentity& file) {
 }
 
 }  // namespace
+
+// The system keeps the first 15 characters of a program's name; its command line mostly begins with all.
+QString ProgramOf(qint64 process) {
+    const QString folder = QStringLiteral("/proc/%1/").arg(process);
+    const QByteArray name = ReadSystemFile(folder + QLatin1String("comm")).trimmed();
+    const QByteArray command = ReadSystemFile(folder + QLatin1String("cmdline"));
+    const QByteArray whole = command.left(command.indexOf('\0'));
+    const QByteArray file = whole.mid(whole.lastIndexOf('/') + 1);
+    return QFile::decodeName(file.startsWith(name) ? file : name);
+}
 
 std::optional<FileIdentity> IdentityOf(const QString& path) {
     struct stat status {};

@@ -24,6 +24,9 @@ struct LockHolder {
     QString program;  ///< Its name without the folder.
 };
 
+/// The name of the program that a process runs, without the folder. Empty if the system doesn't tell.
+QString ProgramOf(qint64 process);
+
 /// A lock on a whole file among the programs that ask for it. It hinders nobody else: reading, writing and
 /// the locks of a database engine on single bytes go on as without it.
 ///

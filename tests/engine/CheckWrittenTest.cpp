@@ -121,7 +121,9 @@ TEST_F(CheckWrittenTest, AfterAllRowsWereRemovedThereIsNothingToLookFor) {
 }
 
 TEST_F(CheckWrittenTest, RowsFromBeforeAreNotOnesOwn) {
-    ASSERT_TRUE(RunElsewhere(path, "insert into notes(text) values('old'), ('old'), ('old')"));
+    ASSERT_TRUE(RunElsewhere(path,
+                             "insert into notes(text) values('old');insert into notes(text) "
+                             "values('old');insert into notes(text) values('old')"));
     database->Execute(QStringLiteral("delete from notes where text = 'old'"));
     Insert(2);
     database->Flush();
@@ -130,7 +132,9 @@ TEST_F(CheckWrittenTest, RowsFromBeforeAreNotOnesOwn) {
 }
 
 TEST_F(CheckWrittenTest, AStatementThatFailsHalfwayHasWrittenNothing) {
-    ASSERT_TRUE(RunElsewhere(path, "insert into notes(text) values('x'), ('y'), ('x')"));
+    ASSERT_TRUE(RunElsewhere(path,
+                             "insert into notes(text) values('x');insert into notes(text) values('y');insert "
+                             "into notes(text) values('x')"));
     AddThing("a");
     EXPECT_EQ(ExecuteError("insert into things(code) select text from notes"), ErrorNumber::DuplicateKey);
     EXPECT_EQ(Differences(), QStringList());

@@ -243,11 +243,11 @@ TEST_F(NewFileTest, AFailingDiskLeavesTheWholeFileOrNothing) {
 
 // Whoever opens the new file would take them for its own, play them back and remove them.
 TEST_F(NewFileTest, ItsSideFilesMustNotBeThereAlready) {
-    for (const char* end : {"-journal", "-wal", "-shm"}) {
-        const QString beside = copy + QLatin1String(end);
+    for (const QString& end : EndsOfFilesBeside()) {
+        const QString beside = copy + end;
         Write(beside, "precious");
-        EXPECT_EQ(CopyError(copy), ErrorNumber::DatabaseExists) << end;
-        EXPECT_EQ(CreateError(copy), ErrorNumber::DatabaseExists) << end;
+        EXPECT_EQ(CopyError(copy), ErrorNumber::DatabaseExists) << end.toStdString();
+        EXPECT_EQ(CreateError(copy), ErrorNumber::DatabaseExists) << end.toStdString();
         EXPECT_EQ(Contents(beside), "precious");
         EXPECT_TRUE(QFile::remove(beside));
         EXPECT_EQ(Everything(), QStringList{QStringLiteral("things.mdb")});

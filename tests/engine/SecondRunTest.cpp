@@ -16,8 +16,9 @@ class SecondRunTest : public EngineTest {
 protected:
     void OpenAnew() {
         database.reset();
-        ASSERT_TRUE(
-            RunElsewhere(path, "delete from notes; delete from copies; insert into copies values('old', 7)"));
+        ASSERT_TRUE(RunElsewhere(
+            path,
+            "delete from notes; delete from copies; insert into copies(text, number) values('old', 7)"));
         lost.clear();
         refused.clear();
         accepted.clear();

@@ -62,7 +62,7 @@ class Attack:
         self._limits_memory = limits_memory
         fresh = os.path.join(folder, "fresh.mdb")
         filled = os.path.join(folder, "filled.mdb")
-        subprocess.run([maker, fresh], check=True, timeout=_TIME_LIMIT_SECONDS)
+        subprocess.run([maker, "--format", "sqlite", fresh], check=True, timeout=_TIME_LIMIT_SECONDS)
         place = os.path.join(folder, "genuine")
         os.mkdir(place)
         shutil.copy2(fresh, os.path.join(place, DATABASE))

@@ -5,6 +5,7 @@ import json
 import os
 import subprocess
 
+import wizard as wizard_module
 from journey import Journey, main
 from random_portfolio import random_portfolio
 from typist import Typist
@@ -30,11 +31,10 @@ class Roads(Journey):
         with open(file, "w") as text:
             json.dump(portfolio, text)
         database = os.path.join(wizard.folder, "imported.mdb")
-        subprocess.run([self.program("hearthbook-create-database"), database], check=True)
+        subprocess.run([self.program("hearthbook-create-database"), "--format", wizard_module.FORMAT, database], check=True)
         subprocess.run([self.program("wrenfield-import"), file, "--database", database, "--today", self.TODAY, "--yes"],
                        check=True, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        return subprocess.run(["sqlite3", "-readonly", database, ".dump"], check=True,
-                              stdout=subprocess.PIPE).stdout.decode()
+        return wizard_module.second_reader.dump(database)
 
     def program(self, name):
         return os.path.join(self.programs, name)

@@ -1,14 +1,21 @@
 """The wizard as its user has it: a folder of its own with the program and its database, worked by keys and clicks,
-and read by the sqlite3 program."""
+and read by programs that share nothing with it."""
 
 import glob
 import os
 import shutil
 import subprocess
+import sys
 import tempfile
 
 import accessible
 from desktop import wait_for
+
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+import second_reader
+
+# Of the database files.
+FORMAT = os.environ.get("WRENFIELD_FORMAT", "sqlite")
 
 TABS = ["Introduction", "Bank Accounts", "User Type", "Owners", "Properties", "Tenants", "Finished"]
 
@@ -28,7 +35,9 @@ class Wizard:
         self.program = os.path.join(self.folder, "wrenfield-wizard")
         shutil.copy(os.path.join(programs, "wrenfield-wizard"), self.program)
         self.database = os.path.join(self.folder, "property.mdb")
-        subprocess.run([os.path.join(programs, "hearthbook-create-database"), self.database], check=True)
+        self.programs = programs
+        subprocess.run([os.path.join(programs, "hearthbook-create-database"), "--format", FORMAT, self.database],
+                       check=True)
         self.contents_at_start = self.contents()
         self.stand_ins = os.path.join(self.folder, "stand-ins")
         os.mkdir(self.stand_ins)
@@ -83,7 +92,11 @@ class Wizard:
         return self._root
 
     def change(self, statement):
-        subprocess.run(["sqlite3", self.database, statement], check=True)
+        if FORMAT == "jet":
+            subprocess.run([os.path.join(self.programs, "write-rows"), self.database], check=True,
+                           input="".join(f"{line}\0" for line in statement.split(";")).encode())
+        else:
+            subprocess.run(["sqlite3", self.database, statement], check=True)
 
     # What a user does.
 
@@ -282,10 +295,7 @@ class Wizard:
 
     def contents(self):
         """Every row of every table."""
-        return subprocess.run(["sqlite3", "-readonly", self.database, ".dump"], check=True,
-                              stdout=subprocess.PIPE).stdout
+        return second_reader.dump(self.database).encode("utf-8", "surrogatepass")
 
     def rows(self, statement):
-        result = subprocess.run(["sqlite3", "-readonly", self.database, statement], check=True,
-                                stdout=subprocess.PIPE)
-        return result.stdout.decode().splitlines()
+        return second_reader.query(self.database, statement)

@@ -106,7 +106,7 @@ class StagedInstall(Folder):
 
     def test_the_installed_import_fills_a_database(self):
         database = self.in_folder("trial.mdb")
-        run(self.in_folder(options.directory, "hearthbook-create-database"), database)
+        run(self.in_folder(options.directory, "hearthbook-create-database"), "--format", "sqlite", database)
         run(self.in_folder(options.directory, "wrenfield-import"), "--database", database, "--yes",
             self.in_folder("usr/share/doc/wrenfield-wizard/examples/portfolio.json"),
             env={**os.environ, "LC_ALL": "C.UTF-8"})

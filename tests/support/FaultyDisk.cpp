@@ -1,5 +1,8 @@
 #include "support/FaultyDisk.h"
 
+#include "engine/Error.h"
+#include "engine/jet/Disk.h"
+
 #include <QtGlobal>
 
 #include <sqlite3.h>
@@ -36,9 +39,13 @@ sqlite3_file* Real(sqlite3_file* file) {
 }
 
 std::set<ShimFile*> openFiles;
+std::set<engine::jet::DiskFile*> openJetFiles;
 
 bool Fits(sqlite3_int64 more) {
     sqlite3_int64 taken = 0;
+    for (engine::jet::DiskFile* open : openJetFiles) {
+        taken += static_cast<sqlite3_int64>(open->Size());
+    }
     for (ShimFile* open : openFiles) {
         sqlite3_int64 size = 0;
         open->file->pMethods->xFileSize(open->file, &size);
@@ -182,6 +189,83 @@ int Delete(sqlite3_vfs* /*vfs*/, const char* name, int syncFolder) {
     return Fails("remove", false) ? SQLITE_IOERR_DELETE : real->xDelete(real, name, syncFolder);
 }
 
+[[noreturn]] void RaiseDiskError(const char* kind) {
+    throw engine::Error(engine::ErrorNumber::DiskError,
+                        QStringLiteral("Disk error: %1.").arg(QLatin1String(kind)));
+}
+
+void FailIfTold(const char* kind) {
+    if (Fails(kind, false)) {
+        RaiseDiskError(kind);
+    }
+}
+
+// The same for Jet files, which don't stand on SQLite's files.
+class FaultyJetFile : public engine::jet::DiskFile {
+public:
+    explicit FaultyJetFile(std::unique_ptr<engine::jet::DiskFile> file) : file_(std::move(file)) {
+        openJetFiles.insert(this);
+    }
+    ~FaultyJetFile() override { openJetFiles.erase(this); }
+    FaultyJetFile(const FaultyJetFile&) = delete;
+    FaultyJetFile& operator=(const FaultyJetFile&) = delete;
+
+    std::uint64_t Size() override { return file_->Size(); }
+    void Read(std::uint64_t at, std::span<std::uint8_t> bytes) override { file_->Read(at, bytes); }
+    void Write(std::uint64_t at, std::span<const std::uint8_t> bytes) override {
+        const std::string_view written(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        if (!state.badBytes.empty() && written.find(state.badBytes) != std::string_view::npos) {
+            RaiseDiskError("write");
+        }
+        const auto more = static_cast<sqlite3_int64>(at + bytes.size()) - static_cast<sqlite3_int64>(Size());
+        const bool isFull = roomInAll > 0 && more > 0 && !Fits(more);
+        state.faults += isFull ? 1 : 0;
+        if (isFull || Fails("write", more > 0)) {
+            if (isFull || state.fault == FaultyDisk::Fault::FullFromThenOn) {
+                throw engine::Error(engine::ErrorNumber::DiskFull, QStringLiteral("Disk full."));
+            }
+            RaiseDiskError("write");
+        }
+        file_->Write(at, bytes);
+    }
+    void Resize(std::uint64_t size) override {
+        FailIfTold("truncate");
+        file_->Resize(size);
+    }
+    void Sync() override {
+        ++state.syncs;
+        FailIfTold("sync");
+    }
+
+private:
+    std::unique_ptr<engine::jet::DiskFile> file_;
+};
+
+class FaultyJetDisk : public engine::jet::Disk {
+public:
+    std::unique_ptr<engine::jet::DiskFile> Make(const QString& path) override {
+        return std::make_unique<FaultyJetFile>(system_.Make(path));
+    }
+    std::unique_ptr<engine::jet::DiskFile> Open(const QString& path) override {
+        return std::make_unique<FaultyJetFile>(system_.Open(path));
+    }
+    std::unique_ptr<engine::jet::DiskFile> OpenOrMake(const QString& path,
+                                                      const QString& permissionsOf) override {
+        return std::make_unique<FaultyJetFile>(system_.OpenOrMake(path, permissionsOf));
+    }
+    bool IsThere(const QString& path) override { return system_.IsThere(path); }
+    void Remove(const QString& path) override {
+        FailIfTold("remove");
+        system_.Remove(path);
+    }
+    void Rename(const QString& from, const QString& to) override { system_.Rename(from, to); }
+
+private:
+    engine::jet::Disk& system_ = engine::jet::SystemDisk();
+};
+
+FaultyJetDisk jetDisk;
+
 }  // namespace
 
 FaultyDisk::FaultyDisk() {
@@ -195,11 +279,13 @@ FaultyDisk::FaultyDisk() {
     if (sqlite3_vfs_register(&shim, 1) != SQLITE_OK) {
         qFatal("The faulty disk can't be put in place");
     }
+    engine::jet::UseDisk(&jetDisk);
     Repair();
 }
 
 FaultyDisk::~FaultyDisk() {
     roomInAll = 0;
+    engine::jet::UseDisk(nullptr);
     sqlite3_vfs_unregister(&shim);
     sqlite3_vfs_register(real, 1);
 }

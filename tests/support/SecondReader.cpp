@@ -3,21 +3,24 @@
 #include "engine/DBEngine.h"
 #include "support/JetReader.h"
 
+#include <QTemporaryDir>
+
 #include <sqlite3.h>
 
 namespace {
 
 class OtherConnection {
 public:
-    /// To a Jet file: as much of it as the text speaks of.
-    explicit OtherConnection(const QString& path, const QString& text = {}) {
+    /// To a Jet file: to a copy of these tables, or of all.
+    explicit OtherConnection(const QString& path, const QStringList& tables = {}) {
         const bool isJet = IsJetFile(path);
-        const QByteArray name = isJet ? QByteArray(":memory:") : path.toUtf8();
-        if (sqlite3_open_v2(name.constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
-            qFatal("%s can't be opened", qPrintable(path));
-        }
+        const QString name = isJet ? directory_.filePath(QStringLiteral("copy")) : path;
         if (isJet) {
-            CopyJetTables(path, text, handle_);
+            CopyJetTables(path, name, tables);
+        }
+        if (sqlite3_open_v2(name.toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr) !=
+            SQLITE_OK) {
+            qFatal("%s can't be opened", qPrintable(path));
         }
     }
     ~OtherConnection() { sqlite3_close(handle_); }
@@ -27,6 +30,7 @@ public:
     sqlite3* Handle() const { return handle_; }
 
 private:
+    QTemporaryDir directory_;
     sqlite3* handle_ = nullptr;
 };
 
@@ -74,13 +78,13 @@ bool RunOnJetFile(const QString& path, const char* statements) {
 }  // namespace
 
 QStringList ReadRows(const QString& path, const char* sql) {
-    const OtherConnection connection(path, QString::fromUtf8(sql));
+    const OtherConnection connection(path);
     sqlite3_busy_timeout(connection.Handle(), 5000);
     return Rows(connection, sql);
 }
 
 QHash<QString, QStringList> ReadTables(const QString& path, const QStringList& tables) {
-    const OtherConnection connection(path, tables.join(QLatin1Char(' ')));
+    const OtherConnection connection(path, tables);
     sqlite3_busy_timeout(connection.Handle(), 5000);
     QHash<QString, QStringList> rows;
     for (const QString& table : tables) {

@@ -1,5 +1,5 @@
-// Runs statements on a database file, each ended by a zero byte in the standard input, for tests that prepare what was there
-// before.
+// Runs statements on a database file, each ended by a zero byte in the standard input, for tests that prepare
+// what was there before.
 
 #include "engine/DBEngine.h"
 

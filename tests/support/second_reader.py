@@ -14,6 +14,14 @@ def connect(path):
     return connection
 
 
+def query(path, statement):
+    """The rows that a statement finds, each its values joined by "|" as the sqlite3 program shows them."""
+    connection = connect(path)
+    rows = ["|".join("" if value is None else str(value) for value in row) for row in connection.execute(statement)]
+    connection.close()
+    return rows
+
+
 def dump(path):
     """The whole of a database as statements that would make it anew."""
     connection = connect(path)

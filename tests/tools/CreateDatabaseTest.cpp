@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "support/FormatUnderTest.h"
 #include "support/PrintQt.h"
 
 #include <QDir>
@@ -156,8 +157,8 @@ TEST_F(CreateDatabase, ARequestToEndLeavesTheWholeFileOrNothing) {
 }
 
 TEST_F(CreateDatabase, AFileThatTheDatabaseWouldTakeForItsOwnIsNotTouched) {
-    for (const char* end : {"-journal", "-wal", "-shm"}) {
-        const QString beside = Path() + QLatin1String(end);
+    for (const QString& end : EndsOfFilesBeside()) {
+        const QString beside = Path() + end;
         WriteFile(beside, "precious");
         const ProgramResult result = RunCreateDatabase({Path()});
         EXPECT_EQ(result.status, 2);

@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "support/FormatUnderTest.h"
 #include "support/PrintQt.h"
 
 #include <QDir>
@@ -78,9 +79,12 @@ TEST_F(ImportRefusal, TheDatabaseIsNoBackupOfItself) {
 }
 
 TEST_F(ImportRefusal, ABackupWouldVanishUnderANameThatTheDatabaseUsesItself) {
-    const QString roundabout = Path("sub/../property.mdb-wal");
     ASSERT_TRUE(QDir(directory_.path()).mkdir(QStringLiteral("sub")));
-    for (const QString& backup : {Path("property.mdb-journal"), roundabout, Path("property.mdb-shm")}) {
+    QStringList backups{Path("sub/../property.mdb") + EndsOfFilesBeside().front()};
+    for (const QString& end : EndsOfFilesBeside()) {
+        backups += Path("property.mdb") + end;
+    }
+    for (const QString& backup : backups) {
         const ProgramResult result = Import({QStringLiteral("--yes"), QStringLiteral("--backup"), backup});
         EXPECT_EQ(result.status, 2);
         EXPECT_TRUE(result.errors.contains("the database uses the name " + backup.toUtf8() + " for itself"));

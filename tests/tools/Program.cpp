@@ -48,7 +48,7 @@ QByteArray QueryDatabase(const QString& file, const QString& query) {
     const QTemporaryDir directory;
     const QString readable = IsJetFile(file) ? directory.filePath(QStringLiteral("copy")) : file;
     if (readable != file) {
-        CopyJetTables(file, query, readable);
+        CopyJetTables(file, readable);
     }
     const ProgramResult result =
         RunProgram(QStringLiteral("sqlite3"), {QStringLiteral("-readonly"), readable, query}, QString());

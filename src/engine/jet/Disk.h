@@ -49,4 +49,9 @@ public:
 /// The system's files.
 Disk& SystemDisk();
 
+/// The disk that databases are opened on: the system's, unless a test has put another one in its place. Null
+/// puts it back.
+Disk& DiskInUse();
+void UseDisk(Disk* disk);
+
 }  // namespace engine::jet

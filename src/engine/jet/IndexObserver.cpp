@@ -82,6 +82,12 @@ void IndexObserver::RequireKnownOrder(const Column& column) const {
     }
 }
 
+void IndexObserver::RequireKnownKeys() const {
+    for (const IndexColumn& column : Definition().columns) {
+        RequireKnownOrder(layout_.columns[static_cast<std::size_t>(column.column)]);
+    }
+}
+
 // A date's key has more digits than the value of a date.
 Value IndexObserver::ValueIn(const StoredRow& row, int column) const {
     const Column& known = layout_.columns[static_cast<std::size_t>(column)];

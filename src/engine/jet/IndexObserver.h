@@ -37,6 +37,9 @@ public:
     void Goes(RowPlace key, const StoredRow& row) override;
     void AllWent() override;
 
+    /// Fails as above if this is an index that can't be kept.
+    void RequireKnownKeys() const;
+
     const RealIndex& Definition() const { return layout_.indexes[static_cast<std::size_t>(index_)]; }
     const std::vector<KeyColumn>& Columns() const { return columns_; }
     /// What a row has in the columns of the index, in their order, such that keys can be made of it.

@@ -196,6 +196,18 @@ void Journal::Write(const JournalContents& contents) {
     file.Sync();
 }
 
+// The head of a journal that means nothing.
+void Journal::Try() {
+    try {
+        File().Write(0, std::array<std::uint8_t, HeadSize>{});
+    } catch (const Error& failure) {
+        Remove();
+        throw Error(failure.Number(),
+                    QStringLiteral("No journal can be made: %1").arg(failure.Description()));
+    }
+    Remove();
+}
+
 void Journal::Clear() {
     DiskFile& file = File();
     file.Write(0, std::array<std::uint8_t, HeadSize>{});

@@ -51,6 +51,8 @@ public:
 
     /// Brings the contents to the disk.
     void Write(const JournalContents& contents);
+    /// Makes sure that there is room for one, and leaves nothing. For a journal that isn't there.
+    void Try();
     /// Makes the journal mean nothing, on the disk too. The file stays, for the next group.
     void Clear();
     /// Removes the file, which must be cleared. Nothing happens if there is none.

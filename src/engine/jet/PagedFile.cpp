@@ -37,14 +37,23 @@ PagedFile::PagedFile(Disk& disk, const QString& path, PageNumber mostPages)
     file_->Read(0, header);
     CheckFileHeader(header, path);
     RecoverDatabase(disk, path, *file_);
+    CountPages();
+}
+
+void PagedFile::CountPages() {
     const std::uint64_t size = file_->Size();
     if (size > PlaceOf(mostPages_)) {
-        Refuse(path, QStringLiteral("it is larger than the format allows"));
+        Refuse(path_, QStringLiteral("it is larger than the format allows"));
     }
     count_ = countBefore_ = static_cast<PageNumber>(size / PageSize);
     if (size % PageSize != 0) {
         RaiseDamaged(count_, QStringLiteral("is cut, at the end of the file"));
     }
+}
+
+void PagedFile::Reopen() {
+    cache_.clear();
+    CountPages();
 }
 
 void PagedFile::RequireUsable() const {
@@ -341,6 +350,10 @@ void PagedFile::GiveUpGroup() {
     }
     count_ = countBefore_;
     Settle();
+}
+
+void PagedFile::TryJournal() {
+    journal_.Try();
 }
 
 void PagedFile::RemoveJournal() {

@@ -69,6 +69,13 @@ public:
     /// to it meanwhile, such as one that copies files and was told the wrong name.
     bool IsOverwritten() const { return isOverwritten_; }
 
+    /// Finds out whether a group would have room for its journal. Leaves nothing.
+    void TryJournal();
+
+    /// Forgets all pages, and looks anew how many the file has: others may have written to it until now. Only
+    /// between groups. Fails as opening does.
+    void Reopen();
+
     /// Removes the journal, where no further group is in sight. Only between groups.
     void RemoveJournal();
 
@@ -86,6 +93,7 @@ private:
         bool wasTaken = false;
     };
 
+    void CountPages();
     void RequireUsable() const;
     Cached& Load(PageNumber number);
     /// The page if it is in memory, else null.

@@ -25,14 +25,36 @@ std::string FolderOf(const std::string& name) {
     return end == std::string::npos ? std::string(".") : name.substr(0, end + 1);
 }
 
-[[noreturn]] void Raise(const QString& path, const char* what, int systemError) {
-    const bool isFull = systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
-    throw Error(
-        isFull ? ErrorNumber::DiskFull : ErrorNumber::DiskError,
-        QStringLiteral("%1: '%2' can't be %3: %4.")
-            .arg(isFull ? QStringLiteral("Disk full") : QStringLiteral("Disk error"), path,
-                 QLatin1String(what), QString::fromStdString(std::generic_category().message(systemError))));
+struct Complaint {
+    int number;
+    const char* words;
+};
+
+Complaint ComplaintOf(int systemError) {
+    switch (systemError) {
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return {ErrorNumber::DiskFull, "Disk full"};
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case ENAMETOOLONG:
+            return {ErrorNumber::ReadOnlyDatabase, "Cannot update. Database or object is read-only"};
+        default:
+            return {ErrorNumber::DiskError, "Disk error"};
+    }
 }
+
+[[noreturn]] void Raise(const QString& path, const char* what, int systemError) {
+    const Complaint complaint = ComplaintOf(systemError);
+    throw Error(complaint.number,
+                QStringLiteral("%1: '%2' can't be %3: %4.")
+                    .arg(QLatin1String(complaint.words), path, QLatin1String(what),
+                         QString::fromStdString(std::generic_category().message(systemError))));
+}
+
+Disk* diskInUse = nullptr;
 
 class SystemFile : public DiskFile {
 public:
@@ -183,6 +205,14 @@ private:
 Disk& SystemDisk() {
     static RealDisk disk;
     return disk;
+}
+
+Disk& DiskInUse() {
+    return diskInUse != nullptr ? *diskInUse : SystemDisk();
+}
+
+void UseDisk(Disk* disk) {
+    diskInUse = disk;
 }
 
 }  // namespace engine::jet

@@ -42,6 +42,10 @@ QByteArray LongBytes(const Column& column, const Value& value) {
     RaiseWrongType(column);
 }
 
+bool IsNumbered(const Column& column) {
+    return column.countsUp && column.type == ColumnType::Long;
+}
+
 // As a file has them: the first three parts of an identifier are numbers.
 QByteArray NewGuid() {
     QByteArray guid = QUuid::createUuid().toRfc4122();
@@ -166,7 +170,7 @@ void Table::Number(RowCells& cells) {
         if (column.makesGuids && !cells.Has(place)) {
             cells.Set(place, NewGuid());
         }
-        if (column.countsUp && column.type == ColumnType::Long) {
+        if (IsNumbered(column)) {
             PutNextNumber(cells, place);
         }
     }
@@ -255,6 +259,11 @@ void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells
             }
         } else if (old_.Has(column)) {
             cells_.Set(column, old_.BytesOf(column));
+        }
+    }
+    for (const int column : columns) {
+        if (cells_.Has(column) && IsNumbered(ColumnAt(column))) {
+            PutNextNumber(cells_, column);
         }
     }
     Compose(cells_);

@@ -53,8 +53,9 @@ public:
     /// The same for cells that the columns take, each as PutCell and ToCell make them. Those that number
     /// themselves are filled in.
     RowPlace Insert(RowCells& cells);
-    /// Each column may be named once; those that aren't keep their bytes, long values their places. Fails as
-    /// Insert does, and with 3167 for a deleted row.
+    /// Each column may be named once; those that aren't keep their bytes, long values their places. A number
+    /// that is given to a column that counts up is counted on from, too. Fails as Insert does, and with 3167
+    /// for a deleted row.
     void Update(RowPlace key, const std::vector<CellChange>& changes);
     /// The same with the cells of these columns.
     void Update(RowPlace key, const std::vector<int>& columns, const RowCells& changed);

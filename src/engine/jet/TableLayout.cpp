@@ -90,6 +90,7 @@ private:
         column.variablePlace = entry.U16(ColumnVariablePlaceAt);
         column.size = entry.U16(ColumnSizeAt);
         column.countsUp = (flags & ColumnFlag::CountsUp) != 0;
+        column.isOfSystem = (flags & ColumnFlag::OfSystem) != 0;
         column.isMasked = (flags & ColumnFlag::Masked) != 0;
         column.makesGuids = (flags & ColumnFlag::MakesGuids) != 0;
         column.isCompressed = (entry.U8(ColumnMoreFlagsAt) & ColumnFlag::Compressed) != 0;

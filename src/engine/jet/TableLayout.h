@@ -35,6 +35,10 @@ inline bool IsLongType(std::uint8_t type) {
 inline bool IsTextType(std::uint8_t type) {
     return type == ColumnType::Text || type == ColumnType::Memo;
 }
+/// Yes and no are numbers too, -1 and 0. Decimals aren't: nothing here calculates with them.
+inline bool IsNumberType(std::uint8_t type) {
+    return type >= ColumnType::Boolean && type <= ColumnType::Double;
+}
 
 /// No table has more columns, deleted ones counted, and no name of a column or an index is longer.
 inline constexpr int MostColumns = 255;
@@ -55,6 +59,8 @@ struct Column {
     bool countsUp = false;            ///< Gets the next number in a row that leaves it out.
     /// Holds the numbers of users, which are masked. Only in system tables, and kept as they are.
     bool isMasked = false;
+    /// The engine's own. In a table of users only where the file is replicated.
+    bool isOfSystem = false;
     bool makesGuids = false;     ///< Gets a new identifier likewise.
     bool isCompressed = false;   ///< Whether its texts may be.
     std::uint8_t precision = 0;  ///< Decimal digits of a decimal, and those behind the point.

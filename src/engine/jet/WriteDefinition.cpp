@@ -80,12 +80,12 @@ private:
             entry.Put16(ColumnSortOrderAt, column.sortOrder);
             entry.Put8(ColumnSortVersionAt, column.sortVersion);
         }
-        entry.Put8(ColumnFlagsAt, static_cast<std::uint8_t>(ColumnFlag::Changeable |
-                                                            (column.isFixed ? ColumnFlag::Fixed : 0) |
-                                                            (column.countsUp ? ColumnFlag::CountsUp : 0) |
-                                                            (column.isMasked ? ColumnFlag::Masked : 0) |
-                                                            (column.makesGuids ? ColumnFlag::MakesGuids : 0) |
-                                                            (layout_.isSystem ? ColumnFlag::OfSystem : 0)));
+        entry.Put8(ColumnFlagsAt, static_cast<std::uint8_t>(
+                                      ColumnFlag::Changeable | (column.isFixed ? ColumnFlag::Fixed : 0) |
+                                      (column.countsUp ? ColumnFlag::CountsUp : 0) |
+                                      (column.isMasked ? ColumnFlag::Masked : 0) |
+                                      (column.makesGuids ? ColumnFlag::MakesGuids : 0) |
+                                      (layout_.isSystem || column.isOfSystem ? ColumnFlag::OfSystem : 0)));
         entry.Put8(ColumnMoreFlagsAt, column.isCompressed ? ColumnFlag::Compressed : 0);
         entry.Put16(ColumnFixedAt, column.fixedAt);
         entry.Put16(ColumnSizeAt, column.size);
@@ -146,10 +146,12 @@ private:
     QByteArray bytes_;
 };
 
-// The original engine counts 8 bytes less than there are.
+// The original engine counts 8 bytes less than there are, and no definition ends within the last 8.
+constexpr std::size_t MostOfLastPage = PageSize - HeadSize;
+
 void PutFreeBytes(ChangeableBytes page, std::size_t used) {
-    const std::size_t most = PageSize - HeadSize;
-    page.Put16(HeadFreeBytesAt, static_cast<std::uint16_t>(most > used ? most - used : 0));
+    page.Put16(HeadFreeBytesAt,
+               static_cast<std::uint16_t>(MostOfLastPage > used ? MostOfLastPage - used : 0));
 }
 
 }  // namespace
@@ -163,7 +165,7 @@ void WriteDefinition(PageStore& pages, const TableLayout& layout) {
         const QByteArray part = left.left(PageSize);
         page.PutBytes(0, BytesOf(part, number));
         PutFreeBytes(page, static_cast<std::size_t>(part.size()));
-        if (left.size() <= static_cast<qsizetype>(PageSize)) {
+        if (left.size() <= static_cast<qsizetype>(MostOfLastPage)) {
             return;
         }
         // The head of a further page stands before what is left.

@@ -1,5 +1,6 @@
 #include "JetTest.h"
 #include "ModelDisk.h"
+#include "TableMakers.h"
 #include "engine/jet/IndexedTable.h"
 #include "engine/jet/MakeDatabase.h"
 #include "engine/jet/PagedFile.h"
@@ -13,25 +14,17 @@ namespace {
 
 const QDateTime Created(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
 
-NewColumn MakeColumn(const char* name, std::uint8_t type, int size = 0) {
-    NewColumn column;
-    column.name = QLatin1String(name);
-    column.type = type;
-    column.size = size;
-    return column;
-}
-
 // A table with an index over each type of column that an index can have, in either order.
 NewTable Things() {
     NewTable table;
     table.name = QStringLiteral("things");
-    table.columns = {MakeColumn("id", ColumnType::Long),         MakeColumn("yes", ColumnType::Boolean),
-                     MakeColumn("byte", ColumnType::Byte),       MakeColumn("short", ColumnType::Short),
-                     MakeColumn("money", ColumnType::Currency),  MakeColumn("single", ColumnType::Single),
-                     MakeColumn("double", ColumnType::Double),   MakeColumn("date", ColumnType::DateTime),
-                     MakeColumn("bytes", ColumnType::Binary, 9), MakeColumn("text", ColumnType::Text, 50),
-                     MakeColumn("memo", ColumnType::Memo),       MakeColumn("guid", ColumnType::Guid),
-                     MakeColumn("decimal", ColumnType::Decimal)};
+    table.columns = {ColumnOf("id", ColumnType::Long),         ColumnOf("yes", ColumnType::Boolean),
+                     ColumnOf("byte", ColumnType::Byte),       ColumnOf("short", ColumnType::Short),
+                     ColumnOf("money", ColumnType::Currency),  ColumnOf("single", ColumnType::Single),
+                     ColumnOf("double", ColumnType::Double),   ColumnOf("date", ColumnType::DateTime),
+                     ColumnOf("bytes", ColumnType::Binary, 9), ColumnOf("text", ColumnType::Text, 50),
+                     ColumnOf("memo", ColumnType::Memo),       ColumnOf("guid", ColumnType::Guid),
+                     ColumnOf("decimal", ColumnType::Decimal)};
     bool ascending = true;
     for (const NewColumn& column : table.columns) {
         NewIndex index;

@@ -1,69 +1,77 @@
 #pragma once
 
-#include "BareFile.h"
-#include "engine/jet/Table.h"
-#include "engine/jet/WriteDefinition.h"
+#include "IsSound.h"
+#include "KeptIndexes.h"
+#include "ModelDisk.h"
+#include "engine/jet/Catalogue.h"
+#include "engine/jet/MakeDatabase.h"
+#include "engine/jet/PagedFile.h"
 
 namespace engine::jet {
 
-/// A file with one table: a number that counts up, a yes or no, a text of 255 characters that may be
-/// compressed, a memo and a picture.
+/// A database with one table: a number that counts up, a yes or no, a text of 255 characters that may be
+/// compressed, a memo and a picture. There may be indexes over all of them but the picture.
 class TableFile {
 public:
-    TableFile() {
-        ChangeableDataPage maps = ChangeableDataPage::Begin(pages->Change(Maps), Maps, PageOwner::Nobody);
-        const QByteArray empty(UsageMapForm::UsualSize, '\0');
-        for (int map = 0; map < 6; ++map) {
-            maps.Add(BytesOf(empty, Maps), RowState::Here);
-        }
-        layout.page = 4;
-        layout.rowColumns = 5;
-        layout.variableColumns = 3;
-        layout.pages = {Maps, 0};
-        layout.pagesWithRoom = {Maps, 1};
-        layout.columns = {Make("id", ColumnType::Long, 4), Make("yes", ColumnType::Boolean, 1),
-                          Make("name", ColumnType::Text, 510), Make("memo", ColumnType::Memo, 0),
-                          Make("picture", ColumnType::LongBinary, 0)};
-        for (std::uint16_t place = 0; place < 5; ++place) {
-            layout.columns[place].number = place;
-        }
-        layout.columns[0].isFixed = layout.columns[1].isFixed = layout.columns[0].countsUp = true;
-        layout.columns[1].fixedAt = 4;
-        layout.columns[2].isCompressed = layout.columns[3].isCompressed = true;
-        layout.columns[3].variablePlace = 1;
-        layout.columns[4].variablePlace = 2;
-        layout.columns[3].longPages = {Maps, 2};
-        layout.columns[3].longPagesWithRoom = {Maps, 3};
-        layout.columns[4].longPages = {Maps, 4};
-        layout.columns[4].longPagesWithRoom = {Maps, 5};
-        WriteDefinition(*pages, layout);
-        pages->EndGroup(GroupKind::Adds);
+    enum class Indexes { None, Some };
+
+    explicit TableFile(Indexes indexes = Indexes::None) {
+        MakeDatabase(disk, path, {Things(indexes)}, QDateTime(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC),
+                     KeepAllIndexes);
         Open();
+        layout = table->Layout();
     }
 
     /// Opens the file anew, as another program would find it.
     void Open() {
-        table.reset();
+        rows_.reset();
         pages.reset();
-        pages = bare.Open();
-        table = std::make_unique<Table>(*pages, ReadTableLayout(*pages, layout.page));
+        pages = std::make_unique<PagedFile>(disk, path);
+        const PageNumber page = Catalogue(*pages).Find(QStringLiteral("things")).page;
+        rows_ = std::make_unique<TableWithIndexes>(*pages, ReadTableLayout(*pages, page));
+        table = &rows_->table;
     }
 
-    static constexpr PageNumber Maps = 3;
+    /// What has reached the disk.
+    const QByteArray& Content() const { return disk.files[path]->bytes; }
 
-    BareFile bare{5};
-    std::unique_ptr<PagedFile> pages = bare.Open();
+    ModelDisk disk;
+    QString path = QStringLiteral("/books/property.mdb");
+    std::unique_ptr<PagedFile> pages;
     TableLayout layout;
-    std::unique_ptr<Table> table;
+    Table* table = nullptr;
 
 private:
-    static Column Make(const char* name, std::uint8_t type, std::uint16_t size) {
-        Column column;
+    static NewColumn Make(const char* name, std::uint8_t type, int size = 0) {
+        NewColumn column;
         column.name = QLatin1String(name);
         column.type = type;
         column.size = size;
         return column;
     }
+
+    static NewTable Things(Indexes indexes) {
+        NewTable things;
+        things.name = QStringLiteral("things");
+        things.columns = {Make("id", ColumnType::Long), Make("yes", ColumnType::Boolean),
+                          Make("name", ColumnType::Text, 255), Make("memo", ColumnType::Memo),
+                          Make("picture", ColumnType::LongBinary)};
+        things.columns[0].countsUp = true;
+        if (indexes == Indexes::None) {
+            return things;
+        }
+        things.indexes.resize(3);
+        things.indexes[0].columns = {{QStringLiteral("id"), true}};
+        things.indexes[1].columns = {{QStringLiteral("name"), false}, {QStringLiteral("yes"), true}};
+        things.indexes[2].columns = {{QStringLiteral("memo"), true}};
+        things.indexes[2].ignoresNulls = true;
+        for (std::size_t index = 0; index < things.indexes.size(); ++index) {
+            things.indexes[index].name = QStringLiteral("index %1").arg(index);
+        }
+        return things;
+    }
+
+    std::unique_ptr<TableWithIndexes> rows_;
 };
 
 }  // namespace engine::jet

@@ -27,6 +27,13 @@ QString Letters(int count, char letter = 'x') {
 
 class JetTable : public ::testing::Test {
 protected:
+    void TearDown() override {
+        if (!isDamaged) {
+            file.pages->EndGroup(GroupKind::Adds);
+            EXPECT_TRUE(IsSound(file.Content()));
+        }
+    }
+
     std::vector<Value> ValuesOf(RowPlace key) const {
         const StoredRow row = table.Read(key);
         std::vector<Value> values;
@@ -54,6 +61,7 @@ protected:
 
     TableFile file;
     Table& table = *file.table;
+    bool isDamaged = false;  ///< By the test itself.
 };
 
 TEST_F(JetTable, ARowComesBackByItsKey) {
@@ -74,6 +82,17 @@ TEST_F(JetTable, NumbersCountUpFromTheLastOne) {
     EXPECT_EQ(ValueIn(table.Insert(given), Id), Value(qint64{5}));
     EXPECT_EQ(ValueIn(table.Insert(RowWith(Null())), Id), Value(qint64{11}));
     EXPECT_EQ(table.Figures().LastNumber(), 11);
+}
+
+TEST_F(JetTable, NumbersCountUpFromOneThatAnUpdateGave) {
+    const RowPlace key = table.Insert(RowWith(Null()));
+    table.Update(key, {{Id, qint64{10}}});
+    EXPECT_EQ(table.Figures().LastNumber(), 10);
+    EXPECT_EQ(ValueIn(table.Insert(RowWith(Null())), Id), Value(qint64{11}));
+    table.Update(key, {{Id, qint64{5}}});
+    EXPECT_EQ(table.Figures().LastNumber(), 11);
+    table.Update(key, {{Id, Null()}});
+    EXPECT_EQ(ValueIn(key, Id), Value(Null()));
 }
 
 TEST_F(JetTable, AfterTheHighestNumberThereIsNone) {
@@ -196,6 +215,7 @@ TEST_F(JetMovedRow, ADeletedRowIsGoneFromBothPlaces) {
 }
 
 TEST_F(JetMovedRow, AMoveThatLeadsInACircleIsDamage) {
+    isDamaged = true;
     ChangeableDataPage page(file.pages->Change(key.page), key.page, file.layout.page);
     PutRowPlace(page.ChangeableRow(key.row), 0, key);
     EXPECT_TRUE(FindsDamage(key.page, [&] { table.Read(key); }));
@@ -203,6 +223,7 @@ TEST_F(JetMovedRow, AMoveThatLeadsInACircleIsDamage) {
 }
 
 TEST_F(JetMovedRow, AMoveToADeletedRowOrAnotherTableIsDamage) {
+    isDamaged = true;
     const auto leadTo = [&](RowPlace place) {
         ChangeableDataPage page(file.pages->Change(key.page), key.page, file.layout.page);
         PutRowPlace(page.ChangeableRow(key.row), 0, place);
@@ -216,6 +237,7 @@ TEST_F(JetMovedRow, AMoveToADeletedRowOrAnotherTableIsDamage) {
 }
 
 TEST_F(JetMovedRow, NothingIsWrittenToAPageThatTheMapDoesNotHave) {
+    isDamaged = true;
     UsageMap(*file.pages, file.layout.pages).Remove(Target().page);
     EXPECT_TRUE(FindsDamage(Target().page, [&] { table.Update(key, {{Name, Letters(201)}}); }));
     EXPECT_TRUE(FindsDamage(Target().page, [&] { table.Delete(key); }));
@@ -246,6 +268,7 @@ TEST_F(JetTable, WhatIsFreedOfLongValuesIsUsedAgain) {
 }
 
 TEST_F(JetTable, ALongValueThatRunsInACircleIsDamage) {
+    isDamaged = true;
     const RowPlace key = table.Insert(RowWith(Null(), Null(), QByteArray(9000, 'b')));
     const StoredRow row = table.Read(key);
     const RowPlace first = ReadRowPlace(row.BytesOf(Picture), 4);
@@ -373,12 +396,41 @@ TEST_F(JetTable, AnObserverThatRefusesLeavesNoRow) {
 }
 
 TEST_F(JetTable, APageOfTheTableThatBelongsToSomebodyElseIsDamage) {
+    isDamaged = true;
     const RowPlace key = table.Insert(RowWith(Null()));
     ChangeableBytes(file.pages->Change(key.page), key.page).Put32(4, 77);
     EXPECT_TRUE(FindsDamage(key.page, [&] { Keys(); }));
     EXPECT_TRUE(FindsDamage(key.page, [&] { table.Read(key); }));
     EXPECT_TRUE(FindsDamage(key.page, [&] { table.Insert(RowWith(Null())); }));
     EXPECT_TRUE(FindsDamage(key.page, [&] { table.Wipe(); }));
+}
+
+TEST(JetTableWithIndexes, IndexesThatGetSmallerGiveTheirPagesBack) {
+    TableFile file(TableFile::Indexes::Some);
+    const auto isSound = [&file](GroupKind kind) {
+        file.pages->EndGroup(kind);
+        return IsSound(file.Content());
+    };
+    std::vector<RowPlace> keys;
+    const auto fill = [&] {
+        for (int row = 0; row < 400; ++row) {
+            keys.push_back(file.table->Insert(RowWith(QString::number(row * 7919 % 1000) + Letters(100))));
+        }
+    };
+    fill();
+    EXPECT_TRUE(isSound(GroupKind::Adds));
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        file.table->Delete(keys[row * 7 % keys.size()]);
+    }
+    EXPECT_TRUE(isSound(GroupKind::Removes));
+    fill();
+    file.pages->EndGroup(GroupKind::Adds);
+    const PageNumber most = file.pages->Count();
+    file.table->Wipe();
+    EXPECT_TRUE(isSound(GroupKind::Removes));
+    fill();
+    EXPECT_TRUE(isSound(GroupKind::Adds));
+    EXPECT_EQ(file.pages->Count(), most);
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ std::size_t LongestRowOf(const TableLayout& layout) {
 
 }  // namespace
 
-JetConnection::JetConnection(const QString& path) : file_(JetFile::Of(path)) {
+JetConnection::JetConnection(std::shared_ptr<JetFile> file) : file_(std::move(file)) {
     Open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     AddTableModule(*this);
 }

@@ -9,8 +9,7 @@ namespace engine::jet {
 /// of a module (see TableModule.h) that reads and writes the file's own pages.
 class JetConnection : public execution::Connection {
 public:
-    /// Fails as JetFile::Of does.
-    explicit JetConnection(const QString& path);
+    explicit JetConnection(std::shared_ptr<JetFile> file);
     ~JetConnection() override;
 
     std::unique_ptr<execution::Transaction> MakeTransaction() override;

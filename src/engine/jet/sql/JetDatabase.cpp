@@ -5,6 +5,7 @@
 #include "engine/jet/Journal.h"
 #include "engine/jet/MakeDatabase.h"
 #include "engine/jet/sql/JetConnection.h"
+#include "platform/Clock.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,14 +16,14 @@ namespace engine::jet {
 namespace {
 
 const QStringList& SideFileEnds() {
-    static const QStringList ends{Journal::NameFor({})};
+    static const QStringList ends{Journal::NameFor({})};  // The lock file has no end of its own.
     return ends;
 }
 
 bool IsSideFile(const QString& path, const QString& database) {
     const QFileInfo file(path);
     const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
-    return place == Journal::NameFor(QFileInfo(database).canonicalFilePath());
+    return place == Journal::NameFor(database) || place == FileUsers::LockFileFor(database);
 }
 
 NewTable ToNewTable(const TableDefinition& table) {
@@ -50,7 +51,7 @@ void MakeTables(const QString& path, const std::vector<TableDefinition>& tables)
     for (const TableDefinition& table : tables) {
         made.push_back(ToNewTable(table));
     }
-    MakeDatabase(SystemDisk(), path, made, QDateTime::currentDateTime(), KeepIndexes);
+    MakeDatabase(DiskInUse(), path, made, QDateTime(platform::Today(), QTime(0, 0)), KeepIndexes);
 }
 
 // The bytes of a file that nobody writes to meanwhile.
@@ -59,7 +60,7 @@ void CopyBytes(const QString& from, const QString& to) {
     if (!source.open(QIODevice::ReadOnly)) {
         throw Error(ErrorNumber::DiskError, QStringLiteral("Disk error: %1.").arg(source.errorString()));
     }
-    const std::unique_ptr<DiskFile> copy = SystemDisk().Make(to);
+    const std::unique_ptr<DiskFile> copy = DiskInUse().Make(to);
     std::vector<std::uint8_t> bytes(1024 * PageSize);
     std::uint64_t at = 0;
     while (const qint64 size =
@@ -80,19 +81,27 @@ bool IsJetHeader(const QByteArray& firstBytes) {
     return name.startsWith("Standard Jet DB") || name.startsWith("Standard ACE DB");
 }
 
-JetDatabase::JetDatabase(const QString& path)
-    : FileDatabase(path, std::make_unique<JetConnection>(path)), path_(path) {
+JetDatabase::JetDatabase(const QString& path) : JetDatabase(JetFile::Of(path)) {
+}
+
+JetDatabase::JetDatabase(std::shared_ptr<JetFile> file)
+    : FileDatabase(file->Path(), std::make_unique<JetConnection>(file)), file_(std::move(file)) {
+}
+
+void JetDatabase::LockForImport() {
+    FileDatabase::LockForImport();
+    file_->BeAlone();
 }
 
 void JetDatabase::CopyTo(const QString& path) {
     Flush();
-    if (IsSideFile(FileName(path), path_)) {
+    if (IsSideFile(FileName(path), file_->Path())) {
         throw Error(ErrorNumber::InvalidOperation,
                     QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
     }
     NewFile file(path, SideFileEnds());
-    CopyBytes(path_, file.Path());
-    file.TakePermissionsOf(path_);
+    CopyBytes(file_->Path(), file.Path());
+    file.TakePermissionsOf(file_->Path());
     file.TakePlace();
 }
 

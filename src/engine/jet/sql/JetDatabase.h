@@ -2,6 +2,7 @@
 
 #include "engine/DBEngine.h"
 #include "engine/execution/FileDatabase.h"
+#include "engine/jet/sql/JetFile.h"
 
 namespace engine::jet {
 
@@ -14,10 +15,13 @@ public:
     /// The file must exist.
     explicit JetDatabase(const QString& path);
 
+    void LockForImport() override;
     void CopyTo(const QString& path) override;
 
 private:
-    QString path_;
+    explicit JetDatabase(std::shared_ptr<JetFile> file);
+
+    std::shared_ptr<JetFile> file_;
 };
 
 /// Makes a new Jet 4 file with these tables and the rows that `fill`, if any, writes. Fails with 3204 if the

@@ -1,24 +1,79 @@
 #include "engine/jet/sql/JetFile.h"
 
-#include <QFileInfo>
+#include "engine/Error.h"
+#include "platform/FileLock.h"
+#include "platform/Files.h"
+
+#include <QFile>
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 
 namespace engine::jet {
 
+namespace {
+
+using FilesByIdentity = std::map<platform::FileIdentity, std::weak_ptr<JetFile>>;
+
+FilesByIdentity& OpenFiles() {
+    static FilesByIdentity files;
+    return files;
+}
+
+// A link may lead to a file elsewhere, and what is kept beside a file lies beside that one.
+QString PlaceOf(const QString& path) {
+    std::error_code failure;
+    const std::string place =
+        std::filesystem::canonical(QFile::encodeName(path).toStdString(), failure).string();
+    if (failure) {
+        throw Error(ErrorNumber::CannotOpenDatabase, QStringLiteral("Could not find file '%1'.").arg(path));
+    }
+    if (!QByteArrayView(place).isValidUtf8()) {
+        throw Error(ErrorNumber::InvalidPath,
+                    QStringLiteral("The database lies under a name that is not a valid path: %1.")
+                        .arg(platform::WhyNoName()));
+    }
+    return QFile::decodeName(place.c_str());
+}
+
+// A journal that stands there is that of a killed program, unless one that is alone is just writing it. Only
+// who is alone himself may play it back.
+std::unique_ptr<FileUsers> Enter(const QString& path) {
+    auto users = std::make_unique<FileUsers>(path);
+    if (DiskInUse().IsThere(Journal::NameFor(path))) {
+        users->BeAlone();
+    } else {
+        users->Join();
+    }
+    return users;
+}
+
+}  // namespace
+
 std::shared_ptr<JetFile> JetFile::Of(const QString& path) {
-    static std::map<QString, std::weak_ptr<JetFile>> files;
-    std::weak_ptr<JetFile>& known = files[QFileInfo(path).canonicalFilePath()];
+    const QString place = PlaceOf(path);
+    std::weak_ptr<JetFile>& known =
+        OpenFiles()[platform::IdentityOf(place).value_or(platform::FileIdentity())];
     std::shared_ptr<JetFile> file = known.lock();
     if (!file) {
-        file = std::make_shared<JetFile>(path);
+        file = std::make_shared<JetFile>(place);
         known = file;
     }
     return file;
 }
 
-JetFile::JetFile(const QString& path) : path_(path), pages_(SystemDisk(), path) {
+void JetFile::LeaveAll() {
+    for (const auto& [identity, known] : OpenFiles()) {
+        if (const std::shared_ptr<JetFile> file = known.lock()) {
+            file->users_.reset();
+        }
+    }
+}
+
+JetFile::JetFile(const QString& path) : path_(path), users_(Enter(path)), pages_(DiskInUse(), path) {
+    // Better known now than at the first of many writes.
+    pages_.TryJournal();
 }
 
 bool JetFile::HasTable(const QString& name) const {
@@ -35,6 +90,14 @@ IndexedTable& JetFile::TableNamed(const QString& name) {
         table = OpenTable(pages_, found);
     }
     return *table;
+}
+
+// Others may have written as long as they were let in.
+void JetFile::BeAlone() {
+    if (users_ && !users_->IsAlone()) {
+        users_->BeAlone();
+        pages_.Reopen();
+    }
 }
 
 void JetFile::EndPart() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/jet/FileUsers.h"
 #include "engine/jet/IndexedTable.h"
 #include "engine/jet/PagedFile.h"
 
@@ -15,11 +16,19 @@ namespace engine::jet {
 class JetFile {
 public:
     /// That of the file that the absolute path leads to. Fails with 3343 if it is none that is read here,
-    /// 3049 if it is damaged, 3027 if it can't be written or no journal can be made beside it, 3043 if the
-    /// disk fails.
+    /// 3260 if another program is writing to it, 3049 if it is damaged, 3027 if it can't be written or no
+    /// journal can be made beside it, 3043 if the disk fails.
     static std::shared_ptr<JetFile> Of(const QString& path);
 
     explicit JetFile(const QString& path);
+
+    /// At the end of the process: removes what tells others that its files are in use. What is written to
+    /// them must be on the disk.
+    static void LeaveAll();
+
+    /// Keeps everybody else out, from now on until the file is closed: nobody here can write to a file that
+    /// others use. Fails with 3260, after 5 seconds, naming who has it open.
+    void BeAlone();
 
     PagedFile& Pages() { return pages_; }
     const QString& Path() const { return path_; }
@@ -43,6 +52,7 @@ public:
 
 private:
     QString path_;
+    std::unique_ptr<FileUsers> users_;
     PagedFile pages_;
     Catalogue catalogue_{pages_};
     /// By the first page of its definition.

@@ -15,7 +15,12 @@ std::optional<Error> JetTransaction::Begin() {
         FlushOpenDatabases();
     }
     kind_.reset();
-    return std::nullopt;
+    try {
+        file_.BeAlone();
+        return std::nullopt;
+    } catch (const Error& failure) {
+        return failure;
+    }
 }
 
 JetTransaction::Ended JetTransaction::Commit() {
@@ -33,9 +38,14 @@ void JetTransaction::TakeBack() {
     file_.Pages().GiveUpGroup();
 }
 
+// One that stays means nothing, and the next opening removes it.
 void JetTransaction::RemoveJournal() {
-    if (!file_.Pages().HasChanges()) {
-        file_.Pages().RemoveJournal();
+    try {
+        if (!file_.Pages().HasChanges()) {
+            file_.Pages().RemoveJournal();
+        }
+    } catch (const Error&) {
+        return;
     }
 }
 
