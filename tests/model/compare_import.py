@@ -90,10 +90,10 @@ class Comparison:
 
 def _as_the_format_can_hold_it(portfolio):
     """A Jet file can't hold a text that begins with U+FEFF and has a character whose lower byte is 0: portfolios with
-    such characters are compared without U+FEFF."""
+    such characters are compared with another one in its place."""
     text = json.dumps(portfolio)
     has_low_byte_zero = re.search(r"\\u[0-9a-f]{2}00", text)
-    return json.loads(text.replace("\\ufeff", "")) if has_low_byte_zero else portfolio
+    return json.loads(text.replace("\\ufeff", "\\u2020")) if has_low_byte_zero else portfolio
 
 
 def _literal(value):
