@@ -24,7 +24,7 @@ _LABEL = re.compile(r"^(Data Create Set|Execute SQL|Add Record|Edit Record|Updat
 _UNHANDLED = re.compile(r"^Wrenfield Wizard: \d+: ", re.MULTILINE)
 _LOG_STAMP = re.compile(r"^\d\d/\d\d/\d\d \d\d:\d\d:\d\d ", re.MULTILINE)
 _REFUSED = 2
-_PORTFOLIOS = int(os.environ.get("WRENFIELD_PORTFOLIOS", "400"))
+_PORTFOLIOS = int(os.environ.get("WRENFIELD_MODEL_PORTFOLIOS", "400"))
 _TIME_LIMIT_SECONDS = 120
 
 
@@ -170,7 +170,7 @@ def _arguments():
     parser.add_argument("--maker", required=True, help="the program hearthbook-create-database")
     parser.add_argument("--writer", required=True, help="the program write-rows")
     parser.add_argument("--format", default="jet", choices=["jet", "sqlite"], help="of the database files")
-    parser.add_argument("--count", type=int, help="how many portfolios to compare (default: $WRENFIELD_PORTFOLIOS, or 400)")
+    parser.add_argument("--count", type=int, help="how many portfolios to compare (default: $WRENFIELD_MODEL_PORTFOLIOS, or 400)")
     parser.add_argument("--hostile-names", action="store_true",
                         help=f"portfolios with {hostile_names.COUNT} names chosen to do harm")
     parser.add_argument("--first", type=int, default=0, help="the number of the first portfolio")
