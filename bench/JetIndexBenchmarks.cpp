@@ -20,6 +20,7 @@ public:
     PageNumber Count() const override { return static_cast<PageNumber>(pages_.size()); }
     const Page& Read(PageNumber number) override { return *pages_[number]; }
     Page& Change(PageNumber number) override { return *pages_[number]; }
+    PageNumber TakeBehind(PageNumber /*page*/) override { return Take(); }
     PageNumber Take() override {
         pages_.push_back(std::make_unique<Page>());
         return Count() - 1;

@@ -72,7 +72,7 @@ void ImportInto(benchmark::State& state, const Import& import) {
         state.PauseTiming();
         database::SetCurrentDatabase(nullptr);
         QFile::remove(file);
-        tools::CreateHearthbookDatabase(file);
+        tools::CreateHearthbookDatabase(file, engine::FileFormat::Sqlite);
         database::StartDatabase();
         state.ResumeTiming();
         import();

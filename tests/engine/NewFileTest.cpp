@@ -53,6 +53,8 @@ protected:
              std::filesystem::recursive_directory_iterator(directory.path().toStdString())) {
             names += QString::fromStdString(entry.path().filename().string());
         }
+        // That of the database which is open.
+        names.removeAll(QStringLiteral("things.ldb"));
         names.sort();
         return names;
     }

@@ -24,6 +24,7 @@ _LABEL = re.compile(r"^(Data Create Set|Execute SQL|Add Record|Edit Record|Updat
 _UNHANDLED = re.compile(r"^Wrenfield Wizard: \d+: ", re.MULTILINE)
 _LOG_STAMP = re.compile(r"^\d\d/\d\d/\d\d \d\d:\d\d:\d\d ", re.MULTILINE)
 _REFUSED = 2
+_PORTFOLIOS = int(os.environ.get("WRENFIELD_MODEL_PORTFOLIOS", "400"))
 _TIME_LIMIT_SECONDS = 120
 
 
@@ -90,10 +91,10 @@ class Comparison:
 
 def _as_the_format_can_hold_it(portfolio):
     """A Jet file can't hold a text that begins with U+FEFF and has a character whose lower byte is 0: portfolios with
-    such characters are compared without U+FEFF."""
+    such characters are compared with another one in its place."""
     text = json.dumps(portfolio)
     has_low_byte_zero = re.search(r"\\u[0-9a-f]{2}00", text)
-    return json.loads(text.replace("\\ufeff", "")) if has_low_byte_zero else portfolio
+    return json.loads(text.replace("\\ufeff", "\\u2020")) if has_low_byte_zero else portfolio
 
 
 def _literal(value):
@@ -169,7 +170,7 @@ def _arguments():
     parser.add_argument("--maker", required=True, help="the program hearthbook-create-database")
     parser.add_argument("--writer", required=True, help="the program write-rows")
     parser.add_argument("--format", default="jet", choices=["jet", "sqlite"], help="of the database files")
-    parser.add_argument("--count", type=int, help="how many portfolios to compare (default: 400)")
+    parser.add_argument("--count", type=int, help="how many portfolios to compare (default: $WRENFIELD_MODEL_PORTFOLIOS, or 400)")
     parser.add_argument("--hostile-names", action="store_true",
                         help=f"portfolios with {hostile_names.COUNT} names chosen to do harm")
     parser.add_argument("--first", type=int, default=0, help="the number of the first portfolio")
@@ -182,7 +183,7 @@ def _arguments():
 def main():
     arguments = _arguments()
     make = hostile_names.hostile_scenario if arguments.hostile_names else random_scenario
-    count = arguments.count or (hostile_names.PORTFOLIOS if arguments.hostile_names else 400)
+    count = arguments.count or (hostile_names.PORTFOLIOS if arguments.hostile_names else _PORTFOLIOS)
     findings = 0
     with tempfile.TemporaryDirectory(prefix="compare-import-") as folder:
         comparison = Comparison(arguments.tool, arguments.maker, arguments.writer, arguments.format, folder)

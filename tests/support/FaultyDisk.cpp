@@ -264,7 +264,11 @@ private:
     engine::jet::Disk& system_ = engine::jet::SystemDisk();
 };
 
-FaultyJetDisk jetDisk;
+// Outlives the files that a test leaves open to the end of the process.
+engine::jet::Disk& JetDisk() {
+    static FaultyJetDisk& disk = *new FaultyJetDisk;
+    return disk;
+}
 
 }  // namespace
 
@@ -279,7 +283,7 @@ FaultyDisk::FaultyDisk() {
     if (sqlite3_vfs_register(&shim, 1) != SQLITE_OK) {
         qFatal("The faulty disk can't be put in place");
     }
-    engine::jet::UseDisk(&jetDisk);
+    engine::jet::UseDisk(&JetDisk());
     Repair();
 }
 

@@ -10,6 +10,11 @@ inline engine::FileFormat FormatUnderTest() {
     return qgetenv("WRENFIELD_FORMAT") == "sqlite" ? engine::FileFormat::Sqlite : engine::FileFormat::Jet;
 }
 
+/// As the tools know it.
+inline const char* NameOfFormat() {
+    return FormatUnderTest() == engine::FileFormat::Jet ? "jet" : "sqlite";
+}
+
 /// What the engine adds to the name of a database for the files that it keeps beside it.
 inline QStringList EndsOfFilesBeside() {
     return FormatUnderTest() == engine::FileFormat::Jet

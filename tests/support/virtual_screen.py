@@ -7,11 +7,9 @@ import time
 
 LONGEST_WAIT_SECONDS = 30
 
-#Alt + F4 closes a window, \
-    as everywhere.Without bindings for the mouse the window manager lets each press go straight
-#to the program.It would otherwise hold a press back for a moment, \
-    and a move or a key that follows at once would
-#overtake it.
+# Alt+F4 closes a window, as everywhere. Without bindings for the mouse the window manager lets each press go straight
+# to the program. It would otherwise hold a press back for a moment, and a move or a key that follows at once would
+# overtake it.
 WINDOW_MANAGER_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
 <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>

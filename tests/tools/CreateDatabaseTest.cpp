@@ -120,9 +120,10 @@ TEST_F(CreateDatabase, WhereThereIsNoRoomForAllOfItNothingIsLeft) {
     const qsizetype kilobytes = (whole.size() + 1023) / 1024;
     for (qsizetype limit = 0; limit <= kilobytes; limit += 2) {
         ASSERT_TRUE(QFile::remove(Path()));
-        const QString command = QStringLiteral("ulimit -f %1; exec '%2' '%3'")
-                                    .arg(limit)
-                                    .arg(QStringLiteral(CREATE_PROGRAM), Path());
+        const QString command =
+            QStringLiteral("ulimit -f %1; exec '%2' --format %3 '%4'")
+                .arg(limit)
+                .arg(QStringLiteral(CREATE_PROGRAM), QLatin1String(NameOfFormat()), Path());
         const ProgramResult result = RunProgram(QStringLiteral("bash"), {QStringLiteral("-c"), command},
                                                 QStringLiteral("/nonexistent"));
         if (limit < kilobytes) {
@@ -139,7 +140,8 @@ TEST_F(CreateDatabase, ARequestToEndLeavesTheWholeFileOrNothing) {
     int made = 0;
     for (int milliseconds = 0; made < 5; milliseconds += 3) {
         QProcess process;
-        process.start(QStringLiteral(CREATE_PROGRAM), {Path()});
+        process.start(QStringLiteral(CREATE_PROGRAM),
+                      {QStringLiteral("--format"), QLatin1String(NameOfFormat()), Path()});
         ASSERT_TRUE(process.waitForStarted());
         process.waitForFinished(milliseconds);
         process.terminate();

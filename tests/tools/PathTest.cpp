@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "support/FormatUnderTest.h"
 #include "support/PrintQt.h"
 
 #include <QTemporaryDir>
@@ -147,12 +148,12 @@ TEST_P(AnyName, OfAFreshDatabaseIsTheVeryFileThatIsMade) {
     auto expected = Files();
     // A name that begins like an option isn't taken for a file, unless its folder is told.
     const Bytes name = GetParam().starts_with('-') ? "./" + GetParam() : GetParam();
-    const ProgramResult result = Run(CREATE_PROGRAM, {name});
+    const ProgramResult result = Run(CREATE_PROGRAM, {"--format", NameOfFormat(), name});
     EXPECT_EQ(result.status, 0) << result.errors.constData();
     expected[Path(GetParam())] = expected[Path("fresh.mdb")];
     EXPECT_EQ(Files().size(), expected.size());
     EXPECT_TRUE(Files() == expected) << "another file was touched";
-    EXPECT_EQ(Run(CREATE_PROGRAM, {name}).status, 2) << "it is there already";
+    EXPECT_EQ(Run(CREATE_PROGRAM, {"--format", NameOfFormat(), name}).status, 2) << "it is there already";
 }
 
 TEST_P(AnyName, OfAPortfolioIsTheVeryFileThatIsRead) {

@@ -38,10 +38,8 @@ ProgramResult RunImport(const QStringList& arguments, const QString& configHome)
 }
 
 ProgramResult RunCreateDatabase(const QStringList& arguments) {
-    const bool isSqlite = FormatUnderTest() == engine::FileFormat::Sqlite;
-    const QStringList format{QStringLiteral("--format"), QStringLiteral("sqlite")};
-    return RunProgram(QStringLiteral(CREATE_PROGRAM), isSqlite ? format + arguments : arguments,
-                      QStringLiteral("/nonexistent"));
+    const QStringList format{QStringLiteral("--format"), QLatin1String(NameOfFormat())};
+    return RunProgram(QStringLiteral(CREATE_PROGRAM), format + arguments, QStringLiteral("/nonexistent"));
 }
 
 QByteArray QueryDatabase(const QString& file, const QString& query) {

@@ -202,8 +202,9 @@ private:
 
 }  // namespace
 
+// Outlives the databases that a program holds open to its very end.
 Disk& SystemDisk() {
-    static RealDisk disk;
+    static RealDisk& disk = *new RealDisk;
     return disk;
 }
 

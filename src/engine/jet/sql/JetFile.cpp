@@ -16,8 +16,9 @@ namespace {
 
 using FilesByIdentity = std::map<platform::FileIdentity, std::weak_ptr<JetFile>>;
 
+// Asked for as long as the process lives, its end included.
 FilesByIdentity& OpenFiles() {
-    static FilesByIdentity files;
+    static FilesByIdentity& files = *new FilesByIdentity;
     return files;
 }
 
