@@ -30,7 +30,7 @@ endfunction()
 function(wrenfield_compile_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                          -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
-                         -Wundef -Wimplicit-fallthrough)
+                         -Wundef -Wimplicit-fallthrough -Wzero-as-null-pointer-constant)
   target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                              QT_NO_KEYWORDS)
   if(WRENFIELD_DEVELOPER)

@@ -7,8 +7,8 @@
 
 namespace engine::execution {
 
-FileDatabase::FileDatabase(const QString& path, std::unique_ptr<Connection> connection)
-    : path_(path), connection_(std::move(connection)) {
+FileDatabase::FileDatabase(QString path, std::unique_ptr<Connection> connection)
+    : path_(std::move(path)), connection_(std::move(connection)) {
     RegisterDatabase(*this);
 }
 

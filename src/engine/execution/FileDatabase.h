@@ -22,7 +22,7 @@ public:
 
 protected:
     /// The file must exist.
-    FileDatabase(const QString& path, std::unique_ptr<Connection> connection);
+    FileDatabase(QString path, std::unique_ptr<Connection> connection);
 
     Connection& Connected() { return *connection_; }
 

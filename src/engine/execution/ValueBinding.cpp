@@ -4,7 +4,7 @@
 #include "engine/execution/StoredForm.h"
 #include "platform/Utf8.h"
 
-#include <cstring>
+#include <bit>
 #include <limits>
 
 namespace engine::execution {
@@ -131,8 +131,9 @@ void BindLiteral(sqlite3_stmt* statement, int place, const Column* column, const
 // Texts by where they lie: SQLite reads them there when the statement runs.
 bool LiteralBinder::Bound::IsSame(const Bound& other) const {
     return kind == other.kind && integer == other.integer &&
-           std::memcmp(&real, &other.real, sizeof real) == 0 && text.data() == other.text.data() &&
-           text.size() == other.text.size() && characters == other.characters;
+           std::bit_cast<quint64>(real) == std::bit_cast<quint64>(other.real) &&
+           text.data() == other.text.data() && text.size() == other.text.size() &&
+           characters == other.characters;
 }
 
 void LiteralBinder::Bind(sqlite3_stmt* statement, int place, const Column* column,
