@@ -63,7 +63,7 @@ QString FindDatabase() {
 
 }  // namespace
 
-bool StartDatabase(Opening opening) {
+bool StartDatabase(Opening opening, const QStringList& tables) {
     try {
         const QString path = FindDatabase();
         engine::DBEngine& dbEngine = engine::DBEngine::Instance();
@@ -71,6 +71,7 @@ bool StartDatabase(Opening opening) {
         std::unique_ptr<engine::Database> opened = dbEngine.OpenDatabase(path, false, false);
         if (opening == Opening::ForImport) {
             opened->LockForImport();
+            opened->RequireWritable(tables);
         }
         SetCurrentDatabase(std::move(opened));
         openedFile = path;

@@ -3,6 +3,7 @@
 #include "engine/DBEngine.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -12,14 +13,15 @@ namespace database {
 /// What a database is opened for.
 enum class Opening {
     Shared,     ///< Beside any other program.
-    ForImport,  ///< Beside any other program but one that imports.
+    ForImport,  ///< Beside any other program but one that imports, to write all that an import writes.
 };
 
 /// Finds the database file through Hearthbook's settings and opens it; the new database object takes the
 /// place of the one before. On failure the user has been told, and the answer is false with the database
-/// object of the earlier call still in place; without an earlier one the process ends with status 1. An
-/// import that another process has under way in the file is a failure 3260 of the opening for an import.
-bool StartDatabase(Opening opening = Opening::Shared);
+/// object of the earlier call still in place; without an earlier one the process ends with status 1. Where
+/// it's opened for an import, that includes an import that another process has under way in the file (3260),
+/// and whatever keeps any of the tables from being written (3219).
+bool StartDatabase(Opening opening = Opening::Shared, const QStringList& tables = {});
 
 /// From here on StartDatabase opens this file and doesn't ask the settings (the road of the batch tool's
 /// --database). Nothing is opened here. An empty path goes back to the settings.

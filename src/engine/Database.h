@@ -4,6 +4,7 @@
 #include "engine/Recordset.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -41,6 +42,11 @@ public:
     /// unless it can change all asks first. Fails at once with 3260, naming who keeps this one out; then all
     /// writes fail so until this succeeds.
     virtual void LockForImport() = 0;
+
+    /// For an import, which had better not begin than end halfway: fails with 3219 if a table lies in another
+    /// file, or if the file asks something of its rows that isn't understood here. The words name the table.
+    /// Tables that aren't there are passed over.
+    virtual void RequireWritable(const QStringList& /*tables*/) {}
 
     /// Brings all that was written to the disk and looks whether the file is still the one that was opened,
     /// and whether each table holds at least the rows that this database has added to it. One failure for

@@ -70,6 +70,17 @@ void ImportData(Collections& all, const ImportProgress& progress) {
     }
 }
 
+// It writes to no table that it hasn't wiped.
+QStringList ImportTables() {
+    QStringList tables;
+    for (const QString statement : WipeStatements) {
+        constexpr int Table = 2;  // Behind "delete" and "from".
+        tables += statement.section(QLatin1Char(' '), Table, Table);
+    }
+    tables.removeDuplicates();
+    return tables;
+}
+
 void PrepareCodes(Collections& all) {
     all.bankAccounts.GenerateCodes();
     all.Owners.GenerateCodes();
@@ -78,7 +89,7 @@ void PrepareCodes(Collections& all) {
 }
 
 void WipeDatabase() {
-    if (!database::StartDatabase(database::Opening::ForImport)) {
+    if (!database::StartDatabase(database::Opening::ForImport, ImportTables())) {
         return;
     }
     for (const QLatin1String statement : WipeStatements) {

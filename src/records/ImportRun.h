@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -19,6 +20,9 @@ void ImportData(Collections& all, const ImportProgress& progress = {});
 
 /// The codes of all four collections. Raises platform failure 6 for more than 32767 records.
 void PrepareCodes(Collections& all);
+
+/// The tables that the import writes.
+QStringList ImportTables();
 
 /// Opens the database anew and empties its tables. If it can't be opened, nothing is deleted.
 /// The rest of the chart of accounts, the options and the user's own contractors stay.

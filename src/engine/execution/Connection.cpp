@@ -69,7 +69,7 @@ Error Connection::FailureOf(int resultCode) {
     return ToError(handle_, resultCode);
 }
 
-qint64 Connection::Change(sqlite3_stmt* statement) {
+qint64 Connection::Change(sqlite3_stmt* statement, const std::vector<size_t>& /*written*/) {
     const RunningStatement running(statement);
     const int step = sqlite3_step(statement);
     if (step != SQLITE_DONE) {

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace engine::execution {
 
@@ -61,8 +62,9 @@ public:
     virtual bool TakesAnyRow(const std::string& table) = 0;
 
     /// Runs a compiled statement that changes rows, to its end. It changes all of them or, where it fails,
-    /// none. Returns how many it has changed.
-    virtual qint64 Change(sqlite3_stmt* statement);
+    /// none. Returns how many it has changed. `written` are the columns that it names, by their places: new
+    /// rows may have something of the file's own in the others.
+    virtual qint64 Change(sqlite3_stmt* statement, const std::vector<size_t>& written);
     /// Removes all rows of a table, if the file has a shorter way than one by one. Returns how many there
     /// were.
     virtual std::optional<qint64> Empty(const std::string& /*table*/) { return std::nullopt; }

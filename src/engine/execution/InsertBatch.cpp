@@ -53,12 +53,12 @@ void InsertBatch::Run() {
     rows_ = 0;
     connection_.Inserted().Forget();
     if (rows == MostRows) {
-        connection_.Change(waiting_->compiledForMany.get());
+        connection_.Change(waiting_->compiledForMany.get(), waiting_->written);
         return;
     }
     for (size_t row = 0; row < rows; ++row) {
         BindLiterals(waiting_->compiled.get(), *waiting_, shaped_.at(row));
-        connection_.Change(waiting_->compiled.get());
+        connection_.Change(waiting_->compiled.get(), waiting_->written);
     }
 }
 

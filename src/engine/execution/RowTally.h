@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -18,6 +19,9 @@ public:
     /// A write has added so many rows to a table, or removed them if the number is negative. It counts with
     /// the next Keep.
     void Add(const std::string& table, qint64 rows);
+
+    /// Rows may have gone with others: no more are expected than the tables have now.
+    void LimitTo(const std::function<qint64(const std::string& table)>& rowsIn);
 
     /// What was added is on the disk.
     void Keep() { kept_ = rows_; }

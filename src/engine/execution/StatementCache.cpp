@@ -51,7 +51,7 @@ std::shared_ptr<PreparedStatement> StatementCache::Prepare(std::string_view shap
     if (!prepared->parsed.sourceTable.empty()) {
         prepared->source = schemas_.Table(prepared->parsed.sourceTable);
     }
-    CheckColumns(*prepared);
+    FindColumns(*prepared);
     for (const std::string& column : prepared->parsed.storedIn) {
         prepared->storedIn.push_back(
             column.empty() ? nullptr : &prepared->table->columns[prepared->table->PlaceOf(column)]);
@@ -61,8 +61,10 @@ std::shared_ptr<PreparedStatement> StatementCache::Prepare(std::string_view shap
     return prepared;
 }
 
-void StatementCache::CheckColumns(const PreparedStatement& prepared) {
-    RequireColumns(*prepared.table, prepared.parsed.columnsWritten);
+void StatementCache::FindColumns(PreparedStatement& prepared) {
+    for (const std::string& column : prepared.parsed.columnsWritten) {
+        prepared.written.push_back(prepared.table->PlaceOf(column));
+    }
     RequireColumns(prepared.source ? *prepared.source : *prepared.table, prepared.parsed.columnsRead);
 }
 

@@ -21,6 +21,8 @@ struct PreparedStatement {
     dialect::ParsedStatement parsed;
     std::shared_ptr<const TableSchema> table;
     std::shared_ptr<const TableSchema> source;  ///< Whose rows an insert copies, or null.
+    /// The columns that it writes, by their places.
+    std::vector<size_t> written;
     /// For the literal at each place the column that it will be stored in, or null.
     std::vector<const Column*> storedIn;
     StatementHandle compiled;
@@ -50,7 +52,7 @@ public:
 private:
     const std::shared_ptr<PreparedStatement>& ForShape(std::string_view shape);
     std::shared_ptr<PreparedStatement> Prepare(std::string_view shape);
-    static void CheckColumns(const PreparedStatement& prepared);
+    static void FindColumns(PreparedStatement& prepared);
 
     Connection& connection_;
     SchemaCache& schemas_;

@@ -21,6 +21,13 @@ Transaction::End Transaction::TryCommit() {
     return ended.end;
 }
 
+void Transaction::Wrote(const std::string& table, qint64 rows) {
+    rows_.Add(table, rows);
+    if (rows < 0) {
+        RowsWent(rows_);
+    }
+}
+
 void Transaction::GiveUp() {
     TakeBack();
     isOpen_ = false;

@@ -41,7 +41,7 @@ public:
 
     /// A write within the transaction has added so many rows to a table, or removed them if the number is
     /// negative.
-    void Wrote(const std::string& table, qint64 rows) { rows_.Add(table, rows); }
+    void Wrote(const std::string& table, qint64 rows);
 
     /// What all transactions together have left in the file.
     const RowTally::RowsByTable& Rows() const { return rows_.Kept(); }
@@ -72,6 +72,9 @@ protected:
     virtual Ended Commit() = 0;
 
     virtual void TakeBack() = 0;
+
+    /// Rows were removed. Those of other tables may have gone with them.
+    virtual void RowsWent(RowTally& /*rows*/) {}
 
 private:
     bool isOpen_ = false;

@@ -98,6 +98,7 @@ void WriteExecutor::PrepareStatement(const QString& text) {
     }
     table_ = statement_->table;
     ready_ = statement_->compiled.get();
+    written_ = statement_->written;
     BindLiterals(ready_, *statement_, shaped_);
 }
 
@@ -105,8 +106,10 @@ void WriteExecutor::PrepareRow(const RowWrite& row) {
     statement_.reset();
     table_ = row.table;
     ready_ = statements_.ForSql(RowSql(row));
+    written_.clear();
     int place = 1;
     for (const auto& [column, value] : row.values) {
+        written_.push_back(column);
         BindForColumn(ready_, place++, row.table->columns[column], value);
     }
     if (row.kind != RowWrite::Kind::Insert) {
@@ -144,7 +147,7 @@ qint64 WriteExecutor::Change() {
             return *removed;
         }
     }
-    return connection_.Change(ready_);
+    return connection_.Change(ready_, written_);
 }
 
 bool WriteExecutor::IsWholeRemoval() const {
@@ -162,7 +165,7 @@ bool WriteExecutor::CopyOne(qint64 key) {
     sqlite3_stmt* copy = statements_.ForSql(CopyOneSql(*statement_));
     BindLiterals(copy, *statement_, shaped_);
     sqlite3_bind_int64(copy, static_cast<int>(shaped_.literals.size()) + 1, key);
-    return connection_.Change(copy) > 0;
+    return connection_.Change(copy, written_) > 0;
 }
 
 }  // namespace engine::execution

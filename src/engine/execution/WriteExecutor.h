@@ -50,6 +50,7 @@ private:
     std::shared_ptr<PreparedStatement> statement_;  ///< Null where a change of a row was prepared.
     std::shared_ptr<const TableSchema> table_;
     sqlite3_stmt* ready_ = nullptr;
+    std::vector<size_t> written_;  ///< The columns that it names, by their places.
     qint64 added_ = 0;
 };
 

@@ -67,10 +67,13 @@ int RefuseFor(const platform::Failure& failure, const QString& what) {
     return Refuse(QStringLiteral("%1: %2 - %3").arg(what).arg(failure.Number()).arg(failure.Description()));
 }
 
-/// From here on no other import writes to the database. False if one does.
-bool KeepOtherImportsOut() {
+/// Whether the import can be done. From here on no other one writes to the database.
+bool CanImport(const ImportOptions& options) {
     try {
-        database::CurrentDatabase().LockForImport();
+        if (!options.isDryRun) {
+            database::CurrentDatabase().LockForImport();
+        }
+        database::CurrentDatabase().RequireWritable(records::ImportTables());
         return true;
     } catch (const platform::Failure& failure) {
         RefuseFor(failure, QStringLiteral("nothing was changed"));
@@ -135,13 +138,13 @@ int Run(const ImportOptions& options) {
     if (const QString objection = Objection(options); !objection.isEmpty()) {
         return Refuse(objection);
     }
+    if (!CanImport(options)) {
+        return ExitStatus::NothingDone;
+    }
     if (options.isDryRun) {
         return Show(QStringLiteral("The following items will be created.\n") +
                     records::CountsOf(records::TheCollections()) +
                     QStringLiteral("Nothing was changed in %1.\n").arg(database::DatabaseFile()));
-    }
-    if (!KeepOtherImportsOut()) {
-        return ExitStatus::NothingDone;
     }
     if (!options.backup.isEmpty() && !MakeBackup(options.backup)) {
         return ExitStatus::NothingDone;

@@ -40,6 +40,7 @@ public:
     /// page of a definition, as everywhere here.
     std::vector<const Relation*> WithParent(PageNumber table) const;
     std::vector<const Relation*> WithChild(PageNumber table) const;
+    bool AreNone() const { return relations_.empty(); }
     /// For messages.
     QString NameOf(PageNumber table) const;
 

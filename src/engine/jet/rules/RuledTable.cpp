@@ -30,7 +30,9 @@ RuledTable::RuledTable(RuledTables& all, PageStore& pages, const Catalogue& cata
       asParent_(relations.WithParent(table.page)),
       asChild_(relations.WithChild(table.page)),
       isWritable_(rules_.IsReadable() && relations.IsSound(table.page) &&
-                  ReplicationColumnOf(Layout()) == nullptr) {
+                  ReplicationColumnOf(Layout()) == nullptr),
+      isPlain_(isWritable_ && !rules_.HasChecks() && !rules_.HasDefaults() && asParent_.empty() &&
+               asChild_.empty()) {
 }
 
 void RuledTable::RaiseNotWritable() const {

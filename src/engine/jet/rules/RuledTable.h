@@ -18,7 +18,7 @@ public:
     RuledTable(RuledTables& all, PageStore& pages, const Catalogue& catalogue, const CatalogueTable& table,
                const Relations& relations);
 
-    /// For reading. Changes that go past the rules are made there too, so nobody makes any.
+    /// For reading, unless the table is plain: changes made there go past the rules.
     Table& Rows() { return indexed_.Rows(); }
     const TableLayout& Layout() const { return indexed_.Layout(); }
     IndexObserver& IndexAt(int index) { return indexed_.IndexAt(index); }
@@ -26,6 +26,9 @@ public:
     const QString& Name() const { return name_; }
     const std::vector<const Relation*>& AsParent() const { return asParent_; }
     const std::vector<const Relation*>& AsChild() const { return asChild_; }
+
+    /// Whether nothing but its indexes has a say in its rows. Then they may also be changed by way of Rows().
+    bool IsPlain() const { return isPlain_; }
 
     /// Adds a row with a value for each column, those that nobody gave replaced by their defaults. Fails as
     /// TableRules does, with NoParent, and as Table::Insert does, in this order.
@@ -61,6 +64,7 @@ private:
     std::vector<const Relation*> asParent_;
     std::vector<const Relation*> asChild_;
     bool isWritable_;
+    bool isPlain_;
 };
 
 }  // namespace engine::jet

@@ -21,6 +21,9 @@ public:
     /// By the first page of its definition.
     RuledTable& At(PageNumber page);
 
+    /// Whether rows of one table may change with those of another.
+    bool HaveRelations() const { return !relations_.AreNone(); }
+
     /// Whether all is understood that the file asks of the rows of these tables, and of those that change
     /// with them by relations. For whoever wants to know before he begins to write: fails with
     /// InvalidOperation, in a sentence that names the table, and with 3078 for one that isn't there.

@@ -33,6 +33,7 @@ public:
     void CheckChanged(const std::vector<Value>& values, const std::vector<bool>& isAssigned) const;
     /// Whether there is anything to check at all: a test of a flag, for rows whose values cost to be read.
     bool HasChecks() const { return hasChecks_; }
+    bool HasDefaults() const { return hasDefaults_; }
     bool IsReadable() const { return unreadable_.isEmpty(); }
     /// For what has no values to check: fails if the properties can't be read.
     void RequireReadable() const;

@@ -51,21 +51,24 @@ bool JetConnection::HasTable(const std::string& name) {
 }
 
 bool JetConnection::TakesAnyRow(const std::string& table) {
-    const TableLayout& layout = file_->TableNamed(NameOf(table)).Layout();
-    return std::none_of(layout.indexes.begin(), layout.indexes.end(),
+    const RuledTable& known = file_->TableNamed(NameOf(table));
+    const TableLayout& layout = known.Layout();
+    return known.IsPlain() &&
+           std::none_of(layout.indexes.begin(), layout.indexes.end(),
                         [](const RealIndex& index) { return index.isUnique || index.refusesNulls; }) &&
            LongestRowOf(layout) <= LongestRow;
 }
 
-qint64 JetConnection::Change(sqlite3_stmt* statement) {
-    return file_->AsOne([this, statement] { return Connection::Change(statement); });
+qint64 JetConnection::Change(sqlite3_stmt* statement, const std::vector<size_t>& written) {
+    written_ = written;
+    return file_->AsOne([&] { return Connection::Change(statement, written); });
 }
 
 std::optional<qint64> JetConnection::Empty(const std::string& table) {
     return file_->AsOne([this, &table] {
-        Table& rows = file_->TableNamed(NameOf(table)).Rows();
-        const auto count = qint64{rows.Figures().Rows()};
-        rows.Wipe();
+        RuledTable& wiped = file_->TableNamed(NameOf(table));
+        const auto count = qint64{wiped.Rows().Figures().Rows()};
+        wiped.Wipe();
         return count;
     });
 }

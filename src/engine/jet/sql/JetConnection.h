@@ -15,7 +15,7 @@ public:
     std::unique_ptr<execution::Transaction> MakeTransaction() override;
     bool HasTable(const std::string& name) override;
     bool TakesAnyRow(const std::string& table) override;
-    qint64 Change(sqlite3_stmt* statement) override;
+    qint64 Change(sqlite3_stmt* statement, const std::vector<size_t>& written) override;
     std::optional<qint64> Empty(const std::string& table) override;
     void BeginPart() override;
     void TakeBackPart() override;
@@ -27,6 +27,9 @@ public:
 
     /// What a table of the module failed with, for whoever ran the statement.
     void NoteFailure(const Error& failure) { failure_ = failure; }
+    /// Of the statement that is running: the columns that it names, by their places.
+    const std::vector<size_t>& Written() const { return written_; }
+
     /// A row that the group of writes has made.
     void NoteInserted(RowPlace row) { Inserted().Note(qint64{ToNumber(row)}); }
 
@@ -36,6 +39,7 @@ protected:
 private:
     std::shared_ptr<JetFile> file_;
     std::optional<Error> failure_;
+    std::vector<size_t> written_;
 };
 
 }  // namespace engine::jet

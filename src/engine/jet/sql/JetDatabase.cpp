@@ -11,6 +11,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
+
 namespace engine::jet {
 
 namespace {
@@ -91,6 +94,13 @@ JetDatabase::JetDatabase(std::shared_ptr<JetFile> file)
 void JetDatabase::LockForImport() {
     FileDatabase::LockForImport();
     file_->BeAlone();
+}
+
+void JetDatabase::RequireWritable(const QStringList& tables) {
+    QStringList known;
+    std::copy_if(tables.begin(), tables.end(), std::back_inserter(known),
+                 [this](const QString& table) { return file_->HasTable(table); });
+    file_->Tables().RequireUnderstood(known);
 }
 
 void JetDatabase::CopyTo(const QString& path) {

@@ -16,6 +16,7 @@ public:
     explicit JetDatabase(const QString& path);
 
     void LockForImport() override;
+    void RequireWritable(const QStringList& tables) override;
     void CopyTo(const QString& path) override;
 
 private:

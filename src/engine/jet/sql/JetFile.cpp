@@ -84,15 +84,6 @@ bool JetFile::HasTable(const QString& name) const {
     });
 }
 
-IndexedTable& JetFile::TableNamed(const QString& name) {
-    const CatalogueTable& found = catalogue_.Find(name);
-    std::unique_ptr<IndexedTable>& table = tables_[found.page];
-    if (!table) {
-        table = OpenTable(pages_, found);
-    }
-    return *table;
-}
-
 // Others may have written as long as they were let in.
 void JetFile::BeAlone() {
     if (users_ && !users_->IsAlone()) {

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "engine/jet/FileUsers.h"
-#include "engine/jet/IndexedTable.h"
 #include "engine/jet/PagedFile.h"
+#include "engine/jet/rules/RuledTables.h"
 
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 namespace engine::jet {
 
@@ -35,7 +34,8 @@ public:
 
     /// Without regard to case. Tables of the system's are none.
     bool HasTable(const QString& name) const;
-    IndexedTable& TableNamed(const QString& name);
+    RuledTable& TableNamed(const QString& name) { return tables_.Open(name); }
+    RuledTables& Tables() { return tables_; }
 
     /// Runs what changes pages: as a whole or, where it fails, not at all.
     template <class Write>
@@ -55,8 +55,7 @@ private:
     std::unique_ptr<FileUsers> users_;
     PagedFile pages_;
     Catalogue catalogue_{pages_};
-    /// By the first page of its definition.
-    std::unordered_map<PageNumber, std::unique_ptr<IndexedTable>> tables_;
+    RuledTables tables_{pages_, catalogue_};
     bool isWriting_ = false;
     std::optional<PagedFile::Mark> part_;
 };

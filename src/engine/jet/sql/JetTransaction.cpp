@@ -38,6 +38,14 @@ void JetTransaction::TakeBack() {
     file_.Pages().GiveUpGroup();
 }
 
+void JetTransaction::RowsWent(execution::RowTally& rows) {
+    if (file_.Tables().HaveRelations()) {
+        rows.LimitTo([this](const std::string& table) {
+            return qint64{file_.TableNamed(QString::fromStdString(table)).Rows().Figures().Rows()};
+        });
+    }
+}
+
 // One that stays means nothing, and the next opening removes it.
 void JetTransaction::RemoveJournal() {
     try {

@@ -21,6 +21,7 @@ protected:
     std::optional<Error> Begin() override;
     Ended Commit() override;
     void TakeBack() override;
+    void RowsWent(execution::RowTally& rows) override;
 
 private:
     JetFile& file_;

@@ -86,16 +86,41 @@ void SqlTable::Put(int column, sqlite3_value* value) {
 }
 
 qint64 SqlTable::Insert(std::span<sqlite3_value*> values) {
-    cells_.Clear(values.size());
-    for (std::size_t column = 0; column < values.size(); ++column) {
-        Put(static_cast<int>(column), values[column]);
-    }
-    const RowPlace key = stored_.Rows().Insert(cells_);
+    const RowPlace key = stored_.IsPlain() ? InsertQuickly(values) : InsertByRules(values);
     connection_.NoteInserted(key);
     return ToNumber(key);
 }
 
+RowPlace SqlTable::InsertQuickly(std::span<sqlite3_value*> values) {
+    cells_.Clear(values.size());
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        Put(static_cast<int>(column), values[column]);
+    }
+    return stored_.Rows().Insert(cells_);
+}
+
+RowPlace SqlTable::InsertByRules(std::span<sqlite3_value*> values) {
+    std::vector<Value> row;
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        row.push_back(FromSql(stored_.Layout().columns[column], values[column]));
+    }
+    std::vector<bool> isGiven(values.size());
+    for (const std::size_t column : connection_.Written()) {
+        isGiven[column] = true;
+    }
+    return stored_.Insert(std::move(row), isGiven);
+}
+
 void SqlTable::Update(qint64 key, std::span<sqlite3_value*> values) {
+    const RowPlace place = ToRowPlace(static_cast<std::uint32_t>(key));
+    if (stored_.IsPlain()) {
+        UpdateQuickly(place, values);
+    } else {
+        UpdateByRules(place, values);
+    }
+}
+
+void SqlTable::UpdateQuickly(RowPlace key, std::span<sqlite3_value*> values) {
     cells_.Clear(values.size());
     changed_.clear();
     for (std::size_t column = 0; column < values.size(); ++column) {
@@ -104,11 +129,26 @@ void SqlTable::Update(qint64 key, std::span<sqlite3_value*> values) {
             changed_.push_back(static_cast<int>(column));
         }
     }
-    stored_.Rows().Update(ToRowPlace(static_cast<std::uint32_t>(key)), changed_, cells_);
+    stored_.Rows().Update(key, changed_, cells_);
 }
 
+void SqlTable::UpdateByRules(RowPlace key, std::span<sqlite3_value*> values) {
+    std::vector<CellChange> changes;
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        if (sqlite3_value_nochange(values[column]) == 0) {
+            changes.push_back(
+                {static_cast<int>(column), FromSql(stored_.Layout().columns[column], values[column])});
+        }
+    }
+    stored_.Update(key, changes);
+}
+
+// The rows of a statement are found before the first one is deleted, and some may go with others.
 void SqlTable::Delete(qint64 key) {
-    stored_.Rows().Delete(ToRowPlace(static_cast<std::uint32_t>(key)));
+    const RowPlace place = ToRowPlace(static_cast<std::uint32_t>(key));
+    if (stored_.AsParent().empty() || stored_.Rows().Find(place)) {
+        stored_.Delete(place);
+    }
 }
 
 }  // namespace engine::jet

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/execution/TableSchema.h"
-#include "engine/jet/IndexedTable.h"
+#include "engine/jet/rules/RuledTable.h"
 
 #include <sqlite3.h>
 
@@ -16,11 +16,11 @@ class JetConnection;
 /// A table of a Jet file, as statements see it.
 class SqlTable : public sqlite3_vtab {
 public:
-    /// By its name in the file. Fails as Catalogue::Find and OpenTable do.
+    /// By its name in the file. Fails as RuledTables::Open does.
     SqlTable(JetConnection& connection, const QString& name);
 
     JetConnection& Connection() { return connection_; }
-    IndexedTable& Stored() { return stored_; }
+    RuledTable& Stored() { return stored_; }
     const Table& Rows() const { return stored_.Rows(); }
     const execution::Column& ColumnAt(int column) const { return columns_[static_cast<std::size_t>(column)]; }
 
@@ -43,11 +43,15 @@ public:
     void Delete(qint64 key);
 
 private:
+    RowPlace InsertQuickly(std::span<sqlite3_value*> values);
+    RowPlace InsertByRules(std::span<sqlite3_value*> values);
+    void UpdateQuickly(RowPlace key, std::span<sqlite3_value*> values);
+    void UpdateByRules(RowPlace key, std::span<sqlite3_value*> values);
     void Put(int column, sqlite3_value* value);
     bool CanLookUp(const RealIndex& index) const;
 
     JetConnection& connection_;
-    IndexedTable& stored_;
+    RuledTable& stored_;
     std::vector<execution::Column> columns_;
     // Of the row that is being written.
     RowCells cells_;

@@ -20,6 +20,9 @@ public:
         MakeDatabase(disk, path, tables, created, KeepIndexes);
         pages = std::make_unique<PagedFile>(disk, path);
     }
+    /// One that is there already. Rules are given to it while nobody else uses it.
+    RulesFile(Disk& where, const QString& file)
+        : path(file), pages(std::make_unique<PagedFile>(where, file)) {}
 
     CatalogueTable EntryOf(const char* table) const { return Catalogue(*pages).Find(QLatin1String(table)); }
     std::unique_ptr<IndexedTable> Open(const char* table) const { return OpenTable(*pages, EntryOf(table)); }

@@ -1,0 +1,221 @@
+#include "RulesFile.h"
+#include "engine/DBEngine.h"
+#include "engine/jet/FileCheck.h"
+#include "support/SecondReader.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace engine::jet {
+namespace {
+
+NewTable Owners() {
+    NewTable table;
+    table.name = QStringLiteral("owner");
+    table.columns = {ColumnOf("code", ColumnType::Text, 10), ColumnOf("name", ColumnType::Text, 50),
+                     ColumnOf("fee", ColumnType::Currency), ColumnOf("since", ColumnType::DateTime)};
+    table.indexes = {PrimaryKeyOver({"code"})};
+    return table;
+}
+
+NewTable Houses() {
+    NewTable table;
+    table.name = QStringLiteral("house");
+    table.columns = {ColumnOf("code", ColumnType::Text, 10), ColumnOf("owner", ColumnType::Text, 10),
+                     ColumnOf("part_of", ColumnType::Text, 10)};
+    table.indexes = {PrimaryKeyOver({"code"}), IndexOver("by owner", {"owner"}),
+                     IndexOver("by part_of", {"part_of"})};
+    return table;
+}
+
+NewTable Notes() {
+    NewTable table;
+    table.name = QStringLiteral("notes");
+    table.columns = {ColumnOf("text", ColumnType::Text, 50), ColumnOf("number", ColumnType::Double)};
+    return table;
+}
+
+constexpr std::uint8_t Cascade = 1;
+constexpr std::uint8_t SetNull = 2;
+
+/// Statements on a file with rules of its own, by way of the engine's surface.
+class JetRuledStatements : public ::testing::Test {
+protected:
+    void RelateHouses(std::uint8_t onDelete = 0, bool cascadesUpdates = false) {
+        made.Relate({"ownerhouse", "owner", "PrimaryKey", "house", "by owner", onDelete, cascadesUpdates});
+    }
+    void RelateParts(std::uint8_t onDelete) {
+        made.Relate({"househouse", "house", "PrimaryKey", "house", "by part_of", onDelete, false});
+    }
+    void SetProperties(const char* table, const PropertyBytes& properties) {
+        made.SetProperties(table, properties.Block());
+    }
+    void SetOwnersProperties() {
+        SetProperties("owner", PropertyBytes()
+                                   .OfColumn("name", "Required", true)
+                                   .OfColumn("name", "AllowZeroLength", false)
+                                   .OfColumn("name", "DefaultValue", QStringLiteral("\"nobody\""))
+                                   .OfColumn("fee", "DefaultValue", QStringLiteral("7.5"))
+                                   .OfColumn("fee", "ValidationRule", QStringLiteral(">=0"))
+                                   .OfTable("ValidationRule", QStringLiteral("[code] <> [name]"))
+                                   .OfTable("ValidationText", QStringLiteral("A code is no name.")));
+    }
+
+    // On the real disk, as the engine opens it. Nothing is made of it any more after that.
+    Database& Opened() {
+        if (!database) {
+            made.pages->EndGroup(GroupKind::Adds);
+            QFile file(path);
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(made.disk.files[made.path]->bytes);
+            file.close();
+            database = DBEngine::Instance().OpenDatabase(path);
+            database->OnLostWrite([](const Error& error, const QString& write) {
+                ADD_FAILURE() << error.what() << write.toStdString();
+            });
+        }
+        return *database;
+    }
+    Failing Execute(const char* statement) {
+        return FailureOf([&] { Opened().Execute(QLatin1String(statement)); });
+    }
+    int NumberOf(const char* statement) { return Execute(statement).number; }
+
+    // What other programs read then. The engine says itself that nothing is missing, and the file is sound.
+    std::string Rows(const char* sql) {
+        const std::vector<Error> differences = Opened().CheckWritten();
+        EXPECT_TRUE(differences.empty()) << differences.front().what();
+        EXPECT_EQ(FaultsOfFile(path), std::vector<std::string>());
+        return ReadRows(path, sql).join(QLatin1String(", ")).toStdString();
+    }
+
+    RulesFile made{{Owners(), Houses(), Notes()}};
+    QTemporaryDir folder;
+    QString path = folder.filePath(QStringLiteral("property.mdb"));
+    std::unique_ptr<Database> database;
+};
+
+TEST_F(JetRuledStatements, WhatAnInsertDoesNotNameHasItsDefault) {
+    SetOwnersProperties();
+    EXPECT_EQ(NumberOf("insert into owner (code) values ('A')"), 0);
+    EXPECT_EQ(NumberOf("insert into owner (code, fee) values ('B', null)"), 0);
+    EXPECT_EQ(NumberOf("insert into owner (code, name, fee) values ('C', 'Cole', 3)"), 0);
+    EXPECT_EQ(Rows("select code, name, fee from owner order by code"),
+              "A|nobody|7.5, B|nobody|NULL, C|Cole|3");
+}
+
+TEST_F(JetRuledStatements, SoDoesWhatACopyOfRowsDoesNotName) {
+    SetOwnersProperties();
+    EXPECT_EQ(NumberOf("insert into notes (text, number) values ('A', 1)"), 0);
+    EXPECT_EQ(NumberOf("insert into notes (text) values ('B')"), 0);
+    EXPECT_EQ(NumberOf("insert into owner (code, fee) select text, number from notes"), 0);
+    EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|nobody|1, B|nobody|NULL");
+}
+
+TEST_F(JetRuledStatements, SoDoesWhatARowSetLeavesAlone) {
+    SetOwnersProperties();
+    const auto rows =
+        Opened().OpenRecordset(QStringLiteral("select * from owner"), dbOpenDynaset, dbOptimistic);
+    rows->AddNew();
+    rows->Fields(QStringLiteral("code")).Set(QStringLiteral("A"));
+    rows->Update(dbUpdateRegular, false);
+    rows->AddNew();
+    rows->Fields(QStringLiteral("code")).Set(QStringLiteral("B"));
+    rows->Fields(QStringLiteral("fee")).Set(Null());
+    rows->Update(dbUpdateRegular, false);
+    EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|nobody|7.5, B|nobody|NULL");
+}
+
+TEST_F(JetRuledStatements, ARowThatBreaksARuleIsRefusedAtOnce) {
+    SetOwnersProperties();
+    EXPECT_EQ(NumberOf("insert into owner (code, name) values ('A', 'Ann')"), 0);
+    EXPECT_EQ(NumberOf("insert into owner (code, name) values ('B', null)"), ErrorNumber::NullNotAllowed);
+    EXPECT_EQ(NumberOf("insert into owner (code, name) values ('B', '')"), ErrorNumber::EmptyTextNotAllowed);
+    EXPECT_EQ(NumberOf("insert into owner (code, fee) values ('B', -1)"), ErrorNumber::RuleBroken);
+    const Failing inWords = Execute("insert into owner (code, name) values ('B', 'B')");
+    EXPECT_EQ(inWords.number, ErrorNumber::RuleBrokenInWords);
+    EXPECT_EQ(inWords.sentence, QStringLiteral("A code is no name."));
+    EXPECT_EQ(NumberOf("update owner set fee = -1"), ErrorNumber::RuleBroken);
+    EXPECT_EQ(NumberOf("insert into owner (code, name) values ('C', 'Cole')"), 0);
+    EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|Ann|7.5, C|Cole|7.5");
+}
+
+TEST_F(JetRuledStatements, ACopyOfRowsIsTakenBackAsAWhole) {
+    SetOwnersProperties();
+    EXPECT_EQ(NumberOf("insert into notes (text, number) values ('A', 1)"), 0);
+    EXPECT_EQ(NumberOf("insert into notes (text, number) values ('B', -1)"), 0);
+    EXPECT_EQ(NumberOf("insert into owner (code, fee) select text, number from notes"),
+              ErrorNumber::RuleBroken);
+    EXPECT_EQ(Rows("select code from owner"), "");
+    EXPECT_EQ(Rows("select text from notes order by text"), "A, B");
+}
+
+TEST_F(JetRuledStatements, ParentsAndChildrenAreInTheWay) {
+    RelateHouses();
+    EXPECT_EQ(NumberOf("insert into owner (code) values ('A')"), 0);
+    EXPECT_EQ(NumberOf("insert into house (code, owner) values ('H', 'A')"), 0);
+    EXPECT_EQ(NumberOf("insert into house (code, owner) values ('I', 'B')"), ErrorNumber::NoParent);
+    EXPECT_EQ(NumberOf("delete from owner where code = 'A'"), ErrorNumber::HasChildren);
+    EXPECT_EQ(NumberOf("delete from owner"), ErrorNumber::HasChildren);
+    EXPECT_EQ(NumberOf("update owner set code = 'C'"), ErrorNumber::HasChildren);
+    EXPECT_EQ(Rows("select owner.code, house.code from owner join house on house.owner = owner.code"), "A|H");
+    // The children first, as the wipe of an import has to.
+    EXPECT_EQ(NumberOf("delete from house"), 0);
+    EXPECT_EQ(NumberOf("delete from owner"), 0);
+    EXPECT_EQ(Rows("select code from owner"), "");
+}
+
+TEST_F(JetRuledStatements, ChildrenFollowTheirParents) {
+    RelateHouses(Cascade, true);
+    for (const char* statement :
+         {"insert into owner (code) values ('A')", "insert into owner (code) values ('B')",
+          "insert into house (code, owner) values ('H', 'A')",
+          "insert into house (code, owner) values ('I', 'A')",
+          "insert into house (code, owner) values ('J', 'B')"}) {
+        EXPECT_EQ(NumberOf(statement), 0) << statement;
+    }
+    EXPECT_EQ(NumberOf("update owner set code = 'Z' where code = 'B'"), 0);
+    EXPECT_EQ(Rows("select code, owner from house order by code"), "H|A, I|A, J|Z");
+    EXPECT_EQ(NumberOf("delete from owner where code = 'A'"), 0);
+    EXPECT_EQ(Rows("select code, owner from house"), "J|Z");
+    EXPECT_EQ(NumberOf("delete from owner"), 0);
+    EXPECT_EQ(Rows("select code, owner from house"), "");
+}
+
+TEST_F(JetRuledStatements, ChildrenMayStayWithoutAParent) {
+    RelateHouses(SetNull);
+    EXPECT_EQ(NumberOf("insert into owner (code) values ('A')"), 0);
+    EXPECT_EQ(NumberOf("insert into house (code, owner) values ('H', 'A')"), 0);
+    EXPECT_EQ(NumberOf("delete from owner where code = 'A'"), 0);
+    EXPECT_EQ(Rows("select code, owner from house"), "H|NULL");
+}
+
+TEST_F(JetRuledStatements, ARowMayBeGoneWithAnotherBeforeItsTurn) {
+    RelateParts(Cascade);
+    EXPECT_EQ(NumberOf("insert into house (code) values ('H')"), 0);
+    EXPECT_EQ(NumberOf("insert into house (code, part_of) values ('I', 'H')"), 0);
+    EXPECT_EQ(NumberOf("insert into house (code) values ('J')"), 0);
+    EXPECT_EQ(NumberOf("delete from house where code = 'H' or code = 'I'"), 0);
+    EXPECT_EQ(Rows("select code from house"), "J");
+}
+
+TEST_F(JetRuledStatements, AnImportIsToldBeforehandWhatIsNotUnderstood) {
+    SetOwnersProperties();
+    SetProperties("house",
+                  PropertyBytes().OfColumn("code", "ValidationRule", QStringLiteral("Eval([code]) > 2")));
+    const auto require = [this](const QStringList& tables) {
+        return FailureOf([&] { Opened().RequireWritable(tables); });
+    };
+    EXPECT_EQ(require({QStringLiteral("OWNER"), QStringLiteral("notes"), QStringLiteral("garden")}).number,
+              0);
+    const Failing failing = require({QStringLiteral("notes"), QStringLiteral("house")});
+    EXPECT_EQ(failing.number, ErrorNumber::InvalidOperation);
+    EXPECT_TRUE(failing.sentence.contains(QStringLiteral("house.code"))) << failing.sentence.toStdString();
+    // Other statements go on as far as they can.
+    EXPECT_EQ(NumberOf("insert into notes (text) values ('A')"), 0);
+    EXPECT_EQ(NumberOf("insert into house (code) values ('A')"), ErrorNumber::InvalidOperation);
+    EXPECT_EQ(Rows("select text from notes"), "A");
+}
+
+}  // namespace
+}  // namespace engine::jet
