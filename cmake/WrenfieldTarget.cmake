@@ -75,10 +75,15 @@ function(wrenfield_library name)
   endif()
 endfunction()
 
-# Tests are compiled more often than they run; what they test keeps its full optimisation.
+# Tests are compiled more often than they run; what they test keeps its full optimisation. The sanitizers make much code
+# of each line, and nothing takes as long as making that code good.
 function(wrenfield_test_options target)
   wrenfield_compile_options(${target})
-  target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1 -g1>)
+  set(optimisation -O1)
+  if(WRENFIELD_SANITIZERS)
+    set(optimisation -O0)
+  endif()
+  target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:${optimisation} -g1>)
 endfunction()
 
 # wrenfield_long_test(<name> <seconds>)
