@@ -56,8 +56,8 @@ void PagedFile::Reopen() {
     CountPages();
 }
 
-void PagedFile::RequireUsable() const {
-    if (isBroken_) {
+void PagedFile::RequireUsable() {
+    if (owed_ && !TryBringBack()) {
         throw Error(
             ErrorNumber::DiskError,
             QStringLiteral("Disk error: '%1' could not be written, nor brought back to what it was. The "
@@ -285,13 +285,17 @@ void PagedFile::WriteToFile(const std::vector<PageWrite>& writes) {
         }
         file_->Sync();
     } catch (...) {
-        BringBackFile(journal);
+        owed_ = {journal, true};
+        TryBringBack();
         throw;
     }
     try {
         journal_.Clear();
     } catch (...) {
-        BringBackWholeGroup(journal);
+        // The group is in the file as a whole. Before any of it is taken back, the journal must be there
+        // again.
+        owed_ = {journal, false};
+        TryBringBack();
         throw;
     }
 }
@@ -305,24 +309,20 @@ void PagedFile::ClearJournalIfPossible() {
     }
 }
 
-void PagedFile::BringBackFile(const JournalContents& journal) {
+// What the disk refuses now it may take later: until then the journal has to stay, and nothing is read.
+bool PagedFile::TryBringBack() {
     try {
-        TakeBack(*file_, journal);
+        if (!owed_->isJournalThere) {
+            journal_.Write(owed_->journal);
+            owed_->isJournalThere = true;
+        }
+        TakeBack(*file_, owed_->journal);
         journal_.Clear();
     } catch (const Error&) {
-        isBroken_ = true;
+        return false;
     }
-}
-
-// The group is in the file as a whole. Before any of it is taken back, the journal must be there again.
-void PagedFile::BringBackWholeGroup(const JournalContents& journal) {
-    try {
-        journal_.Write(journal);
-    } catch (const Error&) {
-        isBroken_ = true;
-        return;
-    }
-    BringBackFile(journal);
+    owed_.reset();
+    return true;
 }
 
 void PagedFile::Settle() {
@@ -357,6 +357,7 @@ void PagedFile::TryJournal() {
 }
 
 void PagedFile::RemoveJournal() {
+    RequireUsable();
     journal_.Remove();
 }
 

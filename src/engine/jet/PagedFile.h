@@ -53,8 +53,9 @@ public:
     bool HasChanges() const { return !changed_.empty() || !given_.empty(); }
     /// Brings the group to the file, and to the disk. Fails with DiskFull or DiskError; the file is then what
     /// it was before the group, and the group stays in memory, to be tried again or given up. If not even
-    /// that could be reached, every further use fails, and the next opening mends the file: the group is then
-    /// not in it, or is there as a whole if nothing but the end of the journal was missing.
+    /// that could be reached, every further use tries to mend the file first and fails if it can't, and so
+    /// does the next opening: the group is then not in it, or is there as a whole if nothing but the end of
+    /// the journal was missing.
     void EndGroup(GroupKind kind);
     /// Forgets all changes since the group began.
     void GiveUpGroup();
@@ -76,7 +77,8 @@ public:
     /// between groups. Fails as opening does.
     void Reopen();
 
-    /// Removes the journal, where no further group is in sight. Only between groups.
+    /// Removes the journal, where no further group is in sight. Only between groups. Fails if the file has
+    /// yet to be mended.
     void RemoveJournal();
 
 private:
@@ -87,6 +89,11 @@ private:
         bool isTaken = false;          ///< By the group, of the file's free pages or from its end.
         bool isChanged = false;        ///< By the group: so it is in the list of those.
     };
+    /// What the file has to be brought back to before it's used again.
+    struct Owed {
+        JournalContents journal;
+        bool isJournalThere = false;  ///< If not, the group is in the file as a whole.
+    };
     struct Undo {
         PageNumber number = 0;
         Page page{};
@@ -94,7 +101,7 @@ private:
     };
 
     void CountPages();
-    void RequireUsable() const;
+    void RequireUsable();
     Cached& Load(PageNumber number);
     /// The page if it is in memory, else null.
     Cached* Held(PageNumber number) const { return number < cache_.size() ? cache_[number].get() : nullptr; }
@@ -109,8 +116,7 @@ private:
     void LookForOthersBytes(const std::vector<PageWrite>& writes);
     void WriteToFile(const std::vector<PageWrite>& writes);
     void ClearJournalIfPossible();
-    void BringBackFile(const JournalContents& journal);
-    void BringBackWholeGroup(const JournalContents& journal);
+    bool TryBringBack();
     void Settle();
 
     QString path_;
@@ -128,7 +134,7 @@ private:
     std::vector<Undo> undo_;
     std::size_t lastMark_ = 0;
     bool isMarked_ = false;
-    bool isBroken_ = false;
+    std::optional<Owed> owed_;
     bool isOverwritten_ = false;
 };
 

@@ -347,17 +347,45 @@ TEST_F(JetGroup, ADiskThatFailsForGoodIsMendedAtTheNextOpening) {
     }
 }
 
-TEST_F(JetGroup, AFileThatCouldNotBeMendedIsNotUsedAnyMore) {
+TEST_F(JetGroup, AFileThatCouldNotBeMendedIsNotUsedBeforeItIs) {
     BareFile refused(bare);
     const auto file = refused.Open();
     Change(*file);
     refused.disk.failAt = operations - 3;
     refused.disk.failUntil = 1000;
     EXPECT_EQ(FailureOf([&] { file->EndGroup(GroupKind::Adds); }).number, ErrorNumber::DiskError);
-    refused.disk.failAt.reset();
     EXPECT_EQ(FailureOf([&] { file->Read(5); }).number, ErrorNumber::DiskError);
     EXPECT_EQ(FailureOf([&] { file->Take(); }).number, ErrorNumber::DiskError);
     EXPECT_EQ(FailureOf([&] { file->EndGroup(GroupKind::Adds); }).number, ErrorNumber::DiskError);
+    EXPECT_EQ(FailureOf([&] { file->RemoveJournal(); }).number, ErrorNumber::DiskError);
+    EXPECT_TRUE(refused.HasJournal());
+    refused.disk.failAt.reset();
+    file->EndGroup(GroupKind::Adds);
+    EXPECT_EQ(refused.Content(), after);
+}
+
+// The group is given up meanwhile, and there may be no further one: then nothing must go that the file needs.
+TEST_F(JetGroup, ADiskThatFailsForAWhileCostsNoMoreThanTheGroup) {
+    constexpr int LongestWhile = 20;
+    for (int failing = 0; failing < operations; ++failing) {
+        for (int length = 1; length < LongestWhile; ++length) {
+            BareFile refused(bare);
+            auto file = refused.Open();
+            Change(*file);
+            refused.disk.failAt = failing;
+            refused.disk.failUntil = failing + length;
+            EXPECT_EQ(FailureOf([&] { file->EndGroup(GroupKind::Adds); }).number, ErrorNumber::DiskError);
+            file->GiveUpGroup();
+            FailureOf([&] { file->RemoveJournal(); });
+            const QByteArray left = Reopened(refused);
+            EXPECT_TRUE(left == after || InUse(left) == InUse(before)) << failing << " " << length;
+            refused.disk.failAt.reset();
+            EXPECT_EQ(file->Read(5)[100], 'o');
+            Change(*file);
+            file->EndGroup(GroupKind::Adds);
+            EXPECT_EQ(refused.Content(), after) << failing << " " << length;
+        }
+    }
 }
 
 TEST_F(JetGroup, AFileThatAnotherProgramHasChangedIsNotTakenBack) {
