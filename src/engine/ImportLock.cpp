@@ -66,4 +66,10 @@ void ImportLock::Require() {
     Take();
 }
 
+void ImportLock::RequireNoOther(const QString& path) {
+    if (const auto holder = platform::FileLock(path).Holder()) {
+        RaiseHeld(holder);
+    }
+}
+
 }  // namespace engine

@@ -27,6 +27,10 @@ public:
     /// when it is done must not be mixed with the rest of this one.
     void Require();
 
+    /// For whoever was kept out of a file and wants to say why: fails with 3260, naming who has its lock, if
+    /// another process has it and the system tells. Takes nothing itself.
+    static void RequireNoOther(const QString& path);
+
     const platform::FileIdentity& File() const { return lock_.File(); }
 
 private:

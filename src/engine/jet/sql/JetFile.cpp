@@ -1,6 +1,7 @@
 #include "engine/jet/sql/JetFile.h"
 
 #include "engine/Error.h"
+#include "engine/ImportLock.h"
 #include "platform/FileLock.h"
 #include "platform/Files.h"
 
@@ -42,10 +43,17 @@ QString PlaceOf(const QString& path) {
 // who is alone himself may play it back.
 std::unique_ptr<FileUsers> Enter(const QString& path) {
     auto users = std::make_unique<FileUsers>(path);
-    if (DiskInUse().IsThere(Journal::NameFor(path))) {
-        users->BeAlone();
-    } else {
-        users->Join();
+    try {
+        if (DiskInUse().IsThere(Journal::NameFor(path))) {
+            users->BeAlone();
+        } else {
+            users->Join();
+        }
+    } catch (const Error& failure) {
+        if (failure.Number() == ErrorNumber::Locked) {
+            ImportLock::RequireNoOther(path);
+        }
+        throw;
     }
     return users;
 }
