@@ -43,8 +43,9 @@ protected:
     }
 
     /// Imports into a database that is already open, on a disk that fails at its n-th operation.
-    Outcome ImportWithFaultAt(FaultyDisk& disk, int n, FaultyDisk::Fault fault) {
-        const QString path = FreshDatabase("faulty.mdb");
+    Outcome ImportWithFaultAt(FaultyDisk& disk, int n, FaultyDisk::Fault fault,
+                              engine::FileFormat format = FormatUnderTest()) {
+        const QString path = FreshDatabase("faulty.mdb", format);
         EXPECT_TRUE(tools::ReadPortfolioFile(portfolio).empty());
         database::UseDatabaseFile(path);
         EXPECT_TRUE(database::StartDatabase());
@@ -75,9 +76,20 @@ protected:
             outcome.labels += request.title;
         }
         SetLookAtTheEndAside(outcome, path);
-        EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+        EXPECT_TRUE(IsSound(path));
         outcome.contents = Contents(path);
         return outcome;
+    }
+
+    /// The writes of an import that nothing disturbs. Both formats are given the same, and a trace tells all
+    /// of those into a SQLite file.
+    std::vector<TracedWrite> WritesOfImport() {
+        std::vector<TracedWrite> writes;
+        FaultyDisk disk;
+        const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
+        EXPECT_TRUE(
+            ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once, engine::FileFormat::Sqlite).labels.isEmpty());
+        return writes;
     }
 
     /// What was lost has been told before the file is looked at, and nobody else has touched it. So the look
@@ -92,7 +104,7 @@ protected:
     }
 
     QString ContentsAfter(const std::vector<TracedWrite>& writes) {
-        const QString path = FreshDatabase("expected.mdb");
+        const QString path = FreshDatabase("expected.mdb", engine::FileFormat::Sqlite);
         QByteArray script = "begin;";
         for (const TracedWrite& write : writes) {
             script += write.sql.toUtf8() + ";";
@@ -110,7 +122,8 @@ protected:
     static qsizetype LossesOf(const QString& kind, const QString& table, const QStringList& reports) {
         return std::count_if(reports.begin(), reports.end(), [&](const QString& report) {
             const QString statement = report.trimmed().section(QStringLiteral("\n\n"), -1);
-            return statement.startsWith(kind, Qt::CaseInsensitive) &&
+            const bool isRowSets = kind == QLatin1String("insert") && statement.startsWith(u"new row in ");
+            return (isRowSets || statement.startsWith(kind, Qt::CaseInsensitive)) &&
                    statement.section(u'(', 0, 0).contains(table, Qt::CaseInsensitive);
         });
     }
@@ -133,12 +146,7 @@ protected:
 // everything but the one write that was reported, or the state that a failure outside of the record layer
 // leaves.
 TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
-    std::vector<TracedWrite> writes;
-    {
-        FaultyDisk disk;
-        const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
-        EXPECT_TRUE(ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).labels.isEmpty());
-    }
+    const std::vector<TracedWrite> writes = WritesOfImport();
     ASSERT_GT(writes.size(), WipeStatements + 20);
 
     const QString whole = ContentsAfter(writes);
@@ -178,12 +186,14 @@ TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
             ++losses;
         }
     }
-    EXPECT_GT(losses, 0) << "some fault must have cost a write";
+    // A group of a Jet file stays in memory until it's whole in the file, and so can always be tried again.
+    EXPECT_EQ(losses > 0, FormatUnderTest() == engine::FileFormat::Sqlite);
 }
 
 // A disk that fails when there is nothing left but to clear the journal has cost nothing, and nobody is told.
-// With balances, so that the last update has receipts to change: a failed one would otherwise be told and
-// cost nothing.
+// On a Jet file the journal is only cleared when the disk says so: until then a loss of power may bring it
+// back, and with it the file as it was. With balances, so that the last update has receipts to change: a
+// failed one would otherwise be told and cost nothing.
 TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
     UsePortfolio({.tenants = 3, .start = QDate(2026, 10, 5), .balances = true});
     FaultyDisk disk;
@@ -196,7 +206,11 @@ TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
                 break;
             }
             const bool told = !outcome.labels.isEmpty() || outcome.endedEarly;
-            EXPECT_NE(told, outcome.contents == whole) << outcome.firstFault << " at operation " << n;
+            const bool isWhole = outcome.contents == whole;
+            const bool mayComeBack =
+                FormatUnderTest() == engine::FileFormat::Jet && outcome.firstFault == "sync";
+            EXPECT_TRUE(told != isWhole || (told && mayComeBack))
+                << outcome.firstFault << " at operation " << n;
         }
     }
 }
@@ -345,21 +359,18 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Operations, PairsOfFaultsTest, ::testing::Values(1, 6));
 
-// All pairs take minutes: WRENFIELD_FAULT_STRIDE=1 tries them, otherwise it is every 23rd.
+// All pairs take minutes: WRENFIELD_FAULT_STRIDE=1 tries them, otherwise it is every 23rd, or every 101st on
+// a Jet file, which takes longer to be looked through.
 TEST_P(PairsOfFaultsTest, NoPairCostsMoreThanIsReportedOrPutsAnythingIntoARowThatWasNotMeantForIt) {
     UsePortfolio({.tenants = 4, .start = QDate(2026, 10, 26), .balances = true});
-    std::vector<TracedWrite> writes;
-    {
-        FaultyDisk disk;
-        const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
-        EXPECT_TRUE(ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).labels.isEmpty());
-    }
-    MeantRows meant(FreshDatabase("expected.mdb"), writes);
-    meant.AlsoWithoutWipe(FreshDatabase("unwiped.mdb"), writes);
+    const std::vector<TracedWrite> writes = WritesOfImport();
+    MeantRows meant(FreshDatabase("expected.mdb", engine::FileFormat::Sqlite), writes);
+    meant.AlsoWithoutWipe(FreshDatabase("unwiped.mdb", engine::FileFormat::Sqlite), writes);
     FaultyDisk disk;
     int imports = 0;
     const int asked = qEnvironmentVariableIntValue("WRENFIELD_FAULT_STRIDE");
-    const int stride = asked > 0 ? asked : 23;
+    const int usual = FormatUnderTest() == engine::FileFormat::Jet ? 101 : 23;
+    const int stride = asked > 0 ? asked : usual;
     for (int first = 1;; ++first) {
         bool isFirstReached = false;
         for (int second = 1 + first % stride;; second += stride, ++imports) {

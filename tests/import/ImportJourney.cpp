@@ -1,7 +1,9 @@
 #include "ImportJourney.h"
 
+#include "PrefixFinder.h"
+#include "engine/jet/FileCheck.h"
 #include "platform/Process.h"
-#include "support/FormatUnderTest.h"
+#include "support/JetReader.h"
 #include "tools/import/ImportTool.h"
 #include "tools/schema/CreateTool.h"
 
@@ -20,10 +22,19 @@ const QStringList& ImportJourney::Tables() {
 }
 
 ImportJourney::ImportJourney() {
-    tools::CreateHearthbookDatabase(freshDatabase_, FormatUnderTest());
-    EXPECT_TRUE(RunElsewhere(freshDatabase_,
-                             "insert into owner(code) values('old');"
+    MakeFresh(engine::FileFormat::Jet);
+    MakeFresh(engine::FileFormat::Sqlite);
+}
+
+void ImportJourney::MakeFresh(engine::FileFormat format) {
+    QString& fresh = fresh_[format];
+    fresh = workplace.Path(QStringLiteral("fresh-%1.mdb").arg(static_cast<int>(format)));
+    tools::CreateHearthbookDatabase(fresh, format);
+    // Without a yes or no that nobody has said: a Jet file has none.
+    EXPECT_TRUE(RunElsewhere(fresh,
+                             "insert into owner(code, statement_by_email) values('old', 0);"
                              "insert into expenses(date, disburse_id) values('2020-01-01', 0);"
+                             "update glcodes set inactive = 0;"
                              "update options set taxincome = -1"));
 }
 
@@ -33,12 +44,26 @@ void ImportJourney::UsePortfolio(const PortfolioSize& size) {
     file.write(MakePortfolio(size));
 }
 
-QString ImportJourney::FreshDatabase(const char* name) {
+QString ImportJourney::FreshDatabase(const char* name, engine::FileFormat format) {
     const QString path = workplace.Path(QString::fromUtf8(name));
     QFile::remove(path);
-    QFile::remove(path + QStringLiteral("-journal"));
-    EXPECT_TRUE(QFile::copy(freshDatabase_, path));
+    for (const QString& end : EndsOfFilesBeside()) {
+        QFile::remove(path + end);
+    }
+    EXPECT_TRUE(QFile::copy(fresh_[format], path));
     return path;
+}
+
+bool ImportJourney::IsSound(const QString& database) {
+    if (!IsJetFile(database)) {
+        return ReadRows(database, "pragma integrity_check") == QStringList{QStringLiteral("ok")};
+    }
+    engine::DBEngine::Instance().OpenDatabase(database).reset();
+    const std::vector<std::string> faults = engine::jet::FaultsOfFile(database);
+    for (const std::string& fault : faults) {
+        ADD_FAILURE() << fault;
+    }
+    return faults.empty();
 }
 
 int ImportJourney::Import(const QString& database) const {
@@ -58,19 +83,5 @@ int ImportJourney::StartImport(const QString& database, const QString& errors) c
 }
 
 QString ImportJourney::Contents(const QString& database) {
-    const auto rows = ReadTables(database, Tables());
-    QString contents;
-    for (const QString& table : Tables()) {
-        contents += table + QLatin1Char('\n') + rows[table].join(QLatin1Char('\n'));
-    }
-    return contents;
-}
-
-QStringList ImportJourney::RowCounts(const QString& database) {
-    QStringList counts;
-    for (const QString& table : Tables()) {
-        const QByteArray sql = "select count(*) from [" + table.toUtf8() + "]";
-        counts += ReadRows(database, sql.constData());
-    }
-    return counts;
+    return LeftIn(database).contents;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MessageBox.h"
+#include "support/FormatUnderTest.h"
 #include "support/PortfolioGenerator.h"
 #include "support/PrintQt.h"
 #include "support/RecordingMessageBoxes.h"
@@ -12,14 +13,13 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 /// The whole batch import, run within this process or in a child of it, on fresh Hearthbook databases.
 class ImportJourney : public ::testing::Test {
 public:
     /// The tables that an import changes, and some that it must leave alone.
     static const QStringList& Tables();
-
-    /// The number of rows of each of the tables.
-    static QStringList RowCounts(const QString& database);
 
     /// All rows of the tables, in one text.
     static QString Contents(const QString& database);
@@ -31,7 +31,11 @@ protected:
     void UsePortfolio(const PortfolioSize& size);
 
     /// A new copy of a fresh Hearthbook database, which has some rows to be wiped.
-    QString FreshDatabase(const char* name);
+    QString FreshDatabase(const char* name, engine::FileFormat format = FormatUnderTest());
+
+    /// Whether a file is sound to its last byte that says anything. What an import that was killed has left
+    /// undone is taken back first, as by any program that opens the file.
+    static bool IsSound(const QString& database);
 
     /// Runs the import in this process as of 2026-11-21, and gives its exit status.
     int Import(const QString& database) const;
@@ -45,5 +49,7 @@ protected:
     QString portfolio = workplace.Path(QStringLiteral("portfolio.json"));
 
 private:
-    QString freshDatabase_ = workplace.Path(QStringLiteral("fresh.mdb"));
+    void MakeFresh(engine::FileFormat format);
+
+    std::map<engine::FileFormat, QString> fresh_;
 };

@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <csignal>
@@ -29,10 +30,12 @@ constexpr std::chrono::nanoseconds LongestLoss = 50ms;
 // go in first. These two statements a busy machine may hold up for as long as it likes after that look.
 constexpr size_t StatementsAfterTheLook = 2;
 
-// WRENFIELD_KILLS asks for another number than 200.
+// WRENFIELD_KILLS asks for another number than 200, or than 40 of an import into a Jet file, which takes
+// longer to be looked through.
 int Kills() {
     const int asked = qEnvironmentVariableIntValue("WRENFIELD_KILLS");
-    return asked > 0 ? asked : 200;
+    const int usual = FormatUnderTest() == engine::FileFormat::Jet ? 40 : 200;
+    return asked > 0 ? asked : usual;
 }
 
 /// A write of the import, by the clock on the wall and by the time the process itself had worked.
@@ -103,6 +106,26 @@ const Done& LastLookedAt(const std::vector<Done>& done, size_t firstLost) {
     return done[write];
 }
 
+/// How many of the first writes a trace tells of. What they are comes from an import into a SQLite file,
+/// which tells of all: both formats are given the same.
+size_t CountTold(const std::vector<TracedWrite>& writes, size_t first) {
+    if (FormatUnderTest() == engine::FileFormat::Sqlite) {
+        return first;
+    }
+    return static_cast<size_t>(std::count_if(
+        writes.begin(), writes.begin() + static_cast<std::ptrdiff_t>(first), [](const TracedWrite& write) {
+            return !write.sql.startsWith(QLatin1String("delete")) ||
+                   write.sql.contains(QLatin1String(" where "));
+        }));
+}
+
+// Nothing lies beside the file that is part of it.
+bool StandsAlone(const QString& database) {
+    const QStringList ends = EndsOfFilesBeside();
+    return std::none_of(ends.begin(), ends.end(),
+                        [&database](const QString& end) { return QFileInfo::exists(database + end); });
+}
+
 using KillTest = ImportJourney;
 
 TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
@@ -110,7 +133,7 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
 
     // The writes in their order, from an import that nobody disturbs.
     std::vector<TracedWrite> writes;
-    const QString whole = FreshDatabase("whole.mdb");
+    const QString whole = FreshDatabase("whole.mdb", engine::FileFormat::Sqlite);
     {
         const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
         ASSERT_EQ(Import(whole), 0);
@@ -136,7 +159,7 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
         const size_t wanted = anyWrite(random);
         int status = 0;
         bool hasEnded = false;
-        while (progress.Writes() < wanted && !hasEnded) {
+        while (progress.Writes() < CountTold(writes, wanted) && !hasEnded) {
             std::this_thread::sleep_for(std::chrono::microseconds(50));
             hasEnded = waitpid(child, &status, WNOHANG) == child;
         }
@@ -145,16 +168,17 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
             ::kill(child, SIGKILL);
             waitpid(child, &status, 0);
         }
-        midway += WIFSIGNALED(status) && progress.Writes() > 0 && progress.Writes() < writes.size() ? 1 : 0;
+        midway += WIFSIGNALED(status) && progress.Writes() > 0 &&
+                          progress.Writes() < CountTold(writes, writes.size())
+                      ? 1
+                      : 0;
 
-        EXPECT_EQ(ReadRows(database, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
-        EXPECT_FALSE(QFileInfo::exists(database + QStringLiteral("-wal")));
-        KilledImport import{
-            {RowCounts(database), Contents(database)}, progress.Committed(), progress.AllDone()};
+        EXPECT_TRUE(IsSound(database));
+        KilledImport import{LeftIn(database), progress.Committed(), progress.AllDone()};
         // An unfinished group has been put back by the first reader; what else is left goes with the next
         // write.
-        EXPECT_TRUE(RunElsewhere(database, "update options set taxincrate = taxincrate + 1"));
-        EXPECT_FALSE(QFileInfo::exists(database + QStringLiteral("-journal")));
+        EXPECT_TRUE(RunElsewhere(database, "update options set taxincrate = 1"));
+        EXPECT_TRUE(StandsAlone(database));
         imports.push_back(std::move(import));
     }
     EXPECT_GT(midway, kills / 3) << "the kills must fall into the import, not before or after it";
@@ -163,12 +187,12 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     for (KilledImport& import : imports) {
         left.push_back(&import.left);
     }
-    FindPrefixes(FreshDatabase("replica.mdb"), writes, left);
+    FindPrefixes(FreshDatabase("replica.mdb", engine::FileFormat::Sqlite), writes, left);
     for (const KilledImport& import : imports) {
         const std::vector<Done>& done = import.done;
         ASSERT_GE(import.left.prefix, 0)
             << "what is in the file is no prefix of the import's writes; done: " << done.size();
-        const auto stored = static_cast<size_t>(import.left.prefix);
+        const size_t stored = CountTold(writes, static_cast<size_t>(import.left.prefix));
         EXPECT_GE(stored, import.committed) << "writes of a finished group are lost";
         if (stored < done.size()) {
             const Done& last = LastLookedAt(done, stored);
@@ -188,7 +212,7 @@ TEST_F(KillTest, AnImportThatIsAskedToEndLeavesAllThatItHasDone) {
     std::vector<TracedWrite> writes;
     {
         const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
-        ASSERT_EQ(Import(FreshDatabase("whole.mdb")), 0);
+        ASSERT_EQ(Import(FreshDatabase("whole.mdb", engine::FileFormat::Sqlite)), 0);
     }
     const SharedProgress progress;
     const WriteTrace trace([&progress](const TracedWrite& write) { progress.AddWrite(write); });
@@ -200,27 +224,27 @@ TEST_F(KillTest, AnImportThatIsAskedToEndLeavesAllThatItHasDone) {
             progress.Clear();
             const int child = StartImport(database);
             ASSERT_GT(child, 0);
-            while (progress.Writes() < 1 + moment * writes.size() / Moments) {
+            while (progress.Writes() < 1 + moment * CountTold(writes, writes.size()) / Moments) {
                 std::this_thread::sleep_for(std::chrono::microseconds(50));
             }
             ::kill(child, signal);
             int status = 0;
             waitpid(child, &status, 0);
-            const bool hasEnded = progress.Writes() == writes.size();
+            const bool hasEnded = progress.Writes() == CountTold(writes, writes.size());
             EXPECT_EQ(WEXITSTATUS(status), hasEnded ? 0 : 128 + signal) << "at moment " << moment;
-            EXPECT_EQ(ReadRows(database, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
-            EXPECT_FALSE(QFileInfo::exists(database + QStringLiteral("-journal")));
-            imports.push_back(
-                {{RowCounts(database), Contents(database)}, progress.Committed(), progress.AllDone()});
+            EXPECT_TRUE(IsSound(database));
+            EXPECT_TRUE(StandsAlone(database));
+            imports.push_back({LeftIn(database), progress.Committed(), progress.AllDone()});
         }
     }
     std::vector<LeftBehind*> left;
     for (KilledImport& import : imports) {
         left.push_back(&import.left);
     }
-    FindPrefixes(FreshDatabase("replica.mdb"), writes, left);
+    FindPrefixes(FreshDatabase("replica.mdb", engine::FileFormat::Sqlite), writes, left);
     for (const KilledImport& import : imports) {
-        EXPECT_EQ(import.left.prefix, static_cast<int>(import.done.size()));
+        ASSERT_GE(import.left.prefix, 0);
+        EXPECT_EQ(CountTold(writes, static_cast<size_t>(import.left.prefix)), import.done.size());
     }
 }
 

@@ -14,7 +14,7 @@ public:
         }
         Run("pragma journal_mode = off");
         Run("pragma synchronous = off");
-        const QStringList counts = ImportJourney::RowCounts(path);
+        const QStringList counts = LeftIn(path).rowCounts;
         for (qsizetype table = 0; table < counts.size(); ++table) {
             counts_.push_back(counts[table].toLongLong());
         }
@@ -43,7 +43,7 @@ public:
         return counts;
     }
 
-    QString Contents() const { return ImportJourney::Contents(path_); }
+    QString Contents() const { return LeftIn(path_).contents; }
 
 private:
     void Run(const char* sql) {
@@ -58,6 +58,16 @@ private:
 };
 
 }  // namespace
+
+LeftBehind LeftIn(const QString& database) {
+    const auto rows = ReadTables(database, ImportJourney::Tables());
+    LeftBehind left;
+    for (const QString& table : ImportJourney::Tables()) {
+        left.rowCounts += QString::number(rows[table].size());
+        left.contents += table + QLatin1Char('\n') + rows[table].join(QLatin1Char('\n'));
+    }
+    return left;
+}
 
 void FindPrefixes(const QString& freshDatabase, const std::vector<TracedWrite>& writes,
                   const std::vector<LeftBehind*>& imports) {

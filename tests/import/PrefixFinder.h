@@ -16,7 +16,9 @@ struct LeftBehind {
     int prefix = -1;
 };
 
-/// Replays the writes of a whole import, one by one and in their order, on a fresh database, and finds for
+LeftBehind LeftIn(const QString& database);
+
+/// Replays the writes of a whole import, one by one and in their order, on a fresh SQLite file, and finds for
 /// each stopped import after which of them its file looked just so.
 void FindPrefixes(const QString& freshDatabase, const std::vector<TracedWrite>& writes,
                   const std::vector<LeftBehind*>& imports);

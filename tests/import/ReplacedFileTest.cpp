@@ -9,7 +9,10 @@
 
 namespace {
 
-constexpr int WipeStatements = 37;
+// Those that a trace tells of: on a Jet file most of them aren't statements of the connection's.
+int WipeStatements() {
+    return FormatUnderTest() == engine::FileFormat::Jet ? 4 : 37;
+}
 
 /// When something happens to the file of an import.
 struct Moment {
@@ -42,7 +45,7 @@ protected:
     }
 
     std::vector<Moment> DuringTheImport() const {
-        return {{"after the wipe", WipeStatements},
+        return {{"after the wipe", WipeStatements()},
                 {"among the tenants", writes_ / 2},
                 {"between two groups", writes_ / 2, true},
                 {"with the last write", writes_}};
@@ -71,8 +74,11 @@ private:
     static constexpr int MoreThanAnyImport = 500;
 
     static void Commit(const QString& database, int commits) {
-        const QByteArray twoCommits = "insert into notes default values; delete from notes;";
-        const QByteArray script = "pragma synchronous = off;" + twoCommits.repeated(commits / 2);
+        const QByteArray twoCommits =
+            "insert into notes(note) values('a');delete from notes where note = 'a';";
+        const char* unsafely =
+            FormatUnderTest() == engine::FileFormat::Jet ? "" : "pragma synchronous = off;";
+        const QByteArray script = unsafely + twoCommits.repeated(commits / 2);
         EXPECT_TRUE(RunElsewhere(database, script.constData()));
     }
 

@@ -1,10 +1,14 @@
 #include "support/WriteTrace.h"
 
+#include "engine/jet/Journal.h"
+
 #include <QStringList>
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 
 namespace {
 
@@ -77,6 +81,67 @@ int OnConnection(sqlite3* connection, const char** /*error*/, const sqlite3_api_
     return SQLITE_OK;
 }
 
+// A group of a Jet file is finished when its journal has been made void, with a sync.
+class TracedJournal : public engine::jet::DiskFile {
+public:
+    explicit TracedJournal(std::unique_ptr<engine::jet::DiskFile> file) : file_(std::move(file)) {}
+
+    std::uint64_t Size() override { return file_->Size(); }
+    void Read(std::uint64_t at, std::span<std::uint8_t> bytes) override { file_->Read(at, bytes); }
+    void Write(std::uint64_t at, std::span<const std::uint8_t> bytes) override {
+        file_->Write(at, bytes);
+        const bool isVoid =
+            std::all_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte == 0; });
+        isFinished_ = hasGroup_ && isVoid;
+        hasGroup_ = hasGroup_ || !isVoid;
+    }
+    void Resize(std::uint64_t size) override { file_->Resize(size); }
+    void Sync() override {
+        file_->Sync();
+        if (isFinished_) {
+            isFinished_ = hasGroup_ = false;
+            CurrentListeners().onCommit();
+        }
+    }
+
+private:
+    std::unique_ptr<engine::jet::DiskFile> file_;
+    bool hasGroup_ = false;
+    bool isFinished_ = false;
+};
+
+class TracedJetDisk : public engine::jet::Disk {
+public:
+    std::unique_ptr<engine::jet::DiskFile> Make(const QString& path) override { return below_->Make(path); }
+    std::unique_ptr<engine::jet::DiskFile> Open(const QString& path) override { return below_->Open(path); }
+    std::unique_ptr<engine::jet::DiskFile> OpenOrMake(const QString& path,
+                                                      const QString& permissionsOf) override {
+        auto file = below_->OpenOrMake(path, permissionsOf);
+        return path.endsWith(engine::jet::Journal::NameFor({})) && CurrentListeners().onCommit
+                   ? std::make_unique<TracedJournal>(std::move(file))
+                   : std::move(file);
+    }
+    bool IsThere(const QString& path) override { return below_->IsThere(path); }
+    void Remove(const QString& path) override { below_->Remove(path); }
+    void Rename(const QString& from, const QString& to) override { below_->Rename(from, to); }
+
+    /// The disk in use, or back to that.
+    void Begin() {
+        below_ = &engine::jet::DiskInUse();
+        engine::jet::UseDisk(this);
+    }
+    void End() { engine::jet::UseDisk(below_); }
+
+private:
+    engine::jet::Disk* below_ = nullptr;
+};
+
+// Outlives the files that a test leaves open to the end of the process.
+TracedJetDisk& JetDisk() {
+    static TracedJetDisk& disk = *new TracedJetDisk;
+    return disk;
+}
+
 // SQLite takes the function in this disguise.
 void (*ConnectionHook())() {
     return reinterpret_cast<void (*)()>(OnConnection);
@@ -87,9 +152,11 @@ void (*ConnectionHook())() {
 WriteTrace::WriteTrace(Listener onWrite, std::function<void()> onCommit) {
     CurrentListeners() = {std::move(onWrite), std::move(onCommit)};
     sqlite3_auto_extension(ConnectionHook());
+    JetDisk().Begin();
 }
 
 WriteTrace::~WriteTrace() {
     sqlite3_cancel_auto_extension(ConnectionHook());
+    JetDisk().End();
     CurrentListeners() = {};
 }

@@ -15,7 +15,8 @@ struct TracedWrite {
 };
 
 /// Hands every write on connections opened from here on in this process to the listener, until the trace is
-/// destroyed, and tells each group of writes that has come to the disk. Settings are not writes.
+/// destroyed, and tells each group of writes that has come to the disk. Settings are not writes. On a Jet
+/// file a removal of all rows of a table is no statement of the connection's, and isn't told.
 class WriteTrace {
 public:
     using Listener = std::function<void(const TracedWrite&)>;
