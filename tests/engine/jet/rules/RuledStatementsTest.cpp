@@ -140,6 +140,15 @@ TEST_F(JetRuledStatements, ARowThatBreaksARuleIsRefusedAtOnce) {
     EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|Ann|7.5, C|Cole|7.5");
 }
 
+// Inserts into a table that refuses nothing wait for one another.
+TEST_F(JetRuledStatements, AlsoWhereNoKeyCouldRefuseIt) {
+    SetProperties("notes", PropertyBytes().OfColumn("number", "ValidationRule", QStringLiteral(">=0")));
+    EXPECT_EQ(NumberOf("insert into notes (text, number) values ('A', 1)"), 0);
+    EXPECT_EQ(NumberOf("insert into notes (text, number) values ('B', -1)"), ErrorNumber::RuleBroken);
+    EXPECT_EQ(NumberOf("insert into notes (text, number) values ('C', 2)"), 0);
+    EXPECT_EQ(Rows("select text from notes order by text"), "A, C");
+}
+
 TEST_F(JetRuledStatements, ACopyOfRowsIsTakenBackAsAWhole) {
     SetOwnersProperties();
     EXPECT_EQ(NumberOf("insert into notes (text, number) values ('A', 1)"), 0);
