@@ -44,32 +44,6 @@ void Put64(ChangeableBytes bytes, std::size_t at, std::uint64_t number) {
     bytes.Put32(at + 4, static_cast<std::uint32_t>(number >> 32));
 }
 
-std::uint64_t SumOfJournal(QByteArray journal) {
-    Put64(ChangeableBytesOf(journal, 0), ChecksumAt, 0);
-    return Checksum(SpanOf(journal));
-}
-
-QByteArray Encode(const JournalContents& contents) {
-    QByteArray journal(static_cast<qsizetype>(HeadSize + EntrySize * contents.pages.size()), '\0');
-    ChangeableBytes bytes = ChangeableBytesOf(journal, 0);
-    Put64(bytes, 0, Signature);
-    bytes.Put32(PageCountAt, static_cast<std::uint32_t>(contents.pages.size()));
-    bytes.Put32(PagesBeforeAt, contents.pagesBefore);
-    bytes.Put32(PagesAfterAt, contents.pagesAfter);
-    Put64(bytes, CommitWordsAtInHead, contents.commitWords);
-    std::size_t at = HeadSize;
-    for (const JournalPage& page : contents.pages) {
-        bytes.Put32(at, page.number);
-        bytes.PutBytes(at + PageAt, Bytes(page.before, page.number));
-        for (std::size_t sector = 0; sector < JournalPage::Sectors; ++sector) {
-            Put64(bytes, at + SumsAt + 8 * sector, page.after[sector]);
-        }
-        at += EntrySize;
-    }
-    Put64(bytes, ChecksumAt, SumOfJournal(journal));
-    return journal;
-}
-
 JournalPage DecodePage(const Bytes& entry) {
     JournalPage page;
     page.number = entry.U32(0);
@@ -78,19 +52,6 @@ JournalPage DecodePage(const Bytes& entry) {
         page.after[sector] = entry.U64(SumsAt + 8 * sector);
     }
     return page;
-}
-
-std::optional<JournalContents> Decode(const QByteArray& journal) {
-    const Bytes bytes = BytesOf(journal, 0);
-    if (bytes.Size() < HeadSize || SumOfJournal(journal) != bytes.U64(ChecksumAt)) {
-        return std::nullopt;
-    }
-    JournalContents contents{
-        bytes.U32(PagesBeforeAt), bytes.U32(PagesAfterAt), bytes.U64(CommitWordsAtInHead), {}};
-    for (std::uint32_t page = 0; page < bytes.U32(PageCountAt); ++page) {
-        contents.pages.push_back(DecodePage(bytes.Part(HeadSize + EntrySize * page, EntrySize)));
-    }
-    return contents;
 }
 
 Page ReadPage(DiskFile& file, PageNumber number) {
@@ -166,12 +127,49 @@ std::uint64_t CommitWordsOf(const Page& header) {
     return Checksum(std::span(header).subspan(CommitWordsAt, CommitWordsSize));
 }
 
-JournalPage MakeJournalPage(PageNumber number, const Page& before, const Page& after) {
-    JournalPage page{number, before, {}};
+JournalMaker::JournalMaker(std::ptrdiff_t pages)
+    : journal_(static_cast<qsizetype>(HeadSize + EntrySize * static_cast<std::size_t>(pages)), '\0'),
+      end_(HeadSize) {
+    Put64(ChangeableBytesOf(journal_, 0), 0, Signature);
+    ChangeableBytesOf(journal_, 0).Put32(PageCountAt, static_cast<std::uint32_t>(pages));
+}
+
+void JournalMaker::Add(PageNumber number, const Page& before, const Page& after) {
+    ChangeableBytes bytes = ChangeableBytesOf(journal_, 0);
+    bytes.Put32(end_, number);
+    bytes.PutBytes(end_ + PageAt, Bytes(before, number));
     for (std::size_t sector = 0; sector < JournalPage::Sectors; ++sector) {
-        page.after[sector] = Checksum(SectorOf(after, sector));
+        Put64(bytes, end_ + SumsAt + 8 * sector, Checksum(SectorOf(after, sector)));
     }
-    return page;
+    end_ += EntrySize;
+}
+
+QByteArray JournalMaker::Finish(PageNumber pagesBefore, PageNumber pagesAfter, std::uint64_t commitWords) {
+    ChangeableBytes bytes = ChangeableBytesOf(journal_, 0);
+    bytes.Put32(PagesBeforeAt, pagesBefore);
+    bytes.Put32(PagesAfterAt, pagesAfter);
+    Put64(bytes, CommitWordsAtInHead, commitWords);
+    // Of the journal as it is without the sum.
+    Put64(bytes, ChecksumAt, Checksum(SpanOf(journal_)));
+    return std::move(journal_);
+}
+
+std::optional<JournalContents> DecodeJournal(QByteArray journal) {
+    if (static_cast<std::size_t>(journal.size()) < HeadSize) {
+        return std::nullopt;
+    }
+    const std::uint64_t sum = BytesOf(journal, 0).U64(ChecksumAt);
+    Put64(ChangeableBytesOf(journal, 0), ChecksumAt, 0);
+    if (Checksum(SpanOf(journal)) != sum) {
+        return std::nullopt;
+    }
+    const Bytes bytes = BytesOf(journal, 0);
+    JournalContents contents{
+        bytes.U32(PagesBeforeAt), bytes.U32(PagesAfterAt), bytes.U64(CommitWordsAtInHead), {}};
+    for (std::uint32_t page = 0; page < bytes.U32(PageCountAt); ++page) {
+        contents.pages.push_back(DecodePage(bytes.Part(HeadSize + EntrySize * page, EntrySize)));
+    }
+    return contents;
 }
 
 Journal::Journal(Disk& disk, const QString& database)
@@ -189,10 +187,10 @@ DiskFile& Journal::File() {
     return *file_;
 }
 
-void Journal::Write(const JournalContents& contents) {
+void Journal::Write(const QByteArray& journal) {
     DiskFile& file = File();
     file.Resize(0);
-    file.Write(0, SpanOf(Encode(contents)));
+    file.Write(0, SpanOf(journal));
     file.Sync();
 }
 
@@ -244,7 +242,7 @@ std::optional<JournalContents> Journal::Read(PageNumber most) {
     }
     QByteArray journal(static_cast<qsizetype>(size), Qt::Uninitialized);
     file.Read(0, {reinterpret_cast<std::uint8_t*>(journal.data()), static_cast<std::size_t>(size)});
-    return Decode(journal);
+    return DecodeJournal(std::move(journal));
 }
 
 void TakeBack(DiskFile& file, const JournalContents& contents) {

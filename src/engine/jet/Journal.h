@@ -36,7 +36,23 @@ struct JournalContents {
 /// The checksum of the commit words of a file's first page.
 std::uint64_t CommitWordsOf(const Page& header);
 
-JournalPage MakeJournalPage(PageNumber number, const Page& before, const Page& after);
+/// Puts a journal together, as its file holds it.
+class JournalMaker {
+public:
+    /// Of so many pages.
+    explicit JournalMaker(std::ptrdiff_t pages);
+
+    void Add(PageNumber number, const Page& before, const Page& after);
+    /// When all pages are there. The figures are those of JournalContents.
+    QByteArray Finish(PageNumber pagesBefore, PageNumber pagesAfter, std::uint64_t commitWords);
+
+private:
+    QByteArray journal_;
+    std::size_t end_;
+};
+
+/// What a journal says; nothing if it's torn or none.
+std::optional<JournalContents> DecodeJournal(QByteArray journal);
 
 /// The file beside a database, "<name>.journal", in which a group stands before it reaches the database.
 ///
@@ -49,8 +65,8 @@ public:
 
     static QString NameFor(const QString& database);
 
-    /// Brings the contents to the disk.
-    void Write(const JournalContents& contents);
+    /// Brings a journal to the disk.
+    void Write(const QByteArray& journal);
     /// Makes sure that there is room for one, and leaves nothing. For a journal that isn't there.
     void Try();
     /// Makes the journal mean nothing, on the disk too. The file stays, for the next group.

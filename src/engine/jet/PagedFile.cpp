@@ -162,7 +162,8 @@ void PagedFile::UndoTo(const Mark& mark) {
     while (undo_.size() > mark.undo) {
         const Undo& kept = undo_.back();
         if (kept.number < mark.count) {
-            Cached& cached = Load(kept.number);
+            // What has changed is in memory: so this can't fail.
+            Cached& cached = *Held(kept.number);
             cached.page = kept.page;
             cached.isTaken = kept.wasTaken;
         }
@@ -201,7 +202,7 @@ void PagedFile::Forget() {
 std::vector<PageWrite> PagedFile::GroupWrites(const std::vector<PageWrite>& written) const {
     std::map<PageNumber, const Page*> inFile;
     for (const PageWrite& write : written) {
-        inFile[write.number] = &write.page;
+        inFile[write.number] = write.page;
     }
     const std::vector<PageNumber> freeMaps = free_.OwnPages();
     std::vector<PageWrite> writes;
@@ -209,22 +210,27 @@ std::vector<PageWrite> PagedFile::GroupWrites(const std::vector<PageWrite>& writ
         const Cached& cached = *Held(number);
         const Page* before = cached.isTaken ? nullptr : cached.before.get();
         const Page* known = inFile.contains(number) ? inFile[number] : before;
-        if (known == nullptr || *known != cached.page) {
-            const bool isFreeMap = std::find(freeMaps.begin(), freeMaps.end(), number) != freeMaps.end();
-            writes.push_back({number, cached.page, before, isFreeMap});
+        if (known != &cached.page && (known == nullptr || *known != cached.page)) {
+            PageWrite& write = writes.emplace_back(PageWrite{number, &cached.page, before, false, nullptr});
+            write.isFreeMap = std::find(freeMaps.begin(), freeMaps.end(), number) != freeMaps.end();
+            if (write.isFreeMap) {
+                write.copy = std::make_unique<const Page>(cached.page);
+                write.page = write.copy.get();
+            }
         }
     }
     return writes;
 }
 
-JournalContents PagedFile::JournalOf(const std::vector<PageWrite>& writes) {
-    JournalContents journal{countBefore_, count_, CommitWordsOf(Read(0)), {}};
+QByteArray PagedFile::JournalOf(const std::vector<PageWrite>& writes) {
+    const auto isKept = [](const PageWrite& write) { return write.before != nullptr; };
+    JournalMaker journal(std::count_if(writes.begin(), writes.end(), isKept));
     for (const PageWrite& write : writes) {
-        if (write.before != nullptr) {
-            journal.pages.push_back(MakeJournalPage(write.number, *write.before, write.page));
+        if (isKept(write)) {
+            journal.Add(write.number, *write.before, *write.page);
         }
     }
-    return journal;
+    return journal.Finish(countBefore_, count_, CommitWordsOf(Read(0)));
 }
 
 // Pages that were given up count as free only when everything is there that no longer leads to them.
@@ -271,7 +277,7 @@ void PagedFile::WriteToFile(const std::vector<PageWrite>& writes) {
         return;
     }
     LookForOthersBytes(writes);
-    const JournalContents journal = JournalOf(writes);
+    const QByteArray journal = JournalOf(writes);
     try {
         journal_.Write(journal);
     } catch (...) {
@@ -281,7 +287,7 @@ void PagedFile::WriteToFile(const std::vector<PageWrite>& writes) {
     }
     try {
         for (const PageWrite& write : writes) {
-            file_->Write(PlaceOf(write.number), write.page);
+            file_->Write(PlaceOf(write.number), *write.page);
         }
         file_->Sync();
     } catch (...) {
@@ -316,7 +322,7 @@ bool PagedFile::TryBringBack() {
             journal_.Write(owed_->journal);
             owed_->isJournalThere = true;
         }
-        TakeBack(*file_, owed_->journal);
+        TakeBack(*file_, DecodeJournal(owed_->journal).value());
         journal_.Clear();
     } catch (const Error&) {
         return false;

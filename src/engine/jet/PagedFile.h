@@ -91,7 +91,7 @@ private:
     };
     /// What the file has to be brought back to before it's used again.
     struct Owed {
-        JournalContents journal;
+        QByteArray journal;
         bool isJournalThere = false;  ///< If not, the group is in the file as a whole.
     };
     struct Undo {
@@ -112,7 +112,7 @@ private:
     void Tidy();
 
     std::vector<PageWrite> GroupWrites(const std::vector<PageWrite>& written) const;
-    JournalContents JournalOf(const std::vector<PageWrite>& writes);
+    QByteArray JournalOf(const std::vector<PageWrite>& writes);
     void LookForOthersBytes(const std::vector<PageWrite>& writes);
     void WriteToFile(const std::vector<PageWrite>& writes);
     void ClearJournalIfPossible();

@@ -41,7 +41,7 @@ PageNumber FirstChild(const Page& node, PageNumber number) {
 // Above the leaves, as far as the pages tell: a tree that is damaged has no right order.
 int HeightOf(const PageWrite& write, PageStore& pages) {
     int height = 0;
-    const Page* page = &write.page;
+    const Page* page = write.page;
     PageNumber number = write.number;
     while ((*page)[0] == PageKind::IndexNode && height < HighestTree) {
         ++height;
@@ -55,7 +55,7 @@ int HeightOf(const PageWrite& write, PageStore& pages) {
 }
 
 bool HasOtherEntries(const PageWrite& write) {
-    const Page& now = write.page;
+    const Page& now = *write.page;
     const Page& before = *write.before;
     return !std::equal(now.begin(), now.begin() + IndexLinksAt, before.begin()) ||
            !std::equal(now.begin() + IndexLinksEnd, now.end(), before.begin() + IndexLinksEnd);
@@ -70,8 +70,8 @@ bool HasLostRows(const PageWrite& write) {
     if ((*write.before)[0] != PageKind::Data) {
         return false;
     }
-    const std::uint32_t owner = Bytes(write.page, write.number).U32(OwnerAt);
-    const DataPage now(write.page, write.number, owner);
+    const std::uint32_t owner = Bytes(*write.page, write.number).U32(OwnerAt);
+    const DataPage now(*write.page, write.number, owner);
     const DataPage before(*write.before, write.number, Bytes(*write.before, write.number).U32(OwnerAt));
     for (int row = 0; row < before.RowCount(); ++row) {
         if (IsRow(before.State(row)) && (row >= now.RowCount() || !IsRow(now.State(row)))) {
@@ -82,7 +82,7 @@ bool HasLostRows(const PageWrite& write) {
 }
 
 Stage StageOfData(const PageWrite& write) {
-    const std::uint32_t owner = Bytes(write.page, write.number).U32(OwnerAt);
+    const std::uint32_t owner = Bytes(*write.page, write.number).U32(OwnerAt);
     if (owner == PageOwner::Nobody) {
         return Map;
     }
@@ -99,7 +99,7 @@ Stage StageOf(const PageWrite& write, GroupKind kind) {
     if (write.isFreeMap) {
         return FreeMap;
     }
-    switch (write.page[0]) {
+    switch ((*write.page)[0]) {
         case PageKind::IndexNode:
         case PageKind::IndexLeaf:
             return kind == GroupKind::Removes ? IndexOfRemoved : Index;
@@ -124,12 +124,12 @@ int RankInStage(const PageWrite& write, Stage stage, PageStore& pages) {
         case IndexOfRemoved:
             return HeightOf(write, pages);
         case Index:
-            return write.page[0] == PageKind::IndexNode ? -HeightOf(write, pages)
-                                                        : static_cast<int>(HasOtherEntries(write));
+            return (*write.page)[0] == PageKind::IndexNode ? -HeightOf(write, pages)
+                                                           : static_cast<int>(HasOtherEntries(write));
         case Rows:
-            return static_cast<int>(write.page[0] == PageKind::Data && HasLostRows(write));
+            return static_cast<int>((*write.page)[0] == PageKind::Data && HasLostRows(write));
         case Map:
-            return static_cast<int>(write.page[0] != PageKind::UsageBits);
+            return static_cast<int>((*write.page)[0] != PageKind::UsageBits);
         default:
             return 0;
     }
@@ -157,7 +157,7 @@ void OrderWrites(std::vector<PageWrite>& writes, GroupKind kind, PageStore& page
     std::vector<PageWrite> ordered;
     ordered.reserve(writes.size());
     for (const Place& place : order) {
-        ordered.push_back(writes[place.write]);
+        ordered.push_back(std::move(writes[place.write]));
     }
     writes = std::move(ordered);
 }

@@ -2,6 +2,7 @@
 
 #include "engine/jet/PageStore.h"
 
+#include <memory>
 #include <vector>
 
 namespace engine::jet {
@@ -13,12 +14,15 @@ enum class GroupKind {
     Removes,  ///< Deletions and wipes: entries first, then the rows.
 };
 
-/// A page that a group writes.
+/// A page that a group writes. A group may have thousands, so none is copied that stays what it is until it's
+/// written.
 struct PageWrite {
     PageNumber number = 0;
-    Page page{};
+    const Page* page = nullptr;
     const Page* before = nullptr;  ///< What the file has; null if the page was free or not there.
     bool isFreeMap = false;        ///< Tells which pages are free.
+    std::unique_ptr<const Page>
+        copy;  ///< Of a page that changes again before it's written: `page` is this one.
 };
 
 /// Puts the pages of a group in an order in which the file can be read after each of them: first what nobody

@@ -17,7 +17,12 @@ protected:
         Page old = page;
         old[4095] = static_cast<std::uint8_t>(old[4095] + 1);
         before[number] = old;
-        writes.push_back({number, page, isNew ? nullptr : &before[number], isFreeMap});
+        AddWrite(number, page, isNew ? nullptr : &before[number], isFreeMap);
+    }
+    void AddWrite(PageNumber number, const Page& page, const Page* old, bool isFreeMap) {
+        auto copy = std::make_unique<const Page>(page);
+        const Page* now = copy.get();
+        writes.push_back({number, now, old, isFreeMap, std::move(copy)});
     }
 
     static Page Kind(std::uint8_t kind, std::uint8_t owner = 9) {
@@ -98,8 +103,7 @@ class JetWriteOrderOfRows : public JetWriteOrder {
 protected:
     void AddRow(PageNumber number, std::uint32_t owner, RowState then, RowState now) {
         before[number] = PageWith(number, owner, then);
-        const PageWrite write{number, PageWith(number, owner, now), &before[number], false};
-        writes.push_back(write);
+        AddWrite(number, PageWith(number, owner, now), &before[number], false);
     }
 
     static Page PageWith(PageNumber number, std::uint32_t owner, RowState state) {
