@@ -1,5 +1,6 @@
 #include "EngineTest.h"
 #include "engine/Waiting.h"
+#include "engine/execution/WriteGroup.h"
 #include "platform/MessageBox.h"
 #include "support/FaultyDisk.h"
 #include "support/WriteTrace.h"
@@ -71,6 +72,34 @@ TEST_F(WriteGroupTest, AGroupIsNeverOlderThanItsTime) {
     Insert(2);
     EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n1")})
         << "the second write brings the first one to the disk";
+}
+
+// Other programs that find a Jet file in the middle of a group must never be led to a row that isn't there.
+TEST_F(WriteGroupTest, AGroupOfAJetFileEitherAddsOrRemoves) {
+    const bool isJet = FormatUnderTest() == FileFormat::Jet;
+    int groups = 0;
+    const WriteTrace trace([](const TracedWrite&) {}, [&groups] { ++groups; });
+    database.reset();
+    database = DBEngine::Instance().OpenDatabase(path);
+    execution::WriteGroup::EndByTime(false);
+    Insert(1);
+    database->Flush();
+    EXPECT_EQ(groups, 1);
+    Insert(2);
+    database->Execute(QStringLiteral("delete from notes where text = 'n1'"));
+    EXPECT_EQ(groups, isJet ? 2 : 1) << "a statement that removes rows";
+    const auto notes = Dynaset("select * from notes");
+    notes->AddNew();
+    notes->Fields(0).Set(QStringLiteral("n3"));
+    notes->Update(dbUpdateRegular, false);
+    EXPECT_EQ(groups, isJet ? 3 : 1) << "a new row of a row set";
+    notes->Delete();
+    EXPECT_EQ(groups, isJet ? 4 : 1) << "a row that a row set removes";
+    Insert(4);
+    EXPECT_EQ(groups, isJet ? 5 : 1) << "an insert that may wait for others";
+    database->Flush();
+    EXPECT_EQ(groups, isJet ? 6 : 2);
+    execution::WriteGroup::EndByTime(true);
 }
 
 TEST_F(WriteGroupTest, ReadingBringsAGroupWhoseTimeIsOverToTheDiskToo) {

@@ -62,7 +62,7 @@ void SecondRun::Run(size_t begin, size_t end) {
 
 // Runs the writes as one transaction. False if it had to be given up.
 bool SecondRun::Attempt(size_t begin, size_t end) {
-    if (!transaction_.TryBegin()) {
+    if (!transaction_.TryBegin(kind_)) {
         failure_ = transaction_.Failure();
         return false;
     }
@@ -108,7 +108,6 @@ void SecondRun::RunOne(size_t place) {
         FindRow(*row, place);
     }
     executor_.Prepare(write);
-    transaction_.Takes(executor_.IsRemoval(write) ? WriteKind::Removes : WriteKind::Adds);
     if (executor_.IsCopy()) {
         RunCopy(write, place);
     } else {

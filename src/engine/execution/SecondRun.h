@@ -20,8 +20,13 @@ namespace engine::execution {
 class SecondRun {
 public:
     SecondRun(Connection& connection, Transaction& transaction, WriteExecutor& executor, const WriteLog& log,
-              MadeRows& rows)
-        : connection_(connection), transaction_(transaction), executor_(executor), log_(log), rows_(rows) {}
+              MadeRows& rows, WriteKind kind)
+        : connection_(connection),
+          transaction_(transaction),
+          executor_(executor),
+          log_(log),
+          rows_(rows),
+          kind_(kind) {}
 
     /// Only the first `ran` writes of the log have run before. Afterwards everything that can be stored is on
     /// the disk, and `rows` tells which keys it has.
@@ -55,6 +60,7 @@ private:
     WriteExecutor& executor_;
     const WriteLog& log_;
     MadeRows& rows_;
+    WriteKind kind_;
     std::map<size_t, Error> losses_;
     std::map<size_t, LostChange> lostChanges_;  ///< By the place of the write.
     std::optional<Error> failure_;              ///< Of the attempt made last.

@@ -2,9 +2,10 @@
 
 namespace engine::execution {
 
-bool Transaction::TryBegin() {
+bool Transaction::TryBegin(WriteKind kind) {
     failure_ = Begin();
     isOpen_ = !failure_;
+    kind_ = kind;
     if (isOpen_) {
         rows_.Undo();
     }

@@ -18,8 +18,8 @@ public:
     Transaction& operator=(const Transaction&) = delete;
     virtual ~Transaction() = default;
 
-    /// Takes the right to write, or says that it couldn't.
-    bool TryBegin();
+    /// Takes the right to write, or says that it couldn't. The first write is of this kind.
+    bool TryBegin(WriteKind kind);
 
     enum class End {
         Committed,
@@ -51,7 +51,7 @@ public:
     virtual bool IsOverwritten() const { return false; }
 
     /// Whether a write of this kind can go into the transaction that is open.
-    virtual bool Takes(WriteKind /*kind*/) { return true; }
+    virtual bool Takes(WriteKind /*kind*/) const { return true; }
 
     /// Whether other programs may write between two transactions, and so are to get their turn.
     virtual bool LetsOthersWrite() const { return false; }
@@ -62,6 +62,9 @@ public:
     virtual void RemoveJournal() = 0;
 
 protected:
+    /// That of the transaction that is open.
+    WriteKind Kind() const { return kind_; }
+
     /// Why it couldn't begin, or nothing.
     virtual std::optional<Error> Begin() = 0;
 
@@ -78,6 +81,7 @@ protected:
 
 private:
     bool isOpen_ = false;
+    WriteKind kind_ = WriteKind::Adds;
     std::optional<Error> failure_;
     RowTally rows_;
 };

@@ -51,14 +51,19 @@ void WriteGroup::Execute(const QString& statement) {
     RunNow(statement);
 }
 
-void WriteGroup::BeforeChangingRow() {
+void WriteGroup::BeforeRow() {
     CommitIfDue();
     RequireRoom();
     RunBatch();
 }
 
+void WriteGroup::BeforeChangingRow() {
+    BeforeRow();
+    EndUnlessItTakes(WriteKind::Adds);
+}
+
 void WriteGroup::BeforeRemovingRow(const TableSchema& table, qint64 key) {
-    BeforeChangingRow();
+    BeforeRow();
     EndUnlessItTakes(KindOfRemoval(table, key));
 }
 
@@ -190,16 +195,15 @@ void WriteGroup::AfterReading() {
 
 void WriteGroup::Begin(WriteKind kind) {
     if (transaction_.IsOpen()) {
-        transaction_.Takes(kind);
         return;
     }
     importLock_.Require();
     transaction_.KeepJournal();
     connection_.RenewPatience();
-    if (!transaction_.TryBegin()) {
+    kind_ = kind;
+    if (!transaction_.TryBegin(kind)) {
         throw Error(transaction_.Failure());
     }
-    transaction_.Takes(kind);
     began_ = Clock::now();
     if (began_ - ended_ > TurnOfOthers) {
         othersHadTheirTurn_ = began_;
@@ -312,7 +316,7 @@ std::optional<Error> WriteGroup::RunAgain(size_t ran) {
     transaction_.RemoveJournal();
     connection_.RenewPatience();
     connection_.LimitWaiting(Clock::now() + LongestWaitRunningAgain);
-    SecondRun second(connection_, transaction_, executor_, log_, rows_);
+    SecondRun second(connection_, transaction_, executor_, log_, rows_, kind_);
     second.Run(ran);
     connection_.LimitWaiting(std::nullopt);
     connection_.RenewPatience();

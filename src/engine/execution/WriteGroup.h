@@ -80,6 +80,7 @@ private:
     bool LetWait(const QString& statement);
     void RunBatch();
     void RunNow(Write write);
+    void BeforeRow();
     WriteKind KindOfRemoval(const TableSchema& table, qint64 key) const;
     WriteKind KindOf(const Write& write) const;
     void EndUnlessItTakes(WriteKind kind);
@@ -101,6 +102,7 @@ private:
     InsertBatch batch_;
     LostWriteListener lostWriteListener_;
 
+    WriteKind kind_ = WriteKind::Adds;  ///< Of the present group.
     WriteLog log_;
     MadeRows rows_;
     HeldKeysList held_;

@@ -4,17 +4,11 @@
 
 namespace engine::jet {
 
-bool JetTransaction::Takes(execution::WriteKind kind) {
-    kind_ = kind_.value_or(kind);
-    return *kind_ == kind;
-}
-
 // What another database of this process has in memory for the same file is not to share its fate.
 std::optional<Error> JetTransaction::Begin() {
     if (file_.Pages().HasChanges()) {
         FlushOpenDatabases();
     }
-    kind_.reset();
     try {
         file_.BeAlone();
         return std::nullopt;
@@ -24,7 +18,7 @@ std::optional<Error> JetTransaction::Begin() {
 }
 
 JetTransaction::Ended JetTransaction::Commit() {
-    const bool removes = kind_ == execution::WriteKind::Removes;
+    const bool removes = Kind() == execution::WriteKind::Removes;
     try {
         file_.Pages().EndGroup(removes ? GroupKind::Removes : GroupKind::Adds);
         return {};

@@ -12,7 +12,7 @@ public:
 
     /// Rows reach the file before the entries of indexes that lead to them, and leave it after those. So a
     /// group either adds or removes.
-    bool Takes(execution::WriteKind kind) override;
+    bool Takes(execution::WriteKind kind) const override { return kind == Kind(); }
 
     bool IsOverwritten() const override { return file_.Pages().IsOverwritten(); }
     void RemoveJournal() override;
@@ -25,7 +25,6 @@ protected:
 
 private:
     JetFile& file_;
-    std::optional<execution::WriteKind> kind_;
 };
 
 }  // namespace engine::jet
