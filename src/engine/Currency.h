@@ -11,6 +11,9 @@ class Currency {
 public:
     static constexpr qint64 Scale = 10000;
 
+    /// Up to here a double tells four decimal places apart, and scaled it still has all of its digits.
+    static constexpr double LastExact = 9e11;
+
     constexpr Currency() = default;
     static constexpr Currency FromScaled(qint64 scaled) { return Currency(scaled); }
 

@@ -15,11 +15,6 @@ namespace engine {
 
 namespace {
 
-[[noreturn]] void RaiseUnrecognized(const QString& path, const QString& found) {
-    throw Error(ErrorNumber::UnrecognizedFormat,
-                QStringLiteral("Unrecognized database format '%1': %2.").arg(path, found));
-}
-
 // What the file says of itself in its first bytes.
 QByteArray FirstBytes(const QString& path) {
     const QFileInfo info(path);

@@ -48,4 +48,15 @@ public:
     Error(int number, const QString& description);
 };
 
+/// Failures that more than one engine has, each in the same words.
+
+/// With 3343: the file is no database, or none that is read here. `found` says what it is.
+[[noreturn]] void RaiseUnrecognized(const QString& path, const QString& found);
+
+/// With 3044: a link leads to a file that can't be named.
+[[noreturn]] void RaiseNoName();
+
+/// With 3421: a value of another nature than the column's, or out of its range.
+[[noreturn]] void RaiseWrongType(const QString& column);
+
 }  // namespace engine

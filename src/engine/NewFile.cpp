@@ -3,7 +3,9 @@
 #include "engine/Error.h"
 #include "engine/FileName.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -112,6 +114,14 @@ void RequireFree(const QString& name) {
 }
 
 }  // namespace
+
+void RequireOtherName(const QString& name, const QStringList& kept) {
+    const QFileInfo file(FileName(name));
+    if (kept.contains(file.dir().canonicalPath() + QLatin1Char('/') + file.fileName())) {
+        throw Error(ErrorNumber::InvalidOperation,
+                    QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(name));
+    }
+}
 
 bool IsNameTaken(const QString& name) {
     return LookFor(FileName(name)) == 0;

@@ -38,6 +38,10 @@ private:
     QString path_;
 };
 
+/// For a copy of a database: fails with 3219 if it is to have one of these names, under which the database
+/// keeps files of its own; 3044 if nothing can have the name.
+void RequireOtherName(const QString& name, const QStringList& kept);
+
 /// Whether something has this name, be it a link to nowhere. Fails with 3044 if nothing can have it.
 bool IsNameTaken(const QString& name);
 

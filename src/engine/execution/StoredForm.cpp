@@ -9,15 +9,6 @@ namespace engine::execution {
 
 namespace {
 
-// Beyond this a double tells no four decimal places apart, so that it is already as near as it can be.
-constexpr double LastWithFourDecimals = 9e11;
-
-[[noreturn]] void RaiseWrongType(const Column& column) {
-    throw Error(
-        ErrorNumber::WrongType,
-        QStringLiteral("Data type conversion error: the field '%1' can't hold this value.").arg(column.name));
-}
-
 double NumberFor(const Column& column, const Value& value) {
     try {
         const double number = ToDouble(value);
@@ -25,9 +16,9 @@ double NumberFor(const Column& column, const Value& value) {
             return number;
         }
     } catch (const platform::Failure&) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
-    RaiseWrongType(column);
+    RaiseWrongType(column.name);
 }
 
 StoredForm Text(const QString& text) {
@@ -45,7 +36,7 @@ StoredForm Memo(const QString& text) {
 StoredForm Whole(const Column& column, const Value& value, double lowest, double highest) {
     const double number = std::nearbyint(NumberFor(column, value));
     if (number < lowest || number > highest) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return static_cast<qint64>(number);
 }
@@ -64,9 +55,10 @@ StoredForm Money(const Column& column, const Value& value) {
     const double number = NumberFor(column, value);
     try {
         const Currency amount = Currency::FromDouble(number);
-        return std::abs(number) < LastWithFourDecimals ? Amount(amount) : StoredForm(number);
+        // Beyond this it is already as near as it can be.
+        return std::abs(number) < Currency::LastExact ? Amount(amount) : StoredForm(number);
     } catch (const platform::Failure&) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
 }
 
@@ -79,7 +71,7 @@ StoredForm Date(const Column& column, const Value& value) {
     // A date is stored with a year of four digits.
     if (moment == nullptr || !moment->isValid() || moment->date().year() < 1 ||
         moment->date().year() > 9999) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return Text(ToText(*moment));
 }
@@ -88,7 +80,7 @@ QString TextFor(const Column& column, const Value& value) {
     try {
         return ToText(value);
     } catch (const platform::Failure&) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
 }
 
@@ -148,7 +140,7 @@ StoredForm ToStoredForm(const Column& column, const Value& value) {
             }
             break;
     }
-    RaiseWrongType(column);
+    RaiseWrongType(column.name);
 }
 
 }  // namespace engine::execution

@@ -14,12 +14,6 @@ namespace engine::jet {
 
 namespace {
 
-[[noreturn]] void RaiseWrongType(const Column& column) {
-    throw Error(
-        ErrorNumber::WrongType,
-        QStringLiteral("Data type conversion error: the field '%1' can't hold this value.").arg(column.name));
-}
-
 [[noreturn]] void RaiseTooLong(const Column& column, qsizetype size, int limit, const QString& unit) {
     throw Error(ErrorNumber::FieldTooSmall,
                 QStringLiteral("The field '%1' is too small to accept the amount of data: %2 %3, of which it "
@@ -94,7 +88,7 @@ double NumberIn(const Column& column, const Value& value) {
     const bool isNumber = std::holds_alternative<bool>(value) || std::holds_alternative<qint64>(value) ||
                           std::holds_alternative<double>(value) || std::holds_alternative<Currency>(value);
     if (!isNumber) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return ToDouble(value);
 }
@@ -105,7 +99,7 @@ QByteArray WholeNumber(const Column& column, const Value& value) {
     if (!(number >= double{std::numeric_limits<Whole>::min()} &&
           number <= double{std::numeric_limits<Whole>::max()}) ||
         number != std::trunc(number)) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return BytesOfNumber(static_cast<Whole>(number));
 }
@@ -117,7 +111,7 @@ QByteArray Money(const Column& column, const Value& value) {
     const double number = NumberIn(column, value);
     const double most = std::ldexp(1.0, 63) / static_cast<double>(Currency::Scale);
     if (!(std::abs(number) < most)) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return BytesOfNumber(Currency::FromDouble(number).Scaled());
 }
@@ -125,7 +119,7 @@ QByteArray Money(const Column& column, const Value& value) {
 QByteArray SingleNumber(const Column& column, const Value& value) {
     const double number = NumberIn(column, value);
     if (std::isfinite(number) && std::abs(number) > double{std::numeric_limits<float>::max()}) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return BytesOfNumber(static_cast<float>(number));
 }
@@ -133,7 +127,7 @@ QByteArray SingleNumber(const Column& column, const Value& value) {
 QByteArray Date(const Column& column, const Value& value) {
     const auto* moment = std::get_if<QDateTime>(&value);
     if (moment == nullptr || !moment->isValid() || !FromDateNumber(ToDateNumber(*moment))) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     return BytesOfNumber(ToDateNumber(*moment));
 }
@@ -141,7 +135,7 @@ QByteArray Date(const Column& column, const Value& value) {
 QByteArray TextBytes(const Column& column, const Value& value) {
     const auto* text = std::get_if<QString>(&value);
     if (text == nullptr) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     const int limit = column.size / 2;
     if (text->size() > limit) {
@@ -156,11 +150,11 @@ QByteArray TextBytes(const Column& column, const Value& value) {
 QByteArray PlainBytes(const Column& column, const Value& value) {
     const auto* bytes = std::get_if<QByteArray>(&value);
     if (bytes == nullptr) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     const auto exact = static_cast<qsizetype>(SizeOfType(column.type));
     if (exact > 0 && bytes->size() != exact) {
-        RaiseWrongType(column);
+        RaiseWrongType(column.name);
     }
     if (bytes->size() > column.size) {
         RaiseTooLong(column, bytes->size(), column.size, QStringLiteral("bytes"));
@@ -191,7 +185,7 @@ QByteArray BytesForColumn(const Column& column, const Value& value) {
         case ColumnType::Decimal:
             return PlainBytes(column, value);
         default:
-            RaiseWrongType(column);
+            RaiseWrongType(column.name);
     }
 }
 

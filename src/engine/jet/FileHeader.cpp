@@ -61,21 +61,16 @@ void Mask(Page& header) {
     }
 }
 
-[[noreturn]] void Refuse(const QString& path, const QString& found) {
-    throw Error(ErrorNumber::UnrecognizedFormat,
-                QStringLiteral("Unrecognized database format '%1': %2.").arg(path, found));
-}
-
 void CheckFormat(const Page& header, const QString& path) {
     const Bytes bytes(header, 0);
     if (bytes.U32(0) != FirstBytes || std::memcmp(header.data() + NameAt, Name.data(), Name.size()) != 0) {
-        Refuse(path, QStringLiteral("it is no Jet file"));
+        RaiseUnrecognized(path, QStringLiteral("it is no Jet file"));
     }
     const std::uint32_t format = bytes.U32(FormatAt);
     if (format != Jet4) {
-        Refuse(path, QStringLiteral("it is of a %1 format than Jet 4 (number %2)")
-                         .arg(format < Jet4 ? QStringLiteral("earlier") : QStringLiteral("later"))
-                         .arg(format));
+        RaiseUnrecognized(path, QStringLiteral("it is of a %1 format than Jet 4 (number %2)")
+                                    .arg(format < Jet4 ? QStringLiteral("earlier") : QStringLiteral("later"))
+                                    .arg(format));
     }
 }
 
@@ -87,13 +82,13 @@ void CheckFileHeader(const Page& header, const QString& path) {
     Mask(plain);
     const Bytes bytes(plain, 0);
     if (const std::uint32_t key = bytes.U32(PageKeyAt); key != 0) {
-        Refuse(path, QStringLiteral("its pages are encoded"));
+        RaiseUnrecognized(path, QStringLiteral("its pages are encoded"));
     }
     if (const std::uint32_t order = bytes.U32(SortOrderAt); order != GeneralOrder) {
-        Refuse(path,
-               QStringLiteral("its texts are in the sort order 0x%1, version %2, not in the General one")
-                   .arg(order & 0xFFFF, 4, 16, QLatin1Char('0'))
-                   .arg(order >> 24));
+        RaiseUnrecognized(
+            path, QStringLiteral("its texts are in the sort order 0x%1, version %2, not in the General one")
+                      .arg(order & 0xFFFF, 4, 16, QLatin1Char('0'))
+                      .arg(order >> 24));
     }
 }
 

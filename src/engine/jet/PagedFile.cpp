@@ -15,11 +15,6 @@ namespace {
 // 8 MiB of pages that can be read again: what an import writes next to, and the indexes above it.
 constexpr std::size_t MostCleanPages = 2048;
 
-[[noreturn]] void Refuse(const QString& path, const QString& found) {
-    throw Error(ErrorNumber::UnrecognizedFormat,
-                QStringLiteral("Unrecognized database format '%1': %2.").arg(path, found));
-}
-
 std::uint64_t PlaceOf(PageNumber number) {
     return std::uint64_t{number} * PageSize;
 }
@@ -31,7 +26,7 @@ PagedFile::PagedFile(Disk& disk, const QString& path, PageNumber mostPages)
           return Append();
       }) {
     if (file_->Size() < PageSize) {
-        Refuse(path, QStringLiteral("it is too short"));
+        RaiseUnrecognized(path, QStringLiteral("it is too short"));
     }
     Page header{};
     file_->Read(0, header);
@@ -43,7 +38,7 @@ PagedFile::PagedFile(Disk& disk, const QString& path, PageNumber mostPages)
 void PagedFile::CountPages() {
     const std::uint64_t size = file_->Size();
     if (size > PlaceOf(mostPages_)) {
-        Refuse(path_, QStringLiteral("it is larger than the format allows"));
+        RaiseUnrecognized(path_, QStringLiteral("it is larger than the format allows"));
     }
     count_ = countBefore_ = static_cast<PageNumber>(size / PageSize);
     if (size % PageSize != 0) {

@@ -25,12 +25,6 @@ constexpr qsizetype LongestCompressedMemo = 1024;
     throw Error(ErrorNumber::RecordDeleted, QStringLiteral("Record is deleted."));
 }
 
-[[noreturn]] void RaiseWrongType(const Column& column) {
-    throw Error(
-        ErrorNumber::WrongType,
-        QStringLiteral("Data type conversion error: the field '%1' can't hold this value.").arg(column.name));
-}
-
 QByteArray LongBytes(const Column& column, const Value& value) {
     if (column.type == ColumnType::Memo) {
         if (const auto* text = std::get_if<QString>(&value)) {
@@ -39,7 +33,7 @@ QByteArray LongBytes(const Column& column, const Value& value) {
     } else if (const auto* bytes = std::get_if<QByteArray>(&value)) {
         return *bytes;
     }
-    RaiseWrongType(column);
+    RaiseWrongType(column.name);
 }
 
 bool IsNumbered(const Column& column) {

@@ -1,18 +1,12 @@
 #include "engine/sqlite/CreateDatabase.h"
 
-#include "engine/FileName.h"
 #include "engine/NewFile.h"
 #include "engine/dialect/Names.h"
 #include "engine/execution/TableSchema.h"
 #include "engine/sqlite/FileConnection.h"
 #include "engine/sqlite/SqliteDatabase.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QStringList>
-
-#include <algorithm>
-#include <optional>
 
 namespace engine::sqlite {
 
@@ -48,11 +42,12 @@ const QStringList& SideFileEnds() {
     return ends;
 }
 
-bool IsSideFile(const QString& path, const QString& database) {
-    const QFileInfo file(path);
-    const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
-    return std::any_of(SideFileEnds().begin(), SideFileEnds().end(),
-                       [&](const QString& end) { return place == database + end; });
+QStringList SideFilesOf(const QString& database) {
+    QStringList names;
+    for (const QString& end : SideFileEnds()) {
+        names += database + end;
+    }
+    return names;
 }
 
 void CreateTables(const QString& path, const std::vector<TableDefinition>& tables) {
@@ -94,10 +89,7 @@ void CreateDatabaseFile(const QString& path, const std::vector<TableDefinition>&
 
 void CopyDatabaseFile(execution::Connection& source, const QString& path) {
     const QString original = QString::fromUtf8(sqlite3_db_filename(source.Handle(), "main"));
-    if (IsSideFile(FileName(path), original)) {
-        throw Error(ErrorNumber::InvalidOperation,
-                    QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
-    }
+    RequireOtherName(path, SideFilesOf(original));
     NewFile file(path, SideFileEnds());
     {
         FileConnection copy(file.Path(), FileConnection::Mode::New);

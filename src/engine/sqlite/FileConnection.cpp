@@ -4,7 +4,6 @@
 #include "engine/sqlite/Hardening.h"
 #include "engine/sqlite/SideFiles.h"
 #include "engine/sqlite/SoundFile.h"
-#include "platform/Files.h"
 
 namespace engine::sqlite {
 
@@ -35,9 +34,7 @@ void FileConnection::OpenFile(const QString& path, Mode mode) {
 void FileConnection::CheckFile() {
     // A link may have led here, and the journal is looked for by this name.
     if (!QByteArrayView(sqlite3_db_filename(Handle(), "main")).isValidUtf8()) {
-        throw Error(ErrorNumber::InvalidPath,
-                    QStringLiteral("The database lies under a name that is not a valid path: %1.")
-                        .arg(platform::WhyNoName()));
+        RaiseNoName();
     }
     {
         // The first look into the file: it finds foreign, damaged and locked ones.

@@ -1,15 +1,12 @@
 #include "engine/jet/sql/JetDatabase.h"
 
-#include "engine/FileName.h"
 #include "engine/NewFile.h"
 #include "engine/jet/Journal.h"
 #include "engine/jet/MakeDatabase.h"
 #include "engine/jet/sql/JetConnection.h"
 #include "platform/Clock.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <iterator>
@@ -21,12 +18,6 @@ namespace {
 const QStringList& SideFileEnds() {
     static const QStringList ends{Journal::NameFor({})};  // The lock file has no end of its own.
     return ends;
-}
-
-bool IsSideFile(const QString& path, const QString& database) {
-    const QFileInfo file(path);
-    const QString place = file.dir().canonicalPath() + QLatin1Char('/') + file.fileName();
-    return place == Journal::NameFor(database) || place == FileUsers::LockFileFor(database);
 }
 
 NewTable ToNewTable(const TableDefinition& table) {
@@ -105,10 +96,7 @@ void JetDatabase::RequireWritable(const QStringList& tables) {
 
 void JetDatabase::CopyTo(const QString& path) {
     Flush();
-    if (IsSideFile(FileName(path), file_->Path())) {
-        throw Error(ErrorNumber::InvalidOperation,
-                    QStringLiteral("Invalid operation: the database uses the name %1 for itself.").arg(path));
-    }
+    RequireOtherName(path, {Journal::NameFor(file_->Path()), FileUsers::LockFileFor(file_->Path())});
     NewFile file(path, SideFileEnds());
     CopyBytes(file_->Path(), file.Path());
     file.TakePermissionsOf(file_->Path());

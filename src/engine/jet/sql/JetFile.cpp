@@ -3,7 +3,6 @@
 #include "engine/Error.h"
 #include "engine/ImportLock.h"
 #include "platform/FileLock.h"
-#include "platform/Files.h"
 
 #include <QFile>
 
@@ -32,9 +31,7 @@ QString PlaceOf(const QString& path) {
         throw Error(ErrorNumber::CannotOpenDatabase, QStringLiteral("Could not find file '%1'.").arg(path));
     }
     if (!QByteArrayView(place).isValidUtf8()) {
-        throw Error(ErrorNumber::InvalidPath,
-                    QStringLiteral("The database lies under a name that is not a valid path: %1.")
-                        .arg(platform::WhyNoName()));
+        RaiseNoName();
     }
     return QFile::decodeName(place.c_str());
 }

@@ -27,9 +27,6 @@ constexpr double FirstDay = (sys_days{FirstYear / 1 / 1} - DayZero).count();
 constexpr double LastDay = (sys_days{LastYear / 12 / 31} - DayZero).count();
 constexpr std::size_t LengthOfDay = 10;
 
-// Up to here a number times 10000 still has all of its digits.
-constexpr double LastScaledExactly = 9e11;
-
 constexpr std::string_view CompressedMark = "\xFF\xFE";
 // Shorter texts are never compressed.
 constexpr std::size_t FewestCompressed = 3;
@@ -99,7 +96,7 @@ bool PutReal(RowCells& cells, int place, const Column& column, sqlite3_value* va
         cells.SetNumber(place, number);
         return true;
     }
-    if (column.type == ColumnType::Currency && std::abs(number) <= LastScaledExactly) {
+    if (column.type == ColumnType::Currency && std::abs(number) <= Currency::LastExact) {
         cells.SetNumber(place, std::int64_t{Currency::FromDouble(number).Scaled()});
         return true;
     }

@@ -12,9 +12,6 @@ namespace engine::jet {
 
 namespace {
 
-// Up to here a number times 10000 still has all of its digits.
-constexpr double LastScaledExactly = 9e11;
-
 DataType DataTypeOf(std::uint8_t type) {
     switch (type) {
         case ColumnType::Boolean:
@@ -89,7 +86,7 @@ Value MoneyFrom(sqlite3_value* value) {
         return fits ? Value(Currency::FromScaled(*whole * Currency::Scale)) : number;
     }
     const auto* real = std::get_if<double>(&number);
-    return real != nullptr && std::abs(*real) > LastScaledExactly ? ExactAmount(*real) : number;
+    return real != nullptr && std::abs(*real) > Currency::LastExact ? ExactAmount(*real) : number;
 }
 
 Value DateFrom(sqlite3_value* value) {
