@@ -10,7 +10,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <limits>
 
 namespace controls {
 
@@ -26,7 +25,6 @@ constexpr QMargins BesideText(2, 0, 2, 0);
 
 InnerTextBox::InnerTextBox(QWidget* parent) : EntryBox(QString(), parent) {
     setObjectName(QStringLiteral("TextBox"));
-    setMaxLength(std::numeric_limits<int>::max());
     setTextMargins(BesideText);
     // What is behind the box needn't be painted with every key.
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -53,11 +51,24 @@ bool InnerTextBox::TakeKey(const QString& character) {
     }
     bool swallow = false;
     Q_EMIT KeyTyped(key, swallow);
-    return swallow || (key != BackspaceKey && IsBeyondLimit(character));
+    return swallow || (key != BackspaceKey && character.size() > Room());
 }
 
-bool InnerTextBox::IsBeyondLimit(const QString& character) const {
-    return typingLimit_ > 0 && text().size() - selectedText().size() + character.size() > typingLimit_;
+void InnerTextBox::inputMethodEvent(QInputMethodEvent* event) {
+    const QString composed = event->commitString();
+    if (composed.isEmpty()) {
+        EntryBox::inputMethodEvent(event);
+        return;
+    }
+    // What was shown until now goes, with what the composed text replaces; then that is typed.
+    QInputMethodEvent before;
+    before.setCommitString({}, event->replacementStart(), event->replacementLength());
+    EntryBox::inputMethodEvent(&before);
+    QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, composed);
+    keyPressEvent(&typed);
+    QInputMethodEvent after(event->preeditString(), event->attributes());
+    EntryBox::inputMethodEvent(&after);
+    event->accept();
 }
 
 void InnerTextBox::keyPressEvent(QKeyEvent* event) {
