@@ -44,6 +44,19 @@ class Refusals(Journey):
         self.assertEqual(wizard.current_tab(), "Bank Accounts")
         self.assertNotIn("ENABLED", wizard.find("page tab", "User Type").states())
 
+    def test_a_double_click_on_next_turns_one_page(self):
+        wizard = self.start_at("Bank Accounts")
+        wizard.desktop.double_click(*wizard.find("push button", "Next").middle())
+        wizard.wait_for_tab("User Type")
+        wizard.click("radio button", wizard.LANDLORD)
+        wizard.desktop.double_click(*wizard.find("push button", "Next").middle())
+        wizard.wait_for_tab("Owners")
+        wizard.enter("Owner Name", "Ann Owner")
+        wizard.desktop.double_click(*wizard.find("push button", "Back").middle())
+        wizard.wait_for_tab("User Type")
+        wizard.desktop.settle()
+        self.assertEqual(wizard.current_tab(), "User Type")
+
     def test_no_type(self):
         wizard = self.start_at("User Type")
         wizard.next()
