@@ -95,6 +95,18 @@ class Refusals(Journey):
         wizard.answer("You have not entered any tenants", "OK")
         self.assertEqual(wizard.current_tab(), "Tenants")
 
+    def test_the_wheel_over_a_list_without_the_focus(self):
+        wizard = self.start_at("Tenants")
+        wizard.click("push button", "Add")
+        wizard.wait_for_window("Tenant")
+        wizard.enter("Tenants Name", "T. Enant")
+        unit = wizard.find("combo box", "Rent Frequency Unit")
+        wizard.desktop.click(*unit.middle(), button=5)
+        wizard.desktop.settle()
+        self.assertEqual(wizard.focused(), ("text", "Tenants Name"))
+        # By the month there would be a day of each month to enter.
+        self.assertEqual(wizard.all("text", "from day of each month"), [])
+
     def test_remove_asks(self):
         wizard = self.start_at("Properties")
         wizard.click("page tab", "Owners")
