@@ -22,8 +22,9 @@ namespace {
 QPalette BlackOnWhite(QPalette palette) {
     palette.setColor(QPalette::Base, ToQColor(White));
     palette.setColor(QPalette::Text, ToQColor(Black));
+    palette.setColor(QPalette::Disabled, QPalette::Base, ToQColor(DisabledField));
     palette.setColor(QPalette::Disabled, QPalette::Text,
-                     ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText)));
+                     ReadableOn(ToQColor(DisabledField), ToQColor(SystemColours::GreyText)));
     return palette;
 }
 

@@ -5,9 +5,9 @@
 
 namespace controls {
 
-/// The edit box inside the controls: lettered as they are, without a border, black on white on every desktop.
-/// When the user comes to it its whole text is selected, by the mouse too: the click that brings him places
-/// no caret. What a typed character does is up to the box that derives from it.
+/// The edit box inside the controls: lettered as they are, without a border, black on white on every desktop,
+/// and grey while it is disabled. When the user comes to it its whole text is selected, by the mouse too: the
+/// click that brings him places no caret. What a typed character does is up to the box that derives from it.
 ///
 /// However it comes in, what the user enters keeps within a length: keys, input methods, pasting and
 /// dropping. A pasted or dropped text ends at its first line break, as a cell of a spreadsheet brings one

@@ -15,7 +15,7 @@ namespace controls {
 
 namespace {
 
-/// Can still be read on white, and yet differs from black.
+/// Can still be read on a disabled field, and yet differs from black.
 constexpr Colour DisabledText = RGB(96, 96, 96);
 
 /// Between the edge and the text, so that the frame doesn't touch it.
@@ -78,7 +78,7 @@ void InnerTextBox::keyPressEvent(QKeyEvent* event) {
 
 void InnerTextBox::paintEvent(QPaintEvent* event) {
     // Some styles leave corners of the ground open.
-    QPainter(this).fillRect(rect(), Qt::white);
+    QPainter(this).fillRect(rect(), palette().base());
     QLineEdit::paintEvent(event);
     QPainter painter(this);
     PaintedCanvas canvas(&painter, width(), height());
