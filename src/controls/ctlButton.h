@@ -13,7 +13,8 @@ namespace controls {
 /// Click is raised by a click with the left mouse button (pressed and let go inside), by letting go of any
 /// mouse button on the icon, by Enter while the button has the focus, and by DoClick. A button that isn't
 /// Enabled raises it for Enter alone. The Space bar does nothing. A click raises it once, and the button may
-/// be destroyed by it.
+/// be destroyed by it. A double click is one click: who doubles it skips no page, and what a dialog has left
+/// under the mouse isn't clicked by the second half.
 ///
 /// A button that isn't Enabled passes the focus on as if Tab had been pressed. It goes on following mouse and
 /// focus; only its look doesn't tell.
@@ -123,6 +124,8 @@ private:
     bool captureHeld_ = false;
     bool mouseDownFlag_ = false;
     bool pressedByLeftButton_ = false;
+    /// The mouse button that is held for the second time of a double click.
+    Qt::MouseButton secondPress_ = Qt::NoButton;
 
     /// What the surface shows since the last UpdateLook.
     ButtonLook look_;

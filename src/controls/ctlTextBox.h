@@ -60,8 +60,8 @@ public:
     bool Locked() const;
     void SetLocked(bool locked);
 
-    /// How many characters (UTF-16 units) can be typed; 0 or less is no limit. Longer text can be pasted and
-    /// set by program.
+    /// How many characters (UTF-16 units) the user can enter, by keys, input methods, pasting or dropping; 0
+    /// or less is no limit. Longer text can be set by program.
     qint32 MaxLength() const;
     void SetMaxLength(qint32 length);
 

@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
+#include <QWheelEvent>
 
 namespace screens {
 
@@ -55,6 +56,15 @@ private:
 
 DropDownList::DropDownList(QWidget* parent) : QComboBox(parent) {
     controls::RegisterAccessible<DropDownList, AccessibleList>();
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void DropDownList::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
 }
 
 }  // namespace screens

@@ -44,6 +44,19 @@ class Refusals(Journey):
         self.assertEqual(wizard.current_tab(), "Bank Accounts")
         self.assertNotIn("ENABLED", wizard.find("page tab", "User Type").states())
 
+    def test_a_double_click_on_next_turns_one_page(self):
+        wizard = self.start_at("Bank Accounts")
+        wizard.desktop.double_click(*wizard.find("push button", "Next").middle())
+        wizard.wait_for_tab("User Type")
+        wizard.click("radio button", wizard.LANDLORD)
+        wizard.desktop.double_click(*wizard.find("push button", "Next").middle())
+        wizard.wait_for_tab("Owners")
+        wizard.enter("Owner Name", "Ann Owner")
+        wizard.desktop.double_click(*wizard.find("push button", "Back").middle())
+        wizard.wait_for_tab("User Type")
+        wizard.desktop.settle()
+        self.assertEqual(wizard.current_tab(), "User Type")
+
     def test_no_type(self):
         wizard = self.start_at("User Type")
         wizard.next()
@@ -81,6 +94,18 @@ class Refusals(Journey):
         wizard.next()
         wizard.answer("You have not entered any tenants", "OK")
         self.assertEqual(wizard.current_tab(), "Tenants")
+
+    def test_the_wheel_over_a_list_without_the_focus(self):
+        wizard = self.start_at("Tenants")
+        wizard.click("push button", "Add")
+        wizard.wait_for_window("Tenant")
+        wizard.enter("Tenants Name", "T. Enant")
+        unit = wizard.find("combo box", "Rent Frequency Unit")
+        wizard.desktop.click(*unit.middle(), button=5)
+        wizard.desktop.settle()
+        self.assertEqual(wizard.focused(), ("text", "Tenants Name"))
+        # By the month there would be a day of each month to enter.
+        self.assertEqual(wizard.all("text", "from day of each month"), [])
 
     def test_remove_asks(self):
         wizard = self.start_at("Properties")

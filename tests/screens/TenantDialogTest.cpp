@@ -3,6 +3,7 @@
 #include "screens/frmTenant.h"
 
 #include <QRadioButton>
+#include <QWheelEvent>
 
 namespace {
 
@@ -32,6 +33,26 @@ protected:
     /// What the dialog has made, or nothing.
     const records::Tenant* Made() const { return dialog->AddTenant.get(); }
 };
+
+TEST_F(TenantDialogTest, TheWheelDoesNothingToAListWithoutTheFocus) {
+    Open();
+    Box("txtName").setFocus();
+    const QWidget* focused = QApplication::focusWidget();
+    QComboBox& list = List("cboFrequency");
+    EXPECT_EQ(list.focusPolicy(), Qt::StrongFocus) << "nor does the wheel bring the focus";
+    const auto turn = [&list] {
+        const QPointF middle = list.rect().center();
+        QWheelEvent event(middle, list.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&list, &event);
+    };
+    turn();
+    EXPECT_EQ(list.currentText(), u"Week"_s);
+    EXPECT_EQ(QApplication::focusWidget(), focused);
+    list.setFocus();
+    turn();
+    EXPECT_EQ(list.currentText(), u"Month"_s) << "where the user is, it does";
+}
 
 TEST_F(TenantDialogTest, StartsWithTheDefaults) {
     Open();

@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
+#include <QTest>
 
 namespace {
 
@@ -125,6 +127,16 @@ TEST_F(StaticPagesTest, NoTypeIsRefusedAndChangesNothing) {
     EXPECT_EQ(boxes.requests.front().title, platform::ApplicationTitle());
     EXPECT_EQ(Heading().CurrentTabIndex(), 2);
     EXPECT_EQ(records::CurrentSettings().ManagementFee, 3);
+}
+
+TEST_F(StaticPagesTest, ADoubleClickOnTheTutorialLinkOpensItOnce) {
+    auto& link = Find<QPushButton>("lblTutorial");
+    // No browser for a test.
+    QObject::disconnect(&link, &QPushButton::clicked, nullptr, nullptr);
+    const QSignalSpy clicked(&link, &QPushButton::clicked);
+    const QPoint middle = link.mapTo(link.window(), link.rect().center());
+    QTest::mouseDClick(link.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_EQ(clicked.size(), 1);
 }
 
 TEST_F(StaticPagesTest, TheTutorialLinkLooksLikeALink) {

@@ -5,10 +5,15 @@
 #include "controls/base/TypedText.h"
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
+
+#include <algorithm>
+#include <limits>
 
 namespace controls {
 
@@ -17,8 +22,9 @@ namespace {
 QPalette BlackOnWhite(QPalette palette) {
     palette.setColor(QPalette::Base, ToQColor(White));
     palette.setColor(QPalette::Text, ToQColor(Black));
+    palette.setColor(QPalette::Disabled, QPalette::Base, ToQColor(DisabledField));
     palette.setColor(QPalette::Disabled, QPalette::Text,
-                     ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText)));
+                     ReadableOn(ToQColor(DisabledField), ToQColor(SystemColours::GreyText)));
     return palette;
 }
 
@@ -40,10 +46,29 @@ qsizetype FirstLength(QStringView text) {
     return text.size() > 1 && text.front().isHighSurrogate() ? 2 : 1;
 }
 
+bool IsLineBreak(QChar character) {
+    return (character >= QLatin1Char('\n') && character <= QLatin1Char('\r')) || character == QChar(0x85) ||
+           character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+/// The clipboard that a key pastes from: that of the last selection with Control, Shift and Insert.
+QClipboard::Mode ClipboardOf(const QKeyEvent& key) {
+    const bool ofSelection = key.key() == Qt::Key_Insert && key.modifiers().testFlag(Qt::ControlModifier);
+    return ofSelection ? QClipboard::Selection : QClipboard::Clipboard;
+}
+
+/// What of a text from elsewhere goes into one line.
+QString OneLineOf(const QString& text) {
+    QString line(text.begin(), std::find_if(text.begin(), text.end(), IsLineBreak) - text.begin());
+    return line.replace(QLatin1Char('\t'), QLatin1Char(' '));
+}
+
 }  // namespace
 
 EntryBox::EntryBox(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
     setFrame(false);
+    // The edit box's own limit would cut what the program puts in.
+    setMaxLength(std::numeric_limits<int>::max());
     setFont(ControlFont());
     setPalette(BlackOnWhite(palette()));
     // When the focus moves while the window is not active, the box hears of it only once the window is again.
@@ -67,6 +92,48 @@ void EntryBox::BeginToLeave() {
         presence_ = Presence::Going;
         Q_EMIT Leaving();
     }
+}
+
+qsizetype EntryBox::Room() const {
+    return entryLimit_ > 0 ? entryLimit_ - text().size() + selectedText().size()
+                           : std::numeric_limits<qsizetype>::max();
+}
+
+void EntryBox::paste() {
+    PasteFrom(QClipboard::Clipboard);
+}
+
+void EntryBox::PasteFrom(QClipboard::Mode clipboard) {
+    const QString fitting = FittingPart(QApplication::clipboard()->text(clipboard));
+    if (!isReadOnly() && !fitting.isEmpty()) {
+        insert(fitting);
+    }
+}
+
+QString EntryBox::FittingPart(const QString& text) const {
+    QString part = OneLineOf(text);
+    part.truncate(std::max<qsizetype>(0, Room()));
+    if (!part.isEmpty() && part.back().isHighSurrogate()) {
+        part.chop(1);
+    }
+    return part;
+}
+
+void EntryBox::dropEvent(QDropEvent* event) {
+    // What is dropped replaces no selection.
+    deselect();
+    const QString text = event->mimeData()->text();
+    QMimeData fitting;
+    fitting.setText(FittingPart(text));
+    if (fitting.text().size() < text.size()) {
+        // Where it comes from, what doesn't fit here must not be lost.
+        event->setDropAction(Qt::CopyAction);
+    }
+    QDropEvent taken(event->position(), event->possibleActions(), &fitting, event->buttons(),
+                     event->modifiers());
+    taken.setDropAction(event->dropAction());
+    QLineEdit::dropEvent(&taken);
+    event->setAccepted(taken.isAccepted());
 }
 
 bool EntryBox::event(QEvent* event) {
@@ -97,6 +164,11 @@ void EntryBox::focusOutEvent(QFocusEvent* event) {
 
 void EntryBox::keyPressEvent(QKeyEvent* event) {
     focusingClick_ = FocusingClick::None;
+    if (event->matches(QKeySequence::Paste)) {
+        PasteFrom(ClipboardOf(*event));
+        event->accept();
+        return;
+    }
     const QString typed = TypedText(*event);
     if (FirstLength(typed) < typed.size()) {
         TypeOneByOne(*event, typed);
@@ -130,12 +202,26 @@ void EntryBox::TakeOneByOne(const QInputMethodEvent& event) {
 }
 
 void EntryBox::mousePressEvent(QMouseEvent* event) {
+    if (SelectsAtEveryPress()) {
+        SelectOnEntering();
+        focusingClick_ = FocusingClick::Expected;
+    }
     if (focusingClick_ == FocusingClick::Expected && event->button() == Qt::LeftButton) {
         focusingClick_ = FocusingClick::Pressed;
         return;
     }
     focusingClick_ = FocusingClick::None;
-    QLineEdit::mousePressEvent(event);
+    if (!SelectsAtEveryPress()) {
+        QLineEdit::mousePressEvent(event);
+    }
+}
+
+void EntryBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (SelectsAtEveryPress()) {
+        mousePressEvent(event);
+    } else {
+        QLineEdit::mouseDoubleClickEvent(event);
+    }
 }
 
 void EntryBox::mouseMoveEvent(QMouseEvent* event) {
@@ -147,6 +233,12 @@ void EntryBox::mouseMoveEvent(QMouseEvent* event) {
 void EntryBox::mouseReleaseEvent(QMouseEvent* event) {
     if (focusingClick_ == FocusingClick::Pressed) {
         focusingClick_ = FocusingClick::None;
+        return;
+    }
+    if (event->button() == Qt::MiddleButton) {
+        if (QApplication::clipboard()->supportsSelection()) {
+            PasteFrom(QClipboard::Selection);
+        }
         return;
     }
     QLineEdit::mouseReleaseEvent(event);

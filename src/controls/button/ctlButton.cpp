@@ -251,6 +251,7 @@ void ctlButton::leaveEvent(QEvent* /*event*/) {
 
 void ctlButton::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(event);
+    secondPress_ = event->button();
 }
 
 void ctlButton::mouseMoveEvent(QMouseEvent* event) {
@@ -259,6 +260,7 @@ void ctlButton::mouseMoveEvent(QMouseEvent* event) {
 
 void ctlButton::mousePressEvent(QMouseEvent* event) {
     pressedByLeftButton_ = pressedByLeftButton_ || event->button() == Qt::LeftButton;
+    secondPress_ = Qt::NoButton;
     mouseDownFlag_ = true;
     SetButtonState(StateAfter(Input::MousePressed));
 }
@@ -267,10 +269,11 @@ void ctlButton::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF position = event->position();
     const bool ofLeftButton = event->button() == Qt::LeftButton;
     const bool wasPressed = ofLeftButton && std::exchange(pressedByLeftButton_, false);
+    const bool endsDoubleClick = event->button() == std::exchange(secondPress_, Qt::NoButton);
     PointerReleased(position);
     const bool inside = IsPointInWindow(position.x(), position.y(), this);
     const bool clicked = wasPressed && rect().contains(position.toPoint());
-    if (clicked || (inside && IsOnIcon(position))) {
+    if (!endsDoubleClick && (clicked || (inside && IsOnIcon(position)))) {
         DoClick();
     }
 }

@@ -25,12 +25,14 @@ bool DateSegmentBox::TakeKey(const QString& character) {
 }
 
 void DateSegmentBox::PutPoint() {
-    insert(QStringLiteral("."));
+    if (Room() > 0) {
+        insert(QStringLiteral("."));
+    }
 }
 
 void DateSegmentBox::TypeDigit(const QString& digit) {
     setText(hasSelectedText() ? digit : text() + digit);
-    if (text().length() == maxLength()) {
+    if (text().length() == EntryLimit()) {
         Q_EMIT NextSegment();
     }
 }

@@ -105,6 +105,12 @@ void PictureButton::keyPressEvent(QKeyEvent* event) {
     QPushButton::keyPressEvent(event);
 }
 
+void PictureButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (picture_ != Picture::ArrowDown) {
+        QPushButton::mouseDoubleClickEvent(event);
+    }
+}
+
 void PictureButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QColor face = ToQColor(SystemColours::ButtonFace);

@@ -16,11 +16,14 @@ namespace controls {
 
 namespace {
 
-void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layout, const QColor& lettering) {
+void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layout, bool enabled) {
     const int onePixel = TwipsPerPixel();
     const int right = width - onePixel;
     const int bottom = DateLayout::BorderHeight - onePixel;
-    canvas.Line(0, 0, right, bottom, White, LineForm::FilledBox);
+    const Colour ground = enabled ? White : DisabledField;
+    const QColor lettering =
+        enabled ? ToQColor(Black) : ReadableOn(ToQColor(ground), ToQColor(SystemColours::GreyText));
+    canvas.Line(0, 0, right, bottom, ground, LineForm::FilledBox);
     canvas.Line(0, 0, right, bottom, Black, LineForm::Outline);
     canvas.SetFont(ControlFont());
     const QString slash = QStringLiteral("/");
@@ -138,11 +141,8 @@ void akDate::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(backColor_));
     PaintedCanvas canvas(&painter, width(), height());
-    const QColor lettering = enabled_ && isEnabled()
-                                 ? ToQColor(Black)
-                                 : ReadableOn(ToQColor(White), ToQColor(SystemColours::GreyText));
     DrawClosedControl(canvas, borderWidth_, order_.IsYearFirst() ? YearFirstLayout : YearLastLayout,
-                      lettering);
+                      enabled_ && isEnabled());
     if (droppedDown_) {
         DrawFrame(canvas, calendar_);
         DrawDays(canvas, calendar_);

@@ -80,7 +80,7 @@ void akDate::PlaceConstituents() {
     const DateLayout& layout = order_.IsYearFirst() ? YearFirstLayout : YearLastLayout;
     for (size_t place = 0; place < txtDate_.size(); ++place) {
         const DateLayout::Box& box = layout.boxes[place];
-        txtDate_[place]->setMaxLength(box.maximumLength);
+        txtDate_[place]->SetEntryLimit(box.maximumLength);
         Place(*txtDate_[place], box.left, DateLayout::BorderMargin, box.width, DateLayout::BoxHeight);
     }
     Place(*cmdOpen_, borderWidth_ - DateLayout::BorderMargin - DateLayout::OpenButtonSize,

@@ -10,13 +10,12 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <limits>
 
 namespace controls {
 
 namespace {
 
-/// Can still be read on white, and yet differs from black.
+/// Can still be read on a disabled field, and yet differs from black.
 constexpr Colour DisabledText = RGB(96, 96, 96);
 
 /// Between the edge and the text, so that the frame doesn't touch it.
@@ -26,7 +25,6 @@ constexpr QMargins BesideText(2, 0, 2, 0);
 
 InnerTextBox::InnerTextBox(QWidget* parent) : EntryBox(QString(), parent) {
     setObjectName(QStringLiteral("TextBox"));
-    setMaxLength(std::numeric_limits<int>::max());
     setTextMargins(BesideText);
     // What is behind the box needn't be painted with every key.
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -53,11 +51,24 @@ bool InnerTextBox::TakeKey(const QString& character) {
     }
     bool swallow = false;
     Q_EMIT KeyTyped(key, swallow);
-    return swallow || (key != BackspaceKey && IsBeyondLimit(character));
+    return swallow || (key != BackspaceKey && character.size() > Room());
 }
 
-bool InnerTextBox::IsBeyondLimit(const QString& character) const {
-    return typingLimit_ > 0 && text().size() - selectedText().size() + character.size() > typingLimit_;
+void InnerTextBox::inputMethodEvent(QInputMethodEvent* event) {
+    const QString composed = event->commitString();
+    if (composed.isEmpty()) {
+        EntryBox::inputMethodEvent(event);
+        return;
+    }
+    // What was shown until now goes, with what the composed text replaces; then that is typed.
+    QInputMethodEvent before;
+    before.setCommitString({}, event->replacementStart(), event->replacementLength());
+    EntryBox::inputMethodEvent(&before);
+    QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, composed);
+    keyPressEvent(&typed);
+    QInputMethodEvent after(event->preeditString(), event->attributes());
+    EntryBox::inputMethodEvent(&after);
+    event->accept();
 }
 
 void InnerTextBox::keyPressEvent(QKeyEvent* event) {
@@ -67,7 +78,7 @@ void InnerTextBox::keyPressEvent(QKeyEvent* event) {
 
 void InnerTextBox::paintEvent(QPaintEvent* event) {
     // Some styles leave corners of the ground open.
-    QPainter(this).fillRect(rect(), Qt::white);
+    QPainter(this).fillRect(rect(), palette().base());
     QLineEdit::paintEvent(event);
     QPainter painter(this);
     PaintedCanvas canvas(&painter, width(), height());

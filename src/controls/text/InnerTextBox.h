@@ -4,22 +4,17 @@
 
 namespace controls {
 
-/// The edit box inside a text box control: tells each typed character before it counts, keeps what is typed
-/// within a length, and draws a frame that shows the focus in every style. For a user who comes to it the
-/// caret stands at the start, as a long text is read from there.
+/// The edit box inside a text box control: tells each typed character before it counts, and draws a frame
+/// that shows the focus in every style. For a user who comes to it the caret stands at the start, as a long
+/// text is read from there.
 ///
-/// Only typing is told and limited. What is pasted, dropped or put together by an input method comes in at
-/// once, as a text set by program does.
+/// A character that a dead key or an input method has put together is a typed one too. What is pasted or
+/// dropped comes in at once and isn't told.
 class InnerTextBox : public EntryBox {
     Q_OBJECT
 
 public:
     explicit InnerTextBox(QWidget* parent);
-
-    /// The most characters that typing fills the box with; 0 or less is no limit. A selection doesn't count,
-    /// as the next character takes its place.
-    int TypingLimit() const { return typingLimit_; }
-    void SetTypingLimit(int characters) { typingLimit_ = characters; }
 
     /// Selects the whole text with the caret at its start.
     void SelectFromStart();
@@ -39,13 +34,9 @@ Q_SIGNALS:
 
 protected:
     void SelectOnEntering() override { SelectFromStart(); }
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    bool IsBeyondLimit(const QString& character) const;
-
-    int typingLimit_ = 0;
 };
 
 }  // namespace controls

@@ -84,11 +84,11 @@ void ctlTextBox::SetLocked(bool locked) {
 }
 
 qint32 ctlTextBox::MaxLength() const {
-    return box_->TypingLimit();
+    return box_->EntryLimit();
 }
 
 void ctlTextBox::SetMaxLength(qint32 length) {
-    box_->SetTypingLimit(length);
+    box_->SetEntryLimit(length);
 }
 
 QString ctlTextBox::Text() const {

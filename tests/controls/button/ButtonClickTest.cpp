@@ -1,5 +1,6 @@
 #include "button/ButtonForm.h"
 
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QTest>
 
@@ -9,7 +10,13 @@ namespace {
 
 using controls::ButtonStates;
 
-class ButtonClickTest : public ::testing::Test, protected ButtonForm {};
+class ButtonClickTest : public ::testing::Test, protected ButtonForm {
+protected:
+    QPoint Middle() const { return button.geometry().center(); }
+    void DoubleClick(Qt::MouseButton mouseButton) {
+        QTest::mouseDClick(window.windowHandle(), mouseButton, Qt::NoModifier, Middle());
+    }
+};
 
 TEST_F(ButtonClickTest, PressedAndReleasedInsideIsAClick) {
     mouse.MoveTo(button);
@@ -73,6 +80,27 @@ TEST_F(ButtonClickTest, AnotherButtonLetGoMeanwhileDoesNotEndThePress) {
     EXPECT_EQ(clicks, 0);
     mouse.Release(Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ButtonClickTest, ADoubleClickIsOneClick) {
+    mouse.MoveTo(button);
+    DoubleClick(Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(button.ButtonState(), ButtonStates::Hover);
+    mouse.Click(button);
+    EXPECT_EQ(clicks, 2) << "the next click counts again";
+}
+
+TEST_F(ButtonClickTest, TheSecondHalfOfADoubleClickThatBeganElsewhereIsNone) {
+    // As when the first half has closed the dialog over the button.
+    const QPointF middle = button.rect().center();
+    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        const bool isPress = type == QEvent::MouseButtonDblClick;
+        QMouseEvent half(type, middle, button.mapToGlobal(middle), Qt::LeftButton,
+                         isPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&button, &half);
+    }
+    EXPECT_EQ(clicks, 0);
 }
 
 TEST_F(ButtonClickTest, ADisabledButtonIsNotClicked) {
@@ -157,6 +185,17 @@ TEST_F(ButtonIconClickTest, AnyButtonLetGoOnTheIconIsAClick) {
     EXPECT_EQ(clicks, 2);
     PressAndRelease({40, 12}, Qt::RightButton);
     EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ButtonIconClickTest, ADoubleClickOnTheIconIsOneClickOfAnyButton) {
+    int expected = 0;
+    for (const Qt::MouseButton mouseButton : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        mouse.MoveTo(button);
+        DoubleClick(mouseButton);
+        EXPECT_EQ(clicks, ++expected) << mouseButton;
+    }
+    PressAndRelease({50, 12}, Qt::RightButton);
+    EXPECT_EQ(clicks, ++expected);
 }
 
 TEST_F(ButtonIconClickTest, TheEdgesOfTheIconCount) {

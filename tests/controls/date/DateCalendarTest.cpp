@@ -17,6 +17,23 @@ QString Title(DateForm& form) {
     return MonthTitle(form.date.ShownCalendar().shown);
 }
 
+TEST(DateCalendarTest, ADoubleClickOnTheOpenButtonIsOneClick) {
+    DateForm form;
+    const QPoint middle = form.date.mapTo(&form.window, form.Button("cmdOpen").geometry().center());
+    QTest::mouseDClick(form.window.windowHandle(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_TRUE(form.date.DroppedDown());
+    form.Click("cmdOpen");
+    EXPECT_FALSE(form.date.DroppedDown()) << "the next click counts again";
+}
+
+TEST(DateCalendarTest, EachPressOnAnArrowOfTheCalendarIsAStepAlsoAQuickOne) {
+    DateForm form;
+    form.date.DropDown();
+    const QPoint middle = form.date.mapTo(&form.window, form.Button("cmdRightMonth").geometry().center());
+    QTest::mouseDClick(form.window.windowHandle(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_EQ(MonthTitle(form.date.ShownCalendar().shown), u"May 2009"_s);
+}
+
 TEST(DateCalendarTest, TheOpenButtonOpensAndCloses) {
     DateForm form;
     form.Click("cmdOpen");

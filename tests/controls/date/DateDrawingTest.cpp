@@ -14,6 +14,7 @@ using namespace controls;
 
 const QColor black(0, 0, 0);
 const QColor white(255, 255, 255);
+const QColor disabledGround(232, 232, 232);
 const QColor yellow(255, 255, 0);
 
 QColor Band() {
@@ -297,7 +298,14 @@ TEST(DateDrawingTest, DisabledTextIsGreyAndReadable) {
     const QRect boxes(3, 3, 80, 13);
     EXPECT_EQ(look.Count(boxes, black), 0);
     EXPECT_GT(look.Count(boxes, [](const QColor& pixel) { return pixel.lightness() < 170; }), 20);
-    EXPECT_EQ(look.At(2, 2), white);
+    EXPECT_EQ(look.At(2, 2), disabledGround);
+    EXPECT_EQ(look.At(4, 4), disabledGround) << "within a box, too";
+}
+
+TEST(DateDrawingTest, ADisabledNoneIsGreyToo) {
+    DateForm form({.Enabled = false, .IncludeNone = true});
+    form.date.SetValue(QDate(1234, 1, 1));
+    EXPECT_EQ(Look(form.date).At(70, 4), disabledGround);
 }
 
 TEST(DateDrawingTest, OnADisabledFormAllOfItIsGrey) {
@@ -309,7 +317,9 @@ TEST(DateDrawingTest, OnADisabledFormAllOfItIsGrey) {
     form.window.setEnabled(false);
     EXPECT_TRUE(form.date.Enabled());
     EXPECT_EQ(dark(), 0);
+    EXPECT_EQ(Look(form.date).At(2, 2), disabledGround);
     form.window.setEnabled(true);
+    EXPECT_EQ(Look(form.date).At(2, 2), white);
     EXPECT_GT(dark(), 20);
 }
 

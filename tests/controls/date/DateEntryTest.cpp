@@ -72,13 +72,39 @@ TEST(DateEntryTest, ADigitIsAddedAtTheEndWhereverTheCaretStands) {
     EXPECT_EQ(form.Focus(), u"txtDate3"_s);
 }
 
-TEST(DateEntryTest, AFullBoxTakesNoMoreDigitsAndPassesTheFocusOn) {
+TEST(DateEntryTest, ADigitForAFullBoxIsAddedAllTheSameAndTheFocusStays) {
+    DateForm form;
+    form.date.SetValue({2009, 3, 28});
+    form.EnterBox(1);
+    form.Press(Qt::Key_End);
+    form.Type("0");
+    EXPECT_EQ(form.Texts(), u"280/03/2009"_s);
+    form.Type("9");
+    EXPECT_EQ(form.Texts(), u"2809/03/2009"_s);
+    EXPECT_EQ(form.Focus(), u"txtDate1"_s);
+    form.LeaveControl();
+    EXPECT_EQ(form.date.Value(), QDate(2009, 3, 31));
+}
+
+TEST(DateEntryTest, AYearOfFiveDigitsIsShownAndKeepsTheStoredYear) {
+    DateForm form;
+    form.EnterBox(3);
+    form.Press(Qt::Key_End);
+    form.Type("5");
+    EXPECT_EQ(form.Texts(), u"14/03/20095"_s);
+    EXPECT_EQ(form.Focus(), u"txtDate3"_s);
+    form.LeaveControl();
+    EXPECT_EQ(form.date.Value().year(), 2009);
+}
+
+TEST(DateEntryTest, AnOverfullBoxTakesNeitherAPointNorAPaste) {
     DateForm form;
     form.EnterBox(1);
     form.Press(Qt::Key_End);
-    form.Type("9");
-    EXPECT_EQ(form.Texts(), u"14/03/2009"_s);
-    EXPECT_EQ(form.Focus(), u"txtDate2"_s);
+    form.Type("7");
+    form.Press(Qt::Key_Backspace);
+    Paste(form, u"8"_s);
+    EXPECT_EQ(form.Box(1).text(), u"147"_s);
 }
 
 TEST(DateEntryTest, SlashBackslashAndMinusGoToTheNextBox) {
@@ -266,10 +292,39 @@ TEST(DateEntryTest, AClickThatBringsTheFocusLeavesTheTextSelected) {
     form.ClickPixel(middle.x(), middle.y());
     EXPECT_EQ(form.Focus(), u"txtDate1"_s);
     EXPECT_EQ(form.Box(1).selectedText(), u"14"_s);
-    // The next one puts the caret, as in any box.
-    form.ClickPixel(form.Box(1).geometry().right(), middle.y());
-    EXPECT_FALSE(form.Box(1).hasSelectedText());
-    EXPECT_EQ(form.Box(1).cursorPosition(), 2);
+}
+
+TEST(DateEntryTest, APressSelectsTheWholeBoxAlsoWhereTheUserIsAlready) {
+    DateForm form;
+    form.EnterBox(1);
+    form.Press(Qt::Key_End);
+    const QPoint right(form.Box(1).geometry().right(), form.Box(1).geometry().center().y());
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        form.Press(Qt::Key_End);
+        form.ClickPixel(right.x(), right.y(), button);
+        EXPECT_EQ(form.Box(1).selectedText(), u"14"_s) << button;
+    }
+    form.Type("09");
+    EXPECT_EQ(form.Texts(), u"09/03/2009"_s);
+}
+
+TEST(DateEntryTest, ADoubleClickSelectsTheWholeBoxToo) {
+    DateForm form;
+    form.EnterBox(1);
+    form.Type("2");
+    form.Press(Qt::Key_Backspace);
+    QTest::mouseDClick(&form.Box(1), Qt::LeftButton, Qt::NoModifier, QPoint(3, 5));
+    EXPECT_EQ(form.Box(1).selectedText(), u"2."_s);
+}
+
+TEST(DateEntryTest, ADragInABoxWithTheFocusKeepsTheWholeSelected) {
+    DateForm form;
+    form.EnterBox(3);
+    form.Press(Qt::Key_End);
+    QTest::mousePress(&form.Box(3), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QTest::mouseMove(&form.Box(3), QPoint(20, 5));
+    QTest::mouseRelease(&form.Box(3), Qt::LeftButton, Qt::NoModifier, QPoint(20, 5));
+    EXPECT_EQ(form.Box(3).selectedText(), u"2009"_s);
 }
 
 TEST(DateEntryTest, ADragAfterTheClickThatBringsTheFocusKeepsTheSelection) {

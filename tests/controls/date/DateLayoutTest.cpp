@@ -1,5 +1,6 @@
 #include "controls/akDate.h"
 #include "controls/base/Display.h"
+#include "controls/base/EntryBox.h"
 #include "date/DateForm.h"
 #include "support/OnScreen.h"
 #include "support/PrintQt.h"
@@ -19,7 +20,7 @@ void ExpectPlace(const QWidget& widget, int left, int top, int width, int height
 void ExpectBox(QLineEdit& box, const char16_t* name, int left, int width, int maximumLength) {
     EXPECT_EQ(box.objectName(), QString::fromUtf16(name));
     ExpectPlace(box, left, 30, width, 225);
-    EXPECT_EQ(box.maxLength(), maximumLength);
+    EXPECT_EQ(static_cast<EntryBox&>(box).EntryLimit(), maximumLength);
     EXPECT_FALSE(box.hasFrame());
 }
 

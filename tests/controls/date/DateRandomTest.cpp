@@ -135,7 +135,7 @@ private:
     }
 
     QString ClickBox(int place) {
-        // At its right end, where the caret goes behind the text.
+        // At its right end, where the caret of any other box would go behind the text.
         form_.ClickPixel(form_.Box(place).geometry().right(), 9);
         naive_.ClickBox(place);
         return u"click on box %1"_s.arg(place);

@@ -2,6 +2,8 @@
 
 #include "date/NaiveDays.h"
 
+#include <algorithm>
+
 namespace {
 
 const QStringList calendarButtons{QStringLiteral("cmdLeftMonth"), QStringLiteral("cmdRightMonth"),
@@ -42,17 +44,21 @@ int NaiveDate::PlaceOf(char role) const {
 }
 
 void NaiveDate::SetText(Box& box, const QString& text) {
-    box.text = text.left(box.room);
+    box.text = text;
     box.caret = static_cast<int>(box.text.length());
     box.from = box.to = 0;
 }
 
 void NaiveDate::Insert(Box& box, const QString& text) {
+    const auto rest = static_cast<int>(box.text.length()) - (box.to - box.from);
+    const QString piece = text.left(std::max(0, box.room - rest));
+    if (piece.isEmpty()) {
+        return;
+    }
     if (box.to > box.from) {
         box.text.remove(box.from, box.to - box.from);
         box.caret = box.from;
     }
-    const QString piece = text.left(box.room - box.text.length());
     box.text.insert(box.caret, piece);
     box.caret += static_cast<int>(piece.length());
     box.from = box.to = 0;
@@ -189,7 +195,8 @@ void NaiveDate::Key(const QString& name) {
             if (box.to == box.from && box.caret < box.text.length()) {
                 box.text.remove(box.caret, 1);
             } else {
-                Insert(box, QString());
+                box.text.remove(box.from, box.to - box.from);
+                box.caret = box.to > box.from ? box.from : box.caret;
             }
         } else {
             box.caret = name == QLatin1String("Home") ? 0 : static_cast<int>(box.text.length());
@@ -313,7 +320,9 @@ void NaiveDate::ClickBox(int place) {
         return;
     }
     if (!none_ && FocusedBox() == place) {
-        Key(QStringLiteral("End"));
+        Box& box = BoxAt(place);
+        box.from = 0;
+        box.to = box.caret = static_cast<int>(box.text.length());
         return;
     }
     if (focus_ != QLatin1String("txtNone")) {

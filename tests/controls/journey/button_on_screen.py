@@ -62,6 +62,15 @@ def press_and_drag_off(screen, form, leave):
     form.expect("first state 1")
 
 
+def a_double_click_is_one_click(screen, form):
+    form.move(FIRST)
+    form.expect("first state 1")
+    screen.double_click()
+    form.expect("first state 2", "first state 1", "first clicked", "first state 2", "first state 1")
+    form.move(GROUND)
+    form.expect("first state 0")
+
+
 def from_one_button_to_the_next(screen, form):
     form.move(FIRST)
     form.expect("first state 1")
@@ -131,6 +140,7 @@ def main():
         hovering(screen, form)
         dragging_off_and_back_is_a_click(screen, form)
         dragging_off_and_releasing_is_none(screen, form)
+        a_double_click_is_one_click(screen, form)
         from_one_button_to_the_next(screen, form)
         a_dialog_gets_the_mouse(screen, form)
         enter_presses_the_focused_button(screen, form)

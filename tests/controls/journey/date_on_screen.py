@@ -61,6 +61,21 @@ def digits_go_to_the_end_wherever_the_caret_stands(form):
     form.expect("start 1/09/2009", "start 16/09/2009", "focus start.txtDate2 [09]|")
 
 
+def a_click_into_the_box_with_the_focus_selects_it_again(form):
+    form.key("Left", "2", "8", "Left")
+    form.expect("focus start.txtDate1 [16]|", "start 2/09/2009", "start 28/09/2009", "focus start.txtDate2 [09]|",
+                "focus start.txtDate1 [28]|")
+    form.key("End")
+    form.click(start(FIRST))
+    form.key("0", "9", "Left", "End", "7", "1")
+    form.expect("start 0/09/2009", "start 09/09/2009", "focus start.txtDate2 [09]|", "focus start.txtDate1 [09]|")
+    # Without a selection a digit is added, and the box doesn't pass on what is too much for it.
+    form.expect("start 097/09/2009", "start 0971/09/2009")
+    form.click(start(FIRST))
+    form.key("1", "6")
+    form.expect("start 1/09/2009", "start 16/09/2009", "focus start.txtDate2 [09]|")
+
+
 def arrows_go_round_within_the_control(form):
     form.key("Right", "Right", "Right")
     form.expect("focus start.txtDate3 [2009]|", "focus start.txtDate1 [16]|", "focus start.txtDate2 [09]|")
@@ -267,6 +282,7 @@ if __name__ == "__main__":
     work(a_click_selects_the_whole_box,
          digits_fill_the_boxes_which_move_on_by_themselves,
          digits_go_to_the_end_wherever_the_caret_stands,
+         a_click_into_the_box_with_the_focus_selects_it_again,
          arrows_go_round_within_the_control,
          separators_go_to_the_next_box,
          other_keys_do_nothing,

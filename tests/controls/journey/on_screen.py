@@ -22,6 +22,9 @@ import time
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "..", "support"))
 import virtual_screen  # noqa: E402
 
+# Somewhat more than the toolkit takes for one.
+DOUBLE_CLICK_SECONDS = 0.5
+
 LONGEST_WAIT_SECONDS = virtual_screen.LONGEST_WAIT_SECONDS
 
 
@@ -120,6 +123,8 @@ class Screen:
         self._size = f"{width}x{height}"
         self._programs = []
         self._server = None
+        self._place = None
+        self._last_click = (None, 0.0)
         self._home = tempfile.TemporaryDirectory(prefix="on_screen")
 
     def __enter__(self):
@@ -159,9 +164,11 @@ class Screen:
     def move(self, window, x, y):
         """Moves the mouse to a device pixel of a window, which may lie outside of it."""
         self._xdotool("mousemove", "--window", window, x, y)
+        self._place = window, x, y
 
     def move_to_desktop(self, x, y):
         self._xdotool("mousemove", x, y)
+        self._place = None, x, y
 
     def press(self, button=1):
         self._xdotool("mousedown", button)
@@ -170,8 +177,12 @@ class Screen:
         self._xdotool("mouseup", button)
 
     def click(self, button=1):
-        """Presses and lets go of a button where the mouse is."""
+        """Presses and lets go of a button where the mouse is. However fast they come, two are no double click."""
+        place, moment = self._last_click
+        if place == (self._place, button) and button <= 3:
+            time.sleep(max(0, moment + DOUBLE_CLICK_SECONDS - time.monotonic()))
         self._xdotool("click", button)
+        self._last_click = (self._place, button), time.monotonic()
 
     def double_click(self):
         self._xdotool("click", "--repeat", 2, "--delay", 10, 1)

@@ -137,8 +137,10 @@ void NaiveTextBox::SelectAll() {
 }
 
 void NaiveTextBox::Paste(const QString& pasted) {
-    if (!locked) {
-        Insert(pasted);
+    const int others = static_cast<int>(text.size()) - (To() - From());
+    const QString fitting = maxLength > 0 ? pasted.left(std::max(0, maxLength - others)) : pasted;
+    if (!locked && !fitting.isEmpty()) {
+        Insert(fitting);
         React();
     }
 }

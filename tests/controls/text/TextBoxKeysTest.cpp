@@ -2,10 +2,9 @@
 #include "support/PrintQt.h"
 #include "text/TextBoxOnScreen.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMenu>
+#include <QInputMethodEvent>
 #include <QTest>
 
 namespace {
@@ -28,8 +27,44 @@ TEST_F(TextBoxKeysTest, AnApostropheThatIsPastedOrSetStays) {
     EXPECT_EQ(Text(), u"O'Brien!"_s);
     TheControl().SetText(u"D'Arcy"_s);
     EXPECT_EQ(Text(), u"D'Arcy"_s);
-    Compose(u"'s"_s);
-    EXPECT_TRUE(Text().contains(u"'s"_s));
+}
+
+TEST_F(TextBoxKeysTest, AnApostropheThatIsComposedIsTyped) {
+    Enter({.Text = u""_s});
+    Compose(u"'"_s);
+    Compose(u"é's"_s);
+    EXPECT_EQ(Text(), u"és"_s);
+}
+
+TEST_F(TextBoxKeysTest, AComposedCharacterThatIsSwallowedLeavesTheSelection) {
+    Enter({.MaxLength = 4, .Text = u"Anna"_s});
+    Compose(u"'"_s);
+    EXPECT_EQ(Text(), u"Anna"_s);
+    EXPECT_EQ(TheBox().selectedText(), u"Anna"_s);
+    Compose(u"É"_s);
+    EXPECT_EQ(Text(), u"É"_s);
+}
+
+TEST_F(TextBoxKeysTest, WhatIsComposedOutOfWhatIsShownIsTypedInItsPlace) {
+    Enter({.MaxLength = 3, .Text = u"ab"_s});
+    PlaceCaret(1);
+    QInputMethodEvent shown(u"hang"_s, {});
+    QCoreApplication::sendEvent(&TheBox(), &shown);
+    EXPECT_EQ(Text(), u"ab"_s);
+    QInputMethodEvent both(u"next"_s, {});
+    both.setCommitString(u"x'yz"_s);
+    QCoreApplication::sendEvent(&TheBox(), &both);
+    EXPECT_EQ(Text(), u"axb"_s);
+    QInputMethodEvent replacing;
+    replacing.setCommitString(u"éé"_s, -1, 1);
+    QCoreApplication::sendEvent(&TheBox(), &replacing);
+    EXPECT_EQ(Text(), u"aéb"_s);
+}
+
+TEST_F(TextBoxKeysTest, WhatIsComposedInANumericBoxIsFilteredLikeKeys) {
+    Enter({.Text = u""_s, .IsNumeric = true, .DecimalPlaces = 2});
+    Compose(u"1é2.'3.4"_s);
+    EXPECT_EQ(Text(), u"12.34"_s);
 }
 
 TEST_F(TextBoxKeysTest, CharactersBeyondTheFirstPlaneAreTypedWhole) {
@@ -203,12 +238,7 @@ TEST_F(TextBoxKeysTest, WhatWasTypedCanBeUndoneWhereNothingWasPutRight) {
 TEST_F(TextBoxKeysTest, TheMenuOfTheEditBoxPastes) {
     Enter({.Text = u""_s, .IsNumeric = true, .DecimalPlaces = 2});
     QGuiApplication::clipboard()->setText(u"3.999 dollars"_s);
-    const std::unique_ptr<QMenu> menu(TheBox().createStandardContextMenu());
-    for (QAction* action : menu->actions()) {
-        if (action->text().contains(u"Paste"_s)) {
-            action->trigger();
-        }
-    }
+    PasteByMenu();
     EXPECT_EQ(Text(), u"3.99"_s);
 }
 
@@ -236,19 +266,83 @@ TEST_F(TextBoxKeysTest, ALengthIsCountedInUnitsOfText) {
     EXPECT_EQ(Text(), u"ab"_s) << "half of it would fit";
 }
 
-TEST_F(TextBoxKeysTest, TheLengthHoldsForTypingOnly) {
+TEST_F(TextBoxKeysTest, TheLengthHoldsForWhatTheUserEntersByAnyRoad) {
+    Enter({.MaxLength = 5, .Text = u""_s});
+    Type(u"123"_s);
+    for (int times = 0; times < 4; ++times) {
+        Compose(u"é"_s);
+    }
+    EXPECT_EQ(Text(), u"123éé"_s);
+    TheControl().SetText(u"12"_s);
+    PlaceCaret(1);
+    Paste(u"abcdef"_s);
+    EXPECT_EQ(Text(), u"1abc2"_s);
+    TheControl().SetText(u"12"_s);
+    Drop(u"abcdef"_s);
+    EXPECT_EQ(Text(), u"12abc"_s);
+    TheControl().SetText(u""_s);
+    QGuiApplication::clipboard()->setText(u"abcdef"_s);
+    PasteByMenu();
+    EXPECT_EQ(Text(), u"abcde"_s);
+    TheBox().setSelection(0, 2);
+    Paste(u"123"_s);
+    EXPECT_EQ(Text(), u"12cde"_s) << "what is selected makes room";
+}
+
+TEST_F(TextBoxKeysTest, ABoxThatIsFullAlreadyTakesNothingAndLosesNothing) {
     Enter({.MaxLength = 4, .Text = u"longer than four"_s});
-    EXPECT_EQ(Text(), u"longer than four"_s);
-    Press(Qt::Key_End);
+    EXPECT_EQ(Text(), u"longer than four"_s) << "text set by program isn't limited";
+    TheBox().setSelection(0, 6);
     Type(u"x"_s);
+    Compose(u"é"_s);
+    Paste(u"pasted"_s);
     EXPECT_EQ(Text(), u"longer than four"_s);
-    TheBox().selectAll();
-    Paste(u"pasted text"_s);
-    EXPECT_EQ(Text(), u"pasted text"_s);
-    Compose(u" and composed"_s);
-    EXPECT_EQ(Text(), u"pasted text and composed"_s);
+    EXPECT_EQ(TheBox().selectedText(), u"longer"_s);
+    Drop(u"dropped"_s);
+    EXPECT_EQ(Text(), u"longer than four"_s);
     TheControl().SetText(QString(40000, u'x'));
     EXPECT_EQ(Text().size(), 40000);
+}
+
+TEST_F(TextBoxKeysTest, WhatIsPastedIsNotCutWithinACharacter) {
+    Enter({.MaxLength = 3, .Text = u""_s});
+    Paste(u"ab🏠"_s);
+    EXPECT_EQ(Text(), u"ab"_s);
+}
+
+TEST_F(TextBoxKeysTest, APastedTextEndsAtItsFirstLineBreak) {
+    for (const QString& lineBreak : {u"\n"_s, u"\r\n"_s, u"\r"_s, u"\u2028"_s, u"\u2029"_s, u"\v"_s}) {
+        Enter({.Text = u""_s});
+        Paste(u"Ada Finch"_s + lineBreak);
+        EXPECT_EQ(Text(), u"Ada Finch"_s);
+        Drop(u"!"_s + lineBreak + u"and the next line"_s);
+        EXPECT_EQ(Text(), u"Ada Finch!"_s);
+        TheBox().selectAll();
+        Paste(lineBreak + u"second"_s);
+        EXPECT_EQ(Text(), u"Ada Finch!"_s) << "an empty line is nothing to paste";
+    }
+}
+
+TEST_F(TextBoxKeysTest, TabsInAPastedTextBecomeBlanks) {
+    Enter({.Text = u""_s});
+    Paste(u"Ada\tFinch"_s);
+    Drop(u"\tJr."_s);
+    EXPECT_EQ(Text(), u"Ada Finch Jr."_s);
+}
+
+TEST_F(TextBoxKeysTest, APasteThatWasCutCanBeUndone) {
+    Enter({.MaxLength = 5, .Text = u"Anna"_s});
+    Paste(u"Bernadette\n"_s);
+    EXPECT_EQ(Text(), u"Berna"_s);
+    TheBox().undo();
+    EXPECT_EQ(Text(), u"Anna"_s);
+}
+
+TEST_F(TextBoxKeysTest, ADropThatDoesNotFitWholeIsACopyAndNoMove) {
+    Enter({.MaxLength = 5, .Text = u""_s});
+    EXPECT_EQ(Drop(u"abc"_s, Qt::MoveAction), Qt::MoveAction);
+    EXPECT_EQ(Drop(u"defg"_s, Qt::MoveAction), Qt::CopyAction);
+    EXPECT_EQ(Text(), u"abcde"_s);
 }
 
 TEST_F(TextBoxKeysTest, NoLengthIsNoLimit) {

@@ -107,10 +107,24 @@ TEST_F(TextBoxLooksTest, TheGroundIsWhiteAndTheTextBlackOnADarkDesktop) {
     EXPECT_EQ(PixelAt(TheControl(), 100, 10), QColor(Qt::white));
     EXPECT_LT(Ink().lightness(), 40);
     TheControl().SetEnabled(false);
-    EXPECT_EQ(PixelAt(TheControl(), 100, 10), QColor(Qt::white));
+    EXPECT_EQ(PixelAt(TheControl(), 100, 10), QColor(232, 232, 232));
     EXPECT_LT(Ink().lightness(), 130);
     EXPECT_GT(Ink().lightness(), 60) << "to be told from text that can be changed";
     QApplication::setPalette(before);
+}
+
+TEST_F(TextBoxLooksTest, ADisabledBoxIsGreyAndALockedOneIsNot) {
+    const QColor grey(232, 232, 232);
+    Load({.Text = u"text"_s});
+    TheControl().SetEnabled(false);
+    EXPECT_EQ(PixelAt(TheControl(), 100, 10), grey);
+    TheControl().SetEnabled(true);
+    EXPECT_EQ(PixelAt(TheControl(), 100, 10), QColor(Qt::white));
+    window.setEnabled(false);
+    EXPECT_EQ(PixelAt(TheControl(), 100, 10), grey) << "on a disabled form, too";
+    window.setEnabled(true);
+    TheControl().SetLocked(true);
+    EXPECT_EQ(PixelAt(TheControl(), 100, 10), QColor(Qt::white));
 }
 
 TEST_F(TextBoxLooksTest, AFrameShowsTheFocusInEveryStyle) {

@@ -2,11 +2,13 @@
 
 #include "support/OnScreen.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
 
@@ -69,12 +71,23 @@ void TextBoxTest::Compose(const QString& text) {
     QCoreApplication::sendEvent(&TheBox(), &event);
 }
 
-void TextBoxTest::Drop(const QString& text) {
+void TextBoxTest::PasteByMenu() {
+    const std::unique_ptr<QMenu> menu(TheBox().createStandardContextMenu());
+    for (QAction* action : menu->actions()) {
+        if (action->text().contains(QStringLiteral("Paste"))) {
+            action->trigger();
+        }
+    }
+}
+
+Qt::DropAction TextBoxTest::Drop(const QString& text, Qt::DropAction action) {
     QMimeData data;
     data.setText(text);
     const QPoint place(TheBox().width() - 3, TheBox().height() / 2);
-    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(place, action, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&TheBox(), &enter);
-    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(place, action | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(action);
     QCoreApplication::sendEvent(&TheBox(), &drop);
+    return drop.dropAction();
 }

@@ -33,7 +33,9 @@ protected:
     void Paste(const QString& text);
     /// Comes in as what an input method has put together.
     void Compose(const QString& text);
-    void Drop(const QString& text);
+    /// Gives what becomes of the text where it comes from.
+    Qt::DropAction Drop(const QString& text, Qt::DropAction action = Qt::CopyAction);
+    void PasteByMenu();
 
     QString Text() { return control_->Text(); }
     int Caret() { return TheBox().cursorPosition(); }

@@ -101,13 +101,17 @@ protected:
         // An empty clipboard is another program's doing and not the control's.
         const QString text = AnyText() + u"7"_s;
         note = u"paste "_s + text;
-        // The system's input methods know that a locked box is none of their business.
-        if (naive.locked || Chance(50)) {
-            Paste(text);
-        } else {
-            Compose(text);
-        }
+        Paste(text);
         naive.Paste(text);
+    }
+
+    void ComposeSomething() {
+        const QString text = AnyText();
+        note = u"compose "_s + text;
+        Compose(text);
+        for (const QChar key : text) {
+            naive.Type(key);
+        }
     }
 
     void SetSomething() {
@@ -177,7 +181,12 @@ protected:
         } else if (kind < 70 && naive.hasFocus) {
             PressKey();
         } else if (kind < 76 && naive.hasFocus) {
-            PasteSomething();
+            // The system's input methods know that a locked box is none of their business.
+            if (naive.locked || Chance(50)) {
+                PasteSomething();
+            } else {
+                ComposeSomething();
+            }
         } else if (kind < 80) {
             SetSomething();
         } else if (kind < 86) {
