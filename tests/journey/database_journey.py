@@ -147,23 +147,6 @@ class Database(Journey):
 
     # At Finish.
 
-    def test_deleted_before_finish(self):
-        # The wizard goes on with the file that it has open, which takes nothing any more: each row is told.
-        wizard = self.start()
-        wizard.fill_in_landlord()
-        os.remove(wizard.database)
-        wizard.click("push button", "Finish")
-        self.answer_error(wizard, f"3024 - Could not find file '{wizard.database}'.")
-        wizard.answer(f"No networking enabled, using {wizard.database}", "OK")
-        boxes = wizard.answer_all_until(FINISHED)
-        self.assertEqual(wizard.wait_for_end(), 0)
-        self.assertEqual({title for title, _ in boxes}, {"Update Record", "Execute SQL"})
-        for _, text in boxes:
-            self.assertEqual(text, Beginning("General Errors...\n\n3027 - "))
-        # An account, the owner, the property, the tenancy, and what hangs on them.
-        self.assertGreaterEqual(len(boxes), 4)
-        self.assertFalse(os.path.exists(wizard.database))
-
     def test_replaced_while_the_wizard_is_open(self):
         # The one that lies there at Finish is the one that is filled.
         wizard = self.start()

@@ -201,8 +201,9 @@ class Wizard:
         front = self.front()
         return front.name == title and "ACTIVE" in front.states()
 
-    def fill_in_landlord(self):
-        """The shortest way from the first page to the last: one owner, one property, one tenant."""
+    def fill_in_landlord(self, balance=None):
+        """The shortest way from the first page to the last: one owner, one property, one tenant, whose balance isn't
+        set unless one is given."""
         self.wait_for_tab("Introduction")
         self.next("Bank Accounts")
         self.next("User Type")
@@ -212,15 +213,19 @@ class Wizard:
         self.next("Properties")
         self.add("Property", lambda: self.enter("Address 1", "1 Short Street"))
         self.next("Tenants")
-        self.add("Tenant", self.enter_short_tenant)
+        self.add("Tenant", lambda: self.enter_short_tenant(balance))
         self.next("Finished")
 
-    def enter_short_tenant(self):
+    def enter_short_tenant(self, balance=None):
         self.enter("Tenants Name", "T. Enant")
         self.enter_date("Tenancy Start Date", "2024-03-01")
         self.choose("Property", "1 Short Street")
         self.enter("Current Rent", "100")
-        self.click("radio button", self.DONT_SET_BALANCE)
+        if balance is None:
+            self.click("radio button", self.DONT_SET_BALANCE)
+        else:
+            self.click("radio button", self.SET_BALANCE)
+            self.enter("Rent Balance", balance)
 
     def enter(self, label, text):
         """Clicks into a text box and types over what is in it."""
