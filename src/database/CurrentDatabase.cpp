@@ -61,6 +61,17 @@ QString FindDatabase() {
     return networkable == 0 ? PathOnThisComputer() : PathInNetwork();
 }
 
+// The database object of the earlier call is on the same file. What it takes would be mixed with the old
+// rows.
+void RequireWritable(engine::Database& opened, const QStringList& tables) {
+    try {
+        opened.RequireWritable(tables);
+    } catch (const engine::Error& failure) {
+        opened.RefuseWrites(failure);
+        throw;
+    }
+}
+
 }  // namespace
 
 bool StartDatabase(Opening opening, const QStringList& tables) {
@@ -71,7 +82,7 @@ bool StartDatabase(Opening opening, const QStringList& tables) {
         std::unique_ptr<engine::Database> opened = dbEngine.OpenDatabase(path, false, false);
         if (opening == Opening::ForImport) {
             opened->LockForImport();
-            opened->RequireWritable(tables);
+            RequireWritable(*opened, tables);
         }
         SetCurrentDatabase(std::move(opened));
         openedFile = path;

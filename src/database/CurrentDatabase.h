@@ -20,7 +20,8 @@ enum class Opening {
 /// place of the one before. On failure the user has been told, and the answer is false with the database
 /// object of the earlier call still in place; without an earlier one the process ends with status 1. Where
 /// it's opened for an import, that includes an import that another process has under way in the file (3260),
-/// and whatever keeps any of the tables from being written (3219).
+/// and whatever keeps any of the tables from being written (3219); nothing can be written to the file then,
+/// by the database object of the earlier call either.
 bool StartDatabase(Opening opening = Opening::Shared, const QStringList& tables = {});
 
 /// From here on StartDatabase opens this file and doesn't ask the settings (the road of the batch tool's

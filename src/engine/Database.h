@@ -48,6 +48,10 @@ public:
     /// Tables that aren't there are passed over.
     virtual void RequireWritable(const QStringList& /*tables*/) {}
 
+    /// Lets all writes of this process into the file fail for this reason until LockForImport succeeds: an
+    /// import that may not begin must not go on halfway either.
+    virtual void RefuseWrites(const Error& /*why*/) {}
+
     /// Brings all that was written to the disk and looks whether the file is still the one that was opened,
     /// and whether each table holds at least the rows that this database has added to it. One failure for
     /// each difference; none if nothing was added. What is read afterwards comes from the file itself.

@@ -1,7 +1,5 @@
 #include "engine/ImportLock.h"
 
-#include "engine/Error.h"
-
 #include <map>
 
 namespace engine {
@@ -21,11 +19,11 @@ std::shared_ptr<ImportLock> Find(const platform::FileIdentity& file) {
     return known == Known().end() ? nullptr : known->second.lock();
 }
 
-[[noreturn]] void RaiseHeld(const std::optional<platform::LockHolder>& holder) {
+Error HeldBy(const std::optional<platform::LockHolder>& holder) {
     const QString who =
         holder ? QStringLiteral(": %1, process %2").arg(holder->program).arg(holder->process) : QString();
-    throw Error(ErrorNumber::Locked,
-                QStringLiteral("Couldn't write; another import is filling the database%1.").arg(who));
+    return {ErrorNumber::Locked,
+            QStringLiteral("Couldn't write; another import is filling the database%1.").arg(who)};
 }
 
 }  // namespace
@@ -47,28 +45,24 @@ std::shared_ptr<ImportLock> ImportLock::Of(const QString& path) {
 }
 
 void ImportLock::Take() {
-    if (state_ == State::Taken) {
-        return;
+    if (!isTaken_ && !lock_.TryTake()) {
+        refusal_ = HeldBy(lock_.Holder());
+        throw Error(*refusal_);
     }
-    if (lock_.TryTake()) {
-        state_ = State::Taken;
-        return;
-    }
-    state_ = State::Refused;
-    refusedBy_ = lock_.Holder();
-    RaiseHeld(refusedBy_);
+    isTaken_ = true;
+    refusal_.reset();
 }
 
 void ImportLock::Require() {
-    if (state_ == State::Refused) {
-        RaiseHeld(refusedBy_);
+    if (refusal_) {
+        throw Error(*refusal_);
     }
     Take();
 }
 
 void ImportLock::RequireNoOther(const QString& path) {
     if (const auto holder = platform::FileLock(path).Holder()) {
-        RaiseHeld(holder);
+        throw HeldBy(holder);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/Error.h"
 #include "platform/FileLock.h"
 
 #include <memory>
@@ -27,6 +28,9 @@ public:
     /// when it is done must not be mixed with the rest of this one.
     void Require();
 
+    /// Refuses each write for a reason of the caller's, likewise.
+    void Refuse(const Error& why) { refusal_ = why; }
+
     /// For whoever was kept out of a file and wants to say why: fails with 3260, naming who has its lock, if
     /// another process has it and the system tells. Takes nothing itself.
     static void RequireNoOther(const QString& path);
@@ -34,11 +38,9 @@ public:
     const platform::FileIdentity& File() const { return lock_.File(); }
 
 private:
-    enum class State { NotAsked, Taken, Refused };
-
     platform::FileLock lock_;
-    State state_ = State::NotAsked;
-    std::optional<platform::LockHolder> refusedBy_;
+    bool isTaken_ = false;
+    std::optional<Error> refusal_;
 };
 
 }  // namespace engine

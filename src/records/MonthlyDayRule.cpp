@@ -3,21 +3,23 @@
 #include "platform/Failure.h"
 #include "records/RentPeriods.h"
 
+#include <algorithm>
+
 namespace records {
 
-MonthlyPeriod MonthlyPeriodFrom(QDate dStartDate, qint16 MonthDay, engine::Currency nCurrentRent) {
+QDate NextDueDay(QDate dStartDate, qint16 MonthDay) {
     const int Day = dStartDate.day();
-    if (Day == MonthDay) {
-        return {dStartDate.addMonths(1), nCurrentRent};
-    }
-
-    QDate NextStart =
+    const QDate NextStart =
         Day < MonthDay ? dStartDate.addDays(MonthDay - Day) : dStartDate.addMonths(1).addDays(MonthDay - Day);
     // A month that is too short can bring the next start back to this one, or before it.
-    if (NextStart <= dStartDate) {
-        NextStart = dStartDate.addDays(1);
-    }
+    return std::max(NextStart, dStartDate.addDays(1));
+}
 
+MonthlyPeriod MonthlyPeriodFrom(QDate dStartDate, qint16 MonthDay, engine::Currency nCurrentRent) {
+    const QDate NextStart = NextDueDay(dStartDate, MonthDay);
+    if (dStartDate.day() == MonthDay) {
+        return {NextStart, nCurrentRent};
+    }
     try {
         engine::Currency Split1;
         engine::Currency Split2;

@@ -20,4 +20,7 @@ struct MonthlyPeriod {
 /// can't be divided, it is charged in full.
 MonthlyPeriod MonthlyPeriodFrom(QDate dStartDate, qint16 MonthDay, engine::Currency nCurrentRent);
 
+/// The NextStart of that period.
+QDate NextDueDay(QDate dStartDate, qint16 MonthDay);
+
 }  // namespace records

@@ -88,7 +88,7 @@ void GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency
                 platform::ShowMessageBox(QStringLiteral("Invalid rent frequency of ") + every_freq);
                 return;
             default:
-                if (frequency == Frequency::Month && every_amt == 1) {
+                if (FollowsMonthDay(frequency, every_amt)) {
                     const MonthlyPeriod period = MonthlyPeriodFrom(dStartDate, MonthDay, nCurrentRent);
                     NextStart = period.NextStart;
                     PeriodRent = period.PeriodRent;
@@ -106,6 +106,23 @@ void GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency
         // Between two rows is a safe place to end, and with an every_amt of 0 the only one there will be.
         platform::EndIfRequested();
     }
+}
+
+bool FollowsMonthDay(Frequency frequency, qint16 every_amt) {
+    return frequency == Frequency::Month && every_amt == 1;
+}
+
+QDate NextPeriodStart(QDate start, Frequency frequency, qint16 every_amt, qint16 MonthDay) {
+    return FollowsMonthDay(frequency, every_amt) ? NextDueDay(start, MonthDay)
+                                                 : StepFrom(start, frequency, every_amt);
+}
+
+QDate DayAfterPeriods(QDate start, QDate end, Frequency frequency, qint16 every_amt, qint16 MonthDay) {
+    QDate next = NextPeriodStart(start, frequency, every_amt, MonthDay);
+    while (next <= end) {
+        next = NextPeriodStart(next, frequency, every_amt, MonthDay);
+    }
+    return next;
 }
 
 void RentSplit(QDate PeriodFrom, QDate PeriodTo, QDate EndDate, engine::Currency RentAmount,

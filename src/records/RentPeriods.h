@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Currency.h"
+#include "records/RentFrequency.h"
 
 #include <QDate>
 #include <QString>
@@ -19,6 +20,14 @@ namespace records {
 void GeneratePeriods(QDate& dStartDate, const QString& sTenant, engine::Currency nCurrentRent,
                      bool& bForceAtLeastOne, qint16 MonthDay, QDate EndDate, qint16 every_amt,
                      const QString& every_freq);
+
+/// The first day after the rent period that begins on a day, and after the last one of a tenancy with an end:
+/// what GeneratePeriods reckons with. For the offered frequencies and an every_amt from 1 on.
+QDate NextPeriodStart(QDate start, Frequency frequency, qint16 every_amt, qint16 MonthDay);
+QDate DayAfterPeriods(QDate start, QDate end, Frequency frequency, qint16 every_amt, qint16 MonthDay);
+
+/// Whether the day of the month plays a part in these periods.
+bool FollowsMonthDay(Frequency frequency, qint16 every_amt);
 
 /// Divides the rent of the whole period PeriodFrom to PeriodTo at a day: Split1 is the rent of the days
 /// up to and with EndDate, Split2 the rest, both in whole cents. Days are counted in 16 bits (platform

@@ -53,7 +53,7 @@ public:
     /// Shows the collection as it is now, in its own order.
     void Initialise() {
         akGrid1_->SetRows(0);
-        for (const auto& record : Own::Collection(all_)) {
+        for (const auto& record : Own::Collection(all_).Walk()) {
             akGrid1_->AddItem(Own::RowOf(*record));
         }
     }
@@ -111,7 +111,7 @@ private:
     /// The place of the first record of this name, 0 if there is none.
     int PlaceOf(const QString& name) const {
         int place = 0;
-        for (const auto& record : Own::Collection(all_)) {
+        for (const auto& record : Own::Collection(all_).Walk()) {
             ++place;
             if (Own::Collection(all_).NameOf(*record) == name) {
                 return place;

@@ -17,7 +17,7 @@ constexpr int WidthOfAddress = 3600;
 /// A single entry needs no choosing.
 template <typename Collection>
 void FillWithNames(QComboBox& list, const Collection& collection) {
-    for (const auto& record : collection) {
+    for (const auto& record : collection.Walk()) {
         list.addItem(collection.NameOf(*record));
     }
     list.setCurrentIndex(list.count() == 1 ? 0 : -1);

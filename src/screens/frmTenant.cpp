@@ -97,7 +97,7 @@ void frmTenant::Load() {
     cboFrequency_->addItems(records::OfferedFrequencies());
     cboFrequency_->setCurrentText(records::DefaultFrequency());
     ShowMonthDay();
-    for (const auto& property : All().Properties) {
+    for (const auto& property : All().Properties.Walk()) {
         if (records::CanBeLet(*property)) {
             cboProperty_->addItem(property->Address1);
         }

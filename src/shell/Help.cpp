@@ -11,6 +11,13 @@ namespace shell {
 
 namespace {
 
+const QLatin1String HelpFileName("WrenfieldHelp.chm");
+
+HelpSetting& Setting() {
+    static HelpSetting setting;
+    return setting;
+}
+
 void CallHelpContents() {
     platform::OpenHelp(HelpFilePath(), std::nullopt);
 }
@@ -29,9 +36,22 @@ void TellPendingFailure() {
 
 }  // namespace
 
+void InitialiseHelp(quint32 windowHandle) {
+    Setting().WindowHandle = windowHandle;
+    QString file = platform::WithPlatformSeparators(platform::ProgramDirectory().trimmed());
+    const QString separator = platform::WithPlatformSeparators(QStringLiteral("\\"));
+    if (!file.endsWith(separator)) {
+        file += separator;
+    }
+    Setting().HelpFile = file + HelpFileName;
+}
+
+const HelpSetting& CurrentHelpSetting() {
+    return Setting();
+}
+
 QString HelpFilePath() {
-    return platform::WithPlatformSeparators(platform::ProgramDirectory() +
-                                            QStringLiteral("\\WrenfieldHelp.chm"));
+    return platform::WithPlatformSeparators(platform::ProgramDirectory() + QLatin1Char('\\') + HelpFileName);
 }
 
 void ShowHelpContents() {

@@ -6,6 +6,8 @@
 #include <QGridLayout>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace shell {
 
 using platform::Answer;
@@ -21,10 +23,25 @@ void MakeRoomForTitle(QMessageBox& box) {
     }
 }
 
+/// The window that a box belongs in front of, also while it isn't active yet or another program is.
+QWidget* WindowBehind() {
+    if (QWidget* window = QApplication::activeWindow()) {
+        return window;
+    }
+    if (QWidget* dialog = QApplication::activeModalWidget()) {
+        return dialog;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->windowType() == Qt::Window;
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
 }  // namespace
 
 Answer ScreenMessageBoxes::Show(const platform::MessageBoxRequest& request) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(WindowBehind());
     box.setWindowTitle(request.title);
     // What the user has typed is shown as it stands, also where it looks like markup.
     box.setTextFormat(Qt::PlainText);

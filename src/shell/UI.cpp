@@ -5,11 +5,14 @@
 #include "database/CurrentDatabase.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"
+#include "platform/Utf8.h"
 #include "shell/ScreenMessageBoxes.h"
 #include "shell/frmMain.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+
+#include <utility>
 
 namespace shell {
 
@@ -29,9 +32,20 @@ public:
     }
 };
 
+/// What follows the program's name. The toolkit takes options of its own out of what it is given, together
+/// with what stands behind them.
+QString CommandLine(int argc, char** argv) {
+    QStringList arguments;
+    for (int place = 1; place < argc; ++place) {
+        arguments += platform::TextFromUtf8(argv[place]);
+    }
+    return arguments.join(QLatin1Char(' '));
+}
+
 }  // namespace
 
-int Main(int argc, char** argv) {
+int Main(int argc, char** argv, std::vector<PageKind> kinds) {
+    const QString commandLine = CommandLine(argc, argv);
     WizardApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("wrenfield-wizard"));
     QApplication::setDesktopFileName(QStringLiteral("wrenfield-wizard"));
@@ -41,10 +55,15 @@ int Main(int argc, char** argv) {
     // What was written reaches the disk before the wizard waits for the user.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                      &application, [] { database::FlushWrites(); });
-    controls::InitialiseColours();
-    frmMain form(QApplication::arguments().sliced(1).join(QLatin1Char(' ')));
-    form.show();
-    return QApplication::exec();
+    try {
+        controls::InitialiseColours();
+        frmMain form(commandLine, std::move(kinds));
+        form.show();
+        return QApplication::exec();
+    } catch (...) {
+        // Further up there are no boxes any more, and no toolkit to show them.
+        platform::EndByFailure();
+    }
 }
 
 void PaintMainForm(controls::Canvas& form) {

@@ -52,6 +52,7 @@ frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     setWindowTitle(QStringLiteral("Wrenfield Wizard"));
     setWindowIcon(WizardIcon());
     setPalette(screens::PaperPalette());
+    InitialiseHelp(static_cast<quint32>(winId()));
     controls::InitialiseColours();
     records::InitialiseData(records::TheCollections());
     RestartRequested_ = commandLine.contains(QLatin1String("/restart"));
@@ -125,11 +126,6 @@ void frmMain::AddTutorialLink() {
     screens::PutAt(*link, {Margin, 7815, 4350, 330});
 }
 
-void frmMain::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    ActivateOnce();
-}
-
 void frmMain::ActivateOnce() {
     if (ActivatedOnce_) {
         return;
@@ -160,6 +156,10 @@ void frmMain::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     controls::PaintedCanvas canvas(&painter, width(), height());
     PaintMainForm(canvas);
+    if (!ActivatedOnce_) {
+        // Behind this event: what is painted in it is on the screen then, behind all boxes.
+        QMetaObject::invokeMethod(this, &frmMain::ActivateOnce, Qt::QueuedConnection);
+    }
 }
 
 void frmMain::closeEvent(QCloseEvent* /*event*/) {

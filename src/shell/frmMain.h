@@ -34,7 +34,6 @@ public:
     void RestartApplication() const;
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -53,7 +52,7 @@ private:
     controls::ctlButton* AddButton(const QString& name, const QString& caption, const screens::Place& place,
                                    void (frmMain::*action)());
 
-    /// What has to be done once, when the form first shows.
+    /// What has to be done once, when the form is first on the screen.
     void ActivateOnce();
 
     const FormPage& CurrentPage() const;

@@ -83,6 +83,17 @@ TEST_F(ImportLockTest, AnotherDatabaseOfTheProcessIsRefusedWithTheFirst) {
     EXPECT_EQ(ExecuteError("insert into notes(text) values('ours')"), ErrorNumber::Locked);
 }
 
+TEST_F(ImportLockTest, AnImportThatMayNotBeginWritesThroughNoDatabaseUntilOneMay) {
+    const auto second = DBEngine::Instance().OpenDatabase(path);
+    second->LockForImport();
+    second->RefuseWrites(Error(ErrorNumber::InvalidOperation, QStringLiteral("Not these tables.")));
+    EXPECT_EQ(DescriptionOf(insert), QStringLiteral("Not these tables."));
+    EXPECT_EQ(ExecuteError("delete from things"), ErrorNumber::InvalidOperation);
+    EXPECT_EQ(ErrorOf([&] { database->LockForImport(); }), 0);
+    EXPECT_EQ(DescriptionOf(insert), QString());
+    EXPECT_EQ(Rows("select text from notes"), QStringList{QStringLiteral("ours")});
+}
+
 TEST_F(ImportLockTest, TheDatabasesOfAProcessShareIt) {
     const auto second = DBEngine::Instance().OpenDatabase(path);
     database->LockForImport();

@@ -1,4 +1,5 @@
 #include "ImportJourney.h"
+#include "tools/import/ImportTool.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,15 +25,18 @@ TEST_F(ReadOnlyFolderTest, IsRefusedBeforeAnythingIsDone) {
     SetPermissions(database, 0666);
     SetPermissions(portfolio, 0644);
     SetPermissions(workplace.Path(QString()), 0555);
-    const auto importAsOrdinaryUser = [&] {
+    const auto importAsOrdinaryUser = [&](const char* option) {
         // Whoever runs the tests as root could write all the same.
         constexpr uid_t Nobody = 65534;
         if (::geteuid() == 0 && ::setuid(Nobody) != 0) {
             std::_Exit(3);
         }
-        std::_Exit(Import(database));
+        std::_Exit(
+            tools::RunImportTool({portfolio, QStringLiteral("--database"), database, QLatin1String(option)}));
     };
-    EXPECT_EXIT(importAsOrdinaryUser(), ::testing::ExitedWithCode(2), "nothing was changed\n$");
+    for (const char* option : {"--yes", "--dry-run"}) {
+        EXPECT_EXIT(importAsOrdinaryUser(option), ::testing::ExitedWithCode(2), "nothing was changed\n$");
+    }
     EXPECT_EQ(Contents(database), before);
 }
 

@@ -8,17 +8,7 @@ import sqlite3
 
 from desktop import wait_for
 from journey import Journey, main
-
-
-
-class Beginning(str):
-    """Equals every text that begins with it."""
-
-    def __eq__(self, other):
-        return other.startswith(str(self))
-
-    __hash__ = str.__hash__
-
+from wizard import Beginning
 
 FINISHED = ("Import complete.  If Hearthbook is running, it is recommended you restart it to reload the most recent "
             "changes.")
@@ -109,16 +99,7 @@ class Database(Journey):
     @staticmethod
     def _take_rights(wizard, mode):
         os.chmod(wizard.database, mode)
-        # Whoever runs the journeys as root has every right to every file, unless he gives it up.
-        ordinary = os.path.join(wizard.folder, "ordinary")
-        with open(ordinary, "w") as script:
-            script.write("#!/bin/sh\n"
-                         'if [ "$(id -u)" = 0 ]; then\n'
-                         f'  exec setpriv --bounding-set=-all --inh-caps=-all "{wizard.program}" "$@"\n'
-                         "fi\n"
-                         f'exec "{wizard.program}" "$@"\n')
-        os.chmod(ordinary, 0o755)
-        wizard.program = ordinary
+        wizard.give_up_rights()
 
     def test_moved_with_the_path_of_the_application(self):
         wizard = self.start(prepare=lambda wizard: wizard.settings(Networkable="0",
@@ -164,41 +145,7 @@ class Database(Journey):
         self.assert_start_fails(wizard, f"3024 - Could not find file '{wizard.database}'.",
                                 f"Networking enabled.  Attempting to use /no/such.mdb\n{unable.replace('/no/such.mdb', wizard.database)}")
 
-    # Between the openings.
-
-    def test_deleted_while_the_first_box_is_open(self):
-        # The box of the second opening: the wizard's window comes up only after it.
-        wizard = self.start(prepare=lambda wizard: wizard.settings(Networkable="1", DatabaseLocation="/no/such.mdb"))
-        unable = self.unable("/no/such.mdb", wizard.database)
-        wizard.answer(unable, "OK")
-        wizard.wait_for_box(unable)
-        os.remove(wizard.database)
-        wizard.answer(unable, "OK")
-        self.answer_error(wizard, f"3024 - Could not find file '{wizard.database}'.")
-        wizard.answer(f"Networking enabled.  Attempting to use /no/such.mdb\n"
-                      f"{unable.replace('/no/such.mdb', wizard.database)}", "OK")
-        wizard.answer("Unable to start hearthbook database.  Make sure Hearthbook has been installed and run at least "
-                      "once.", "OK")
-        self.assertEqual(wizard.wait_for_end(), 1)
-
     # At Finish.
-
-    def test_deleted_before_finish(self):
-        # The wizard goes on with the file that it has open, which takes nothing any more: each row is told.
-        wizard = self.start()
-        wizard.fill_in_landlord()
-        os.remove(wizard.database)
-        wizard.click("push button", "Finish")
-        self.answer_error(wizard, f"3024 - Could not find file '{wizard.database}'.")
-        wizard.answer(f"No networking enabled, using {wizard.database}", "OK")
-        boxes = wizard.answer_all_until(FINISHED)
-        self.assertEqual(wizard.wait_for_end(), 0)
-        self.assertEqual({title for title, _ in boxes}, {"Update Record", "Execute SQL"})
-        for _, text in boxes:
-            self.assertEqual(text, Beginning("General Errors...\n\n3027 - "))
-        # An account, the owner, the property, the tenancy, and what hangs on them.
-        self.assertGreaterEqual(len(boxes), 4)
-        self.assertFalse(os.path.exists(wizard.database))
 
     def test_replaced_while_the_wizard_is_open(self):
         # The one that lies there at Finish is the one that is filled.

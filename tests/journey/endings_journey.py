@@ -53,6 +53,15 @@ class Endings(Journey):
         wizard.wait_for_end()
         self.assert_companion_starts(wizard)
 
+    def test_restart_counts_where_the_toolkit_takes_it_for_a_value_of_its_own(self):
+        # Options of the toolkit are taken away together with what stands behind them.
+        for arguments in (["-name", "/restart"], ["-style", "/restart", "-name", "wizard"]):
+            with self.subTest(arguments=arguments):
+                wizard = self.wizard_with_companion(*arguments)
+                wizard.click("push button", "Cancel")
+                wizard.wait_for_end()
+                self.assert_companion_starts(wizard)
+
     def test_restart_in_capitals_does_not_count(self):
         wizard = self.wizard_with_companion("/RESTART")
         wizard.click("push button", "Cancel")

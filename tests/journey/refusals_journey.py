@@ -239,6 +239,19 @@ class Refusals(Journey):
         wizard.click("check box", "This property has multiple units/rooms which we manage")
         wizard.enter("Unit Numbers", ",")
 
+    def test_more_properties_than_a_counter_holds_are_the_end(self):
+        # A building with as many units as its dialog takes: one record more than the page can count.
+        wizard = self.start_at("Properties")
+        wizard.click("push button", "Add")
+        wizard.wait_for_window("Property")
+        wizard.enter("Address 1", "1 Endless Street")
+        wizard.click("check box", "This property has multiple units/rooms which we manage")
+        wizard.enter("Number of Units", "32767")
+        wizard.click("push button", "Save")
+        wizard.answer("6: Overflow", "OK")
+        self.assertEqual(wizard.wait_for_end(), 1)
+        self.assert_untouched(wizard)
+
     def test_a_count_that_fits_no_counter_is_the_end(self):
         # Nobody looks at the number before it is stored, and it can't be stored.
         wizard = self.start_at("Tenants")

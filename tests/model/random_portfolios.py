@@ -42,7 +42,7 @@ class _ScenarioMaker:
         is_landlord = self._chance(0.3)
         portfolio = {"UserType": "Landlord" if is_landlord else "Manager"}
         if self._chance(0.7):
-            portfolio["ManagementFee"] = self._source.choice((0, 8.5, 10, 7.1234, 12.345678, 100))
+            portfolio["ManagementFee"] = self._source.choice((0, 8.5, 10, 7.1234, 12.3456, 100))
         if self._chance(0.5):
             portfolio["LastDisbursement"] = self._source.choice(
                 (None, self._around_today(400).iso(), self._around_today(30).iso(), self._today.iso(),
@@ -88,9 +88,9 @@ class _ScenarioMaker:
         if dice < 0.8:
             return source.randint(0, 300000) / 100
         if dice < 0.9:
-            return round(source.uniform(0, 2000), source.randint(3, 7))
-        return source.choice((0, 0.01, 0.005, 0.00005, 1e-7, 10.25, 99.999, 1234.56785, 33.33335, 1e6,
-                              123456789.12, 1e10, 0.1 + 0.2, 1 / 3))
+            return round(source.uniform(0, 2000), source.randint(3, 4))
+        return source.choice((0, 0.01, 0.005, 0.0005, 0.0001, 10.25, 99.999, 1234.5678, 33.3335, 1e6,
+                              123456789.12, 1e10, 0.3333))
 
     def _signed_amount(self):
         amount = self._amount()
@@ -270,11 +270,11 @@ class _ScenarioMaker:
         if dice < 0.3:
             return 0
         if dice < 0.5:
-            return rent * source.randint(1, 4)
+            return round(rent * source.randint(1, 4), 4)
         if dice < 0.6:
-            return source.choice((rent * 500 + 0.01, 1e9, 1e-9, -1e-9, 0.1, -0.01, -1e9))
+            return source.choice((round(rent * 500 + 0.01, 4), 1e9, 0.0001, -0.0001, 0.1, -0.01, -1e9))
         if dice < 0.8:
-            return rent * source.uniform(0, 6)
+            return round(rent * source.uniform(0, 6), 4)
         return self._signed_amount()
 
     def _options(self):

@@ -50,6 +50,8 @@ TEST_F(FormFrameTest, ASecondActivationOpensNothingAndResetsNothing) {
     QFile::remove(workplace.Path(QStringLiteral("property.mdb")));
     form->hide();
     ShowAndActivate(*form);
+    form->repaint();
+    QCoreApplication::processEvents();
     EXPECT_TRUE(boxes.requests.empty());
     EXPECT_EQ(Heading().CurrentTabIndex(), 1);
     EXPECT_TRUE(Heading().TabStrip().TabEnabled[1]);

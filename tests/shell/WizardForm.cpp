@@ -6,11 +6,16 @@
 #include "support/OnScreen.h"
 #include "tools/schema/CreateTool.h"
 
+#include <QCoreApplication>
+
 WizardForm::WizardForm() {
     tools::CreateHearthbookDatabase(workplace.Path(QStringLiteral("property.mdb")), FormatUnderTest());
     records::CurrentSettings() = {};
     form = std::make_unique<shell::frmMain>(QString(), CountedPages());
     ShowAndActivate(*form);
+    // What is done once comes behind the first picture.
+    form->repaint();
+    QCoreApplication::processEvents();
 }
 
 WizardForm::~WizardForm() {

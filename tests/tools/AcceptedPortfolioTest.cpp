@@ -76,6 +76,23 @@ TEST_F(AcceptedPortfolio, AFirstPeriodMayEndInTheYear9998) {
     portfolio_ = WithTenant("'RentFrequency': 'Week', 'FrequencyNumber': 32767");
     portfolio_.tenants.replace("2025-03-15", "9371-01-01");
     EXPECT_EQ(portfolio_.Read(), Faults());
+    // On the last day of the year.
+    portfolio_ = WithTenant("'RentFrequency': 'Year'");
+    portfolio_.tenants.replace("2025-03-15", "9998-01-01");
+    EXPECT_EQ(portfolio_.Read(), Faults());
+    portfolio_ = WithTenant("'RentFrequency': 'Month', 'MonthDay': 1");
+    portfolio_.tenants.replace("2025-03-15", "9998-12-15");
+    EXPECT_EQ(portfolio_.Read(), Faults());
+}
+
+TEST_F(AcceptedPortfolio, ALastPeriodMayEndInTheYear9998) {
+    for (const char* members : {"'EndDate': '9998-12-31', 'RentFrequency': 'Day'",
+                                "'EndDate': '9998-12-24', 'RentFrequency': 'Week'",
+                                "'EndDate': '9998-12-31', 'RentFrequency': 'Month'",
+                                "'EndDate': '9998-12-14', 'RentFrequency': 'Month', 'MonthDay': 15",
+                                "'EndDate': '9998-03-14', 'RentFrequency': 'Year'"}) {
+        EXPECT_EQ(WithTenant(members).Read(), Faults()) << members;
+    }
 }
 
 TEST_F(AcceptedPortfolio, UnitsFollowTheirBuilding) {

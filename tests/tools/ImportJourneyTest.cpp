@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -116,6 +117,18 @@ TEST_F(ImportJourney, TheBackupIsTheDatabaseFromBefore) {
     EXPECT_EQ(QueryDatabase(Path("backup.mdb"),
                             QStringLiteral("select count(*), sum(amount), max(date) from revenues")),
               before);
+}
+
+// Names of tenants and what they owe are nobody else's business in the copy either.
+TEST_F(ImportJourney, TheBackupHasThePermissionsOfTheDatabase) {
+    for (const mode_t permissions : {0600U, 0640U, 0644U}) {
+        ASSERT_EQ(::chmod(QFile::encodeName(Database()).constData(), permissions), 0);
+        ASSERT_EQ(Import(pinned + QStringList{QStringLiteral("--backup"), Path("backup.mdb")}).status, 0);
+        struct stat backup {};
+        ASSERT_EQ(::stat(QFile::encodeName(Path("backup.mdb")).constData(), &backup), 0);
+        EXPECT_EQ(backup.st_mode & 0777U, permissions);
+        EXPECT_TRUE(QFile::remove(Path("backup.mdb")));
+    }
 }
 
 TEST_F(ImportJourney, AReaderOfTheOutputWhoGoesAwayStopsNothing) {

@@ -57,6 +57,10 @@ void FileDatabase::LockForImport() {
     importLock_->Take();
 }
 
+void FileDatabase::RefuseWrites(const Error& why) {
+    importLock_->Refuse(why);
+}
+
 std::vector<Error> FileDatabase::CheckWritten() {
     Flush();
     return execution::CheckWritten(*connection_, *transaction_, path_, importLock_->File());

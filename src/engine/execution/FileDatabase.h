@@ -17,6 +17,7 @@ public:
     void Flush() override;
     void FlushUnlessHeldUp() override;
     void LockForImport() override;
+    void RefuseWrites(const Error& why) override;
     std::vector<Error> CheckWritten() override;
     void OnLostWrite(LostWriteListener listener) override;
 

@@ -42,16 +42,18 @@ A portfolio is a UTF-8 JSON file:
       { "Name": "Ada Finch",              at most 30 characters
         "PropertyName": "2/12 Main Road", a property or unit above, no building
         "StartDate": "2025-03-15",        required; its first rent period ends before the year 9999
-        "EndDate": null,                  null or absent: the tenancy goes on
+        "EndDate": null,                  null or absent: the tenancy goes on; the last rent period too
+                                          ends before the year 9999
         "CurrentRent": 420,               for one rent period
         "RentFrequency": "Week",          %1; "%2" if absent
         "FrequencyNumber": 2,             a rent period is so many of them; 1 if absent
-        "MonthDay": 1,                    day on which monthly rent falls due; 1 if absent
+        "MonthDay": 1,                    day on which monthly rent falls due, from 0; 1 if absent
         "BondHeld": 1680,
         "Setbalance": true,               write rent transactions that give the balance; false if absent
         "BalanceAmount": 210.5 } ]        what the tenant owes; negative: has overpaid
   }
 
+Amounts and the fee have at most 4 decimals; rent and fee are not negative.
 Names must be unique within their list, upper and lower case counted as the same. Faults of the file are
 listed all at once, each with the place where it stands, and nothing is changed then.
 

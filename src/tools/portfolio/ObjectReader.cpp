@@ -1,5 +1,6 @@
 #include "tools/portfolio/ObjectReader.h"
 
+#include "tools/json/DecimalsOf.h"
 #include "tools/portfolio/Day.h"
 
 #include <cmath>
@@ -9,6 +10,9 @@ namespace tools {
 namespace {
 
 constexpr qint16 HighestInteger = std::numeric_limits<qint16>::max();
+
+/// Those of engine::Currency.
+constexpr int MostDecimals = 4;
 
 }  // namespace
 
@@ -43,7 +47,7 @@ std::optional<QString> ObjectReader::Text(const char* name, int limit) {
     return value->text;
 }
 
-std::optional<double> ObjectReader::Number(const char* name) {
+std::optional<double> ObjectReader::Amount(const char* name) {
     const JsonValue* value = Value(name);
     if (!value) {
         return 0.0;
@@ -51,11 +55,14 @@ std::optional<double> ObjectReader::Number(const char* name) {
     if (value->kind != JsonKind::Number) {
         return WrongType(name, QStringLiteral("Must be a number"));
     }
+    if (DecimalsOf(value->text) > MostDecimals) {
+        Refuse(name, QStringLiteral("At most %1 decimals are allowed").arg(MostDecimals));
+    }
     return value->number;
 }
 
-std::optional<double> ObjectReader::NumberFromZero(const char* name) {
-    const std::optional<double> number = Number(name);
+std::optional<double> ObjectReader::AmountFromZero(const char* name) {
+    const std::optional<double> number = Amount(name);
     if (number && *number < 0) {
         return WrongType(name, QStringLiteral("Must not be negative"));
     }

@@ -23,9 +23,11 @@ public:
         : object_(object), pointer_(std::move(pointer)), faults_(faults) {}
 
     std::optional<QString> Text(const char* name, int limit = std::numeric_limits<int>::max());
-    std::optional<double> Number(const char* name);
-    /// As Number, for text boxes that take no minus sign.
-    std::optional<double> NumberFromZero(const char* name);
+    /// Amounts and fees: with more decimals than currency has they would be rounded in some places and not in
+    /// others.
+    std::optional<double> Amount(const char* name);
+    /// As Amount, for text boxes that take no minus sign.
+    std::optional<double> AmountFromZero(const char* name);
     std::optional<qint16> Integer(const char* name, qint16 lowest, qint16 absent);
     std::optional<bool> Boolean(const char* name);
     std::optional<QDate> Date(const char* name, QDate absent, NullMeans nullMeans);

@@ -23,7 +23,7 @@ void ReadUserType(ObjectReader& portfolio, Reading& reading) {
     }
     records::ImportSettings& settings = records::CurrentSettings();
     settings.IsLandlord = reading.isLandlord;
-    settings.ManagementFee = portfolio.NumberFromZero("ManagementFee").value_or(0);
+    settings.ManagementFee = portfolio.AmountFromZero("ManagementFee").value_or(0);
     settings.LastDisbursement = portfolio.Date("LastDisbursement", platform::NoDate(), NullMeans::Absent)
                                     .value_or(platform::NoDate());
 }

@@ -16,7 +16,7 @@ records::BankAccountEntry ReadAccount(ObjectReader& account, records::BankAccoun
         name = account.Text(AccountName, records::EntryLimit::BankAccountName);
     }
     entry.BalanceDate = account.Date("BalanceDate", entry.BalanceDate, NullMeans::Fault).value_or(QDate());
-    entry.BalanceAmount = account.Number("BalanceAmount").value_or(0);
+    entry.BalanceAmount = account.Amount("BalanceAmount").value_or(0);
     account.RefuseUnknownMembers();
     entry.BankAccountName = name.value_or(QString());
     RefuseFaults(account, records::FaultsOf(entry));

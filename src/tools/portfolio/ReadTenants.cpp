@@ -1,8 +1,6 @@
 #include "records/EntryRules.h"
-#include "records/RentFrequency.h"
+#include "records/RentPeriods.h"
 #include "tools/portfolio/Sections.h"
-
-#include <limits>
 
 namespace tools {
 
@@ -31,7 +29,7 @@ QString ReadFrequency(ObjectReader& tenant) {
 }
 
 double ReadRent(ObjectReader& tenant) {
-    const double rent = tenant.NumberFromZero("CurrentRent").value_or(0);
+    const double rent = tenant.AmountFromZero("CurrentRent").value_or(0);
     try {
         engine::Currency::FromDouble(rent);
     } catch (const platform::Failure&) {
@@ -41,16 +39,49 @@ double ReadRent(ObjectReader& tenant) {
     return rent;
 }
 
-// Found out halfway through the import, the period would be lost.
-void RefusePeriodBeyondReach(ObjectReader& tenant, const records::TenantEntry& entry) {
-    constexpr int LastYear = 9999;
-    const records::Frequency frequency = records::FrequencyOf(entry.RentFrequency);
-    if (records::StepFrom(entry.StartDate, frequency, entry.FrequencyNumber).year() < LastYear) {
+// What comes behind is no date of a period any more: found out halfway through the import, it would be lost.
+const QDate& DayBehindReach() {
+    static const QDate day(9999, 1, 1);
+    return day;
+}
+
+// The first member that a shorter period would come of. Those that are absent make the shortest.
+const char* MemberToBlame(const records::TenantEntry& entry, records::Frequency frequency) {
+    if (entry.StartDate >= DayBehindReach()) {
+        return "StartDate";
+    }
+    if (records::FollowsMonthDay(frequency, entry.FrequencyNumber)) {
+        return "MonthDay";
+    }
+    return entry.FrequencyNumber > 1 ? "FrequencyNumber" : "StartDate";
+}
+
+// Most ends lie so far before the last year that the periods needn't be counted one by one.
+bool HasLastPeriodBeyondReach(const records::TenantEntry& entry, records::Frequency frequency) {
+    if (entry.EndDate >= DayBehindReach()) {
+        return entry.EndDate >= entry.StartDate;
+    }
+    // The period that an end lies in is at most some days longer than one that begins there.
+    const QDate notLater =
+        records::NextPeriodStart(entry.EndDate, frequency, entry.FrequencyNumber, entry.MonthDay)
+            .addMonths(1);
+    return notLater > DayBehindReach() &&
+           records::DayAfterPeriods(entry.StartDate, entry.EndDate, frequency, entry.FrequencyNumber,
+                                    entry.MonthDay) > DayBehindReach();
+}
+
+void RefusePeriodsBeyondReach(ObjectReader& tenant, const records::TenantEntry& entry) {
+    if (tenant.IsRefused("RentFrequency") || platform::IsNoDate(entry.StartDate)) {
         return;
     }
-    const bool isByStart = entry.StartDate.year() >= LastYear;
-    tenant.Refuse(isByStart ? "StartDate" : "FrequencyNumber",
-                  QStringLiteral("The first rent period must end before the year 9999"));
+    const records::Frequency frequency = records::FrequencyOf(entry.RentFrequency);
+    if (records::NextPeriodStart(entry.StartDate, frequency, entry.FrequencyNumber, entry.MonthDay) >
+        DayBehindReach()) {
+        tenant.Refuse(MemberToBlame(entry, frequency),
+                      QStringLiteral("The first rent period must end before the year 9999"));
+    } else if (!platform::IsNoDate(entry.EndDate) && HasLastPeriodBeyondReach(entry, frequency)) {
+        tenant.Refuse("EndDate", QStringLiteral("The last rent period must end before the year 9999"));
+    }
 }
 
 void ReadTenant(ObjectReader& tenant, Reading& reading) {
@@ -67,17 +98,15 @@ void ReadTenant(ObjectReader& tenant, Reading& reading) {
     entry.RentFrequency = ReadFrequency(tenant);
     // A period of no length would be followed by itself for ever.
     entry.FrequencyNumber = tenant.Integer("FrequencyNumber", 1, 1).value_or(1);
-    // Any number is a day to the rent rules, a negative one too: they count on from it.
-    entry.MonthDay = tenant.Integer("MonthDay", std::numeric_limits<qint16>::min(), 1).value_or(1);
-    entry.BondHeld = tenant.Number("BondHeld").value_or(0);
+    // The rent rules count on from 0 and from days past 31 too, but no text box takes a minus sign.
+    entry.MonthDay = tenant.Integer("MonthDay", 0, 1).value_or(1);
+    entry.BondHeld = tenant.Amount("BondHeld").value_or(0);
     entry.Setbalance = tenant.Boolean("Setbalance").value_or(false);
-    entry.BalanceAmount = tenant.Number("BalanceAmount").value_or(0);
+    entry.BalanceAmount = tenant.Amount("BalanceAmount").value_or(0);
     tenant.RefuseUnknownMembers();
     RefuseFaults(tenant, records::FaultsOf(entry));
     RefuseUnletProperty(tenant, property, reading);
-    if (!platform::IsNoDate(entry.StartDate)) {
-        RefusePeriodBeyondReach(tenant, entry);
-    }
+    RefusePeriodsBeyondReach(tenant, entry);
     EnterName(tenant, "Name", name, reading.tenants);
     reading.collections.Tenants.Add(records::MakeRecord(entry));
 }
