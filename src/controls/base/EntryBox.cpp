@@ -1,6 +1,9 @@
 #include "controls/base/EntryBox.h"
 
+#include "controls/base/Accessible.h"
+#include "controls/base/Action.h"
 #include "controls/base/Colour.h"
+#include "controls/base/EntryBoxAccessible.h"
 #include "controls/base/Font.h"
 #include "controls/base/TypedText.h"
 
@@ -9,6 +12,9 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace controls {
 
@@ -40,9 +46,16 @@ qsizetype FirstLength(QStringView text) {
     return text.size() > 1 && text.front().isHighSurrogate() ? 2 : 1;
 }
 
+/// What a box of one line takes of a text that comes in at once.
+QString OneLine(const QString& text) {
+    static const QRegularExpression lineBreak(QStringLiteral("[\\n\\r\\x{2028}\\x{2029}]"));
+    return text.left(text.indexOf(lineBreak)).replace(QLatin1Char('\t'), QLatin1Char(' '));
+}
+
 }  // namespace
 
 EntryBox::EntryBox(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
+    RegisterAccessible<EntryBox, EntryBoxAccessible>();
     setFrame(false);
     setFont(ControlFont());
     setPalette(BlackOnWhite(palette()));
@@ -69,6 +82,40 @@ void EntryBox::BeginToLeave() {
     }
 }
 
+void EntryBox::LeaveUnfocused() {
+    if (presence_ != Presence::Away) {
+        Leave();
+        Q_EMIT LeftUnfocused();
+    }
+}
+
+void EntryBox::Write(int start, int end, const QString& text) {
+    const auto length = [this] { return static_cast<int>(this->text().size()); };
+    if (isReadOnly() || !CanBeActedOn(*this) || start < 0 || start > end || end > length()) {
+        return;
+    }
+    const bool isWhole = start == 0 && end == length();
+    BringFocus(*this);
+    const bool isFocused = presence_ == Presence::Here && isActiveWindow();
+    if (presence_ != Presence::Here) {
+        Come();
+    }
+    // Leaving another box may have filled this one.
+    setSelection(start, isWhole ? length() : std::min(end, length()) - start);
+    insert(OneLine(text).left(std::max<qsizetype>(0, LongestEntry() - length() + selectedText().size())));
+    if (!isFocused) {
+        LeaveUnfocused();
+    }
+}
+
+QRect EntryBox::PlaceOf(int position) const {
+    const auto widthUpTo = [this](int place) { return fontMetrics().horizontalAdvance(text().left(place)); };
+    const int fromCaret = widthUpTo(position) - widthUpTo(cursorPosition());
+    const int width = widthUpTo(position + 1) - widthUpTo(position);
+    const QRect caret = cursorRect();
+    return {caret.center().x() + fromCaret, caret.top(), width, caret.height()};
+}
+
 bool EntryBox::event(QEvent* event) {
     if (event->type() == QEvent::FocusAboutToChange && IsLeaving(*this, static_cast<QFocusEvent&>(*event))) {
         BeginToLeave();
@@ -81,9 +128,13 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
     if (presence_ == Presence::Here) {
         return;
     }
+    focusingClick_ = event->reason() == Qt::MouseFocusReason ? FocusingClick::Expected : FocusingClick::None;
+    Come();
+}
+
+void EntryBox::Come() {
     presence_ = Presence::Here;
     SelectOnEntering();
-    focusingClick_ = event->reason() == Qt::MouseFocusReason ? FocusingClick::Expected : FocusingClick::None;
     Q_EMIT Entered();
 }
 

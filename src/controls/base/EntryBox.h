@@ -24,16 +24,32 @@ public:
     /// window was the active one. Nothing happens if he wasn't here.
     void Leave();
 
+    /// The same where the focus goes while another window is the active one, which nobody else will tell of.
+    void LeaveUnfocused();
+
+    /// An assistive program puts a text in the place of another, between two positions. It counts as entered
+    /// by the user: the focus comes first, the box takes no more than he could paste, and nothing where he
+    /// can't enter anything. Where the focus can't come, the user has come, entered it and left.
+    void Write(int start, int end, const QString& text);
+
+    /// Where a character is seen, in pixels of the box.
+    QRect PlaceOf(int position) const;
+
 Q_SIGNALS:
     void Entered();
     /// The focus is about to go, but hasn't gone yet.
     void Leaving();
     /// The focus has gone. Leaving came before.
     void Left();
+    /// The user has left, and nothing told of a focus that went.
+    void LeftUnfocused();
 
 protected:
     /// Selects all that the box holds, for a user who comes to it.
     virtual void SelectOnEntering() { selectAll(); }
+
+    /// The most characters that a user can enter.
+    virtual int LongestEntry() const { return maxLength(); }
 
     /// For boxes that know single characters only: an input method has put some together.
     static void TakeOneByOne(const QInputMethodEvent& event);
@@ -51,6 +67,7 @@ private:
     /// The click that brings the focus selects the text; only the next one places the caret.
     enum class FocusingClick { None, Expected, Pressed };
 
+    void Come();
     void BeginToLeave();
     void TypeOneByOne(const QKeyEvent& event, const QString& typed);
 

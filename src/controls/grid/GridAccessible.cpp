@@ -2,6 +2,7 @@
 
 #include "controls/akGrid.h"
 #include "controls/base/Accessible.h"
+#include "controls/base/Action.h"
 #include "controls/grid/GridPartAccessible.h"
 
 #include <QAccessibleWidget>
@@ -104,9 +105,10 @@ public:
     bool isColumnSelected(int /*column*/) const override { return false; }
     bool isRowSelected(int row) const override { return selectedRows().contains(row); }
     bool selectRow(int row) override {
-        if (row < 0 || row >= Grid().Rows() || !Grid().isEnabled()) {
+        if (!Grid().CanShowRow(row + 1) || !CanBeActedOn(Grid())) {
             return false;
         }
+        BringFocus(Grid());
         Grid().SetAbsoluteRow(row + 1);
         return true;
     }

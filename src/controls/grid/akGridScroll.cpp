@@ -62,6 +62,11 @@ void akGrid::Scrolled() {
     }
 }
 
+bool akGrid::CanShowRow(int row) const {
+    const int reach = std::max(scrollBar_->maximum() - scrollBar_->minimum(), topOffset_);
+    return row >= 1 && row <= rows_ && row <= Moved(reach, visibleRows_);
+}
+
 void akGrid::SetTopRow(int value) {
     const qint64 last = std::max<qint64>(qint64{rows_} - visibleRows_, 0);
     const qint64 offset = std::clamp<qint64>(qint64{value} - 1, 0, last);

@@ -39,6 +39,7 @@ Q_SIGNALS:
 
 protected:
     void SelectOnEntering() override { SelectFromStart(); }
+    int LongestEntry() const override { return typingLimit_ > 0 ? typingLimit_ : maxLength(); }
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
