@@ -242,6 +242,8 @@ private:
     /// False if the cell was current already.
     bool ChangeCurrentCell(int& row, int& column, bool force);
     void AnnounceCurrentCell();
+    /// What the selection covered with its current cell there, as far as it has gone on.
+    void AnnounceDeselected(int row, int column);
 
     // Keys and mouse (akGridInput.cpp).
     LabelPlace LabelAt(const QPoint& pixel) const;

@@ -188,6 +188,19 @@ class Actions(Journey):
         self.desktop.keys(Key("Tab"))
         wizard.wait_for_focus("Add")
 
+    def test_an_entry_of_a_list_is_chosen(self):
+        wizard = self.at_properties()
+        self.save(wizard)
+        self.press(wizard, "Next")
+        wizard.wait_for_tab("Tenants")
+        self.open(wizard, "Add", "Tenant")
+        unit = wizard.find("combo box", "Rent Frequency Unit")
+        unit.act()
+        entry = wait_for("the entry", lambda: wizard.root.all("list item", "Month"))[0]
+        entry.act("Press")
+        wait_for("Month to be chosen", lambda: unit.text() == "Month" and not unit.all("list"))
+        wizard.find("text", "from day of each month")
+
 
 if __name__ == "__main__":
     main()

@@ -4,6 +4,8 @@
 
 #include <QCheckBox>
 #include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTimer>
 
 namespace controls {
@@ -35,6 +37,19 @@ QString ClickableAccessible::text(QAccessible::Text text) const {
     // A button that shows nothing but a picture goes by the name that its form gives it.
     return text == QAccessible::Name && !Button().text().isEmpty() ? Button().text()
                                                                    : QAccessibleWidget::text(text);
+}
+
+QRect ClickableAccessible::rect() const {
+    if (!Button().isCheckable() || !Button().isVisible()) {
+        return QAccessibleWidget::rect();
+    }
+    QStyleOptionButton option;
+    option.initFrom(&Button());
+    option.text = Button().text();
+    const auto part =
+        role() == QAccessible::RadioButton ? QStyle::SE_RadioButtonClickRect : QStyle::SE_CheckBoxClickRect;
+    const QRect place = Button().style()->subElementRect(part, &option, &Button());
+    return {Button().mapToGlobal(place.topLeft()), place.size()};
 }
 
 QAccessible::State ClickableAccessible::state() const {

@@ -14,6 +14,8 @@ public:
     explicit ClickableAccessible(QAbstractButton* button);
 
     QString text(QAccessible::Text text) const override;
+    /// Where a click takes effect: check boxes and options leave out the room beside their captions.
+    QRect rect() const override;
     QAccessible::State state() const override;
     QStringList actionNames() const override;
     /// A click is done once the present event is, as it may open a dialog.

@@ -1,5 +1,6 @@
 #include "controls/button/ButtonAccessible.h"
 
+#include "controls/base/AccessibilityBus.h"
 #include "controls/base/Action.h"
 #include "controls/ctlButton.h"
 
@@ -77,6 +78,7 @@ void AnnouncePressed(ctlButton& button) {
     QAccessible::State changed;
     changed.pressed = 1;
     AnnounceStates(button, changed);
+    TellBusOfState(button, QStringLiteral("pressed"), button.ButtonState() == ButtonStates::Down);
 }
 
 }  // namespace controls

@@ -179,7 +179,15 @@ bool akGrid::event(QEvent* event) {
 void akGrid::focusInEvent(QFocusEvent* event) {
     Control::focusInEvent(event);
     update();
-    AnnounceCurrentCell();
+    // The toolkit tells last that the list has it, and it's the cell that has.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasFocus()) {
+                AnnounceCurrentCell();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void akGrid::focusOutEvent(QFocusEvent* event) {

@@ -271,6 +271,17 @@ TEST_F(DateAccessibleTest, NoneCanNotBeWrittenOver) {
     EXPECT_EQ(form.None().text(), u"<None>"_s);
 }
 
+TEST_F(DateAccessibleTest, ADisabledControlSaysSo) {
+    EXPECT_FALSE(Date()->state().disabled);
+    ScreenReader reader(
+        [](const QAccessibleInterface& about) { return about.role() == QAccessible::Grouping; });
+    form.date.SetEnabled(false);
+    EXPECT_TRUE(Date()->state().disabled);
+    EXPECT_EQ(reader.Heard(), QStringList{u"state disabled Start Date"_s});
+    form.date.SetEnabled(false);
+    EXPECT_EQ(reader.Heard(), QStringList());
+}
+
 TEST_F(DateAccessibleTest, ADayOfADisabledFormCanNotBePicked) {
     form.date.DropDown();
     form.window.setEnabled(false);

@@ -281,7 +281,8 @@ TEST_F(GridAccessibleTest, EachMoveOfTheSelectionIsAnnounced) {
     Heard();
     QTest::keyClick(grid.get(), Qt::Key_Down);
     // The step through the list that comes with it is not.
-    EXPECT_EQ(Heard(), (QStringList{u"selection o6"_s, u"focus o6"_s}));
+    EXPECT_EQ(Heard(),
+              (QStringList{u"deselection r5"_s, u"deselection o5"_s, u"selection o6"_s, u"focus o6"_s}));
     grid->SetRow(5);
     EXPECT_EQ(Heard(), QStringList());
 }
@@ -294,7 +295,7 @@ TEST_F(GridAccessibleTest, ASelectionDraggedAlongIsAnnounced) {
     ScrollTo(2);
     EXPECT_EQ(Heard(), QStringList());
     ScrollTo(6);
-    EXPECT_EQ(Heard(), QStringList{u"selection r6"_s});
+    EXPECT_EQ(Heard(), (QStringList{u"deselection r2"_s, u"deselection o2"_s, u"selection r6"_s}));
 }
 
 TEST_F(GridAccessibleTest, TheFocusThatComesIsAnnouncedForTheCurrentCell) {
@@ -303,7 +304,23 @@ TEST_F(GridAccessibleTest, TheFocusThatComesIsAnnouncedForTheCurrentCell) {
     grid->SetRow(3);
     Heard();
     grid->setFocus();
-    EXPECT_TRUE(Heard().contains(u"focus r3"_s));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Heard().last(), u"focus r3"_s);
+    EXPECT_FALSE(Table().state().focused);
+}
+
+TEST_F(GridAccessibleTest, AListWithoutACurrentCellHasTheFocusItself) {
+    LoadShown(20);
+    grid->setFocus();
+    EXPECT_TRUE(Table().state().focused);
+}
+
+TEST_F(GridAccessibleTest, InCellModeTheCellThatIsLeftIsNoLongerSelected) {
+    LoadShown(20, 1);
+    grid->SetAbsoluteRow(2);
+    Heard();
+    grid->SetCol(2);
+    EXPECT_EQ(Heard(), (QStringList{u"deselection r2"_s, u"selection o2"_s, u"focus o2"_s}));
 }
 
 TEST_F(GridAccessibleTest, RowsThatComeAndGoAreAnnounced) {

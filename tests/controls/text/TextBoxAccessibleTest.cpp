@@ -51,6 +51,12 @@ TEST_F(TextBoxAccessibleTest, IsReadAsAnEditBox) {
     EXPECT_FALSE(Reader().state().editable);
 }
 
+TEST_F(TextBoxAccessibleTest, TheFocusIsThatOfTheEditBoxAlone) {
+    Enter({});
+    EXPECT_TRUE(Reader().state().focused);
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(&TheControl())->state().focused);
+}
+
 TEST_F(TextBoxAccessibleTest, EachCharacterIsFoundWhereItIsSeen) {
     Enter({.Text = u"iWi"_s});
     for (int offset = 0; offset < 3; ++offset) {
