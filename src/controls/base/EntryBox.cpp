@@ -100,8 +100,9 @@ void EntryBox::Write(int start, int end, const QString& text) {
     if (presence_ != Presence::Here) {
         Come();
     }
-    // Leaving another box may have filled this one.
-    setSelection(start, isWhole ? length() : std::min(end, length()) - start);
+    // Leaving another box may have filled this one or emptied it.
+    const int first = std::min(start, length());
+    setSelection(first, isWhole ? length() : std::min(end, length()) - first);
     insert(OneLine(text).left(std::max<qsizetype>(0, LongestEntry() - length() + selectedText().size())));
     if (!isFocused) {
         LeaveUnfocused();
