@@ -82,6 +82,9 @@ public:
     void PickDay(CalendarCell cell);
     /// Does what a click on the row "<None>" does.
     void PickNone();
+    /// An assistive program clicks on a cell of the open calendar, where row 7 is "<None>". The focus comes
+    /// into the control first; where it can't come, the date is stored at once.
+    void ActOn(CalendarCell cell);
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

@@ -157,6 +157,11 @@ public:
     bool IsSelected(int row, int column) const;
     /// A cell's own text, empty for a place that doesn't exist. The row is absolute.
     QString CellText(int row, int column) const;
+    /// Whether the scroll bar, whose numbers have 16 bits, reaches the row. It is absolute.
+    bool CanShowRow(int row) const;
+    /// Does what a click on a cell does, after bringing it into view, or on the heading where the row is 0.
+    /// The row is absolute; nothing happens for a place that can't be shown.
+    void ClickPart(int row, int column);
 
 Q_SIGNALS:
     /// The current cell is about to change; the list itself still gives the old one. A handler may change the
@@ -237,6 +242,8 @@ private:
     /// False if the cell was current already.
     bool ChangeCurrentCell(int& row, int& column, bool force);
     void AnnounceCurrentCell();
+    /// What the selection covered with its current cell there, as far as it has gone on.
+    void AnnounceDeselected(int row, int column);
 
     // Keys and mouse (akGridInput.cpp).
     LabelPlace LabelAt(const QPoint& pixel) const;

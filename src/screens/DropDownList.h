@@ -5,9 +5,9 @@
 namespace screens {
 
 /// A drop-down list that offers its entries and nothing else. Assistive programs call it by its accessible
-/// name, the label beside it, and read the chosen entry as its value; the toolkit's own list says the entry
-/// in place of the name. The wheel does nothing to a list without the focus, so that nobody who scrolls past
-/// it changes what he has chosen.
+/// name, the label beside it, and read the chosen entry as its text and value; the toolkit's own list says
+/// the entry in place of the name. The wheel does nothing to a list without the focus, so that nobody who
+/// scrolls past it changes what he has chosen.
 class DropDownList : public QComboBox {
     Q_OBJECT
 

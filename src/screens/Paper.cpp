@@ -1,5 +1,7 @@
 #include "screens/Paper.h"
 
+#include "controls/base/Accessible.h"
+#include "controls/base/ClickableAccessible.h"
 #include "controls/base/Display.h"
 #include "controls/base/Font.h"
 
@@ -39,6 +41,7 @@ QLabel* AddLabel(QWidget* parent, const QString& name, const QString& text, cons
 }
 
 QRadioButton* AddOption(QWidget* parent, const QString& name, const QString& caption, const Place& place) {
+    controls::RegisterAccessible<QRadioButton, controls::ClickableAccessible>();
     auto* option = new QRadioButton(caption, parent);
     option->setObjectName(name);
     option->setFont(controls::ControlFont());

@@ -1,5 +1,7 @@
 #include "screens/frmProperty.h"
 
+#include "controls/base/Accessible.h"
+#include "controls/base/ClickableAccessible.h"
 #include "controls/base/Font.h"
 #include "platform/Rounding.h"
 
@@ -42,6 +44,7 @@ frmProperty::frmProperty(QWidget* parent, records::Collections& all)
 }
 
 void frmProperty::AddUnitFields() {
+    controls::RegisterAccessible<QCheckBox, controls::ClickableAccessible>();
     Check1_ = new QCheckBox(QStringLiteral("This property has multiple units/rooms which we manage"), this);
     Check1_->setObjectName(QStringLiteral("Check1"));
     Check1_->setFont(controls::ControlFont());

@@ -1,5 +1,7 @@
 #include "shell/TutorialLink.h"
 
+#include "controls/base/Accessible.h"
+#include "controls/base/ClickableAccessible.h"
 #include "controls/base/Font.h"
 #include "controls/base/HandCursor.h"
 #include "platform/Launch.h"
@@ -8,6 +10,7 @@ namespace shell {
 
 TutorialLink::TutorialLink(QWidget* parent)
     : QPushButton(QStringLiteral("Watch the Wrenfield Wizard tutorial video online."), parent) {
+    controls::RegisterAccessible<TutorialLink, controls::ClickableAccessible>();
     setObjectName(QStringLiteral("lblTutorial"));
     setFont(controls::ControlFont());
     setStyleSheet(QStringLiteral(

@@ -1,5 +1,6 @@
 #include "shell/frmMain.h"
 
+#include "controls/base/Accessible.h"
 #include "controls/base/Canvas.h"
 #include "controls/base/Display.h"
 #include "controls/base/Palette.h"
@@ -18,6 +19,7 @@
 #include "shell/TutorialLink.h"
 #include "shell/UI.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 #include <algorithm>
@@ -34,10 +36,17 @@ constexpr int InnerHeight = 8895;
 constexpr int Margin = 240;
 constexpr qint16 FirstTab = 0;
 
+/// A window to assistive programs; a plain widget is no more than a part of one to them.
+class FormAccessible : public QAccessibleWidget {
+public:
+    explicit FormAccessible(frmMain* form) : QAccessibleWidget(form, QAccessible::Window) {}
+};
+
 }  // namespace
 
 frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint) {
+    controls::RegisterAccessible<frmMain, FormAccessible>();
     for (PageKind& kind : kinds) {
         qint16 tab = FirstTab;
         if (!pages_.empty()) {

@@ -88,6 +88,15 @@ class Accessible:
         interface = self.node.get_text_iface()
         return interface.get_text(0, -1) if interface else ""
 
+    def write(self, text):
+        """Writes over all that is in it. False if it can't be written to."""
+        interface = self.node.get_editable_text_iface()
+        return interface is not None and interface.set_text_contents(text)
+
+    def actions(self):
+        interface = self.node.get_action_iface()
+        return [interface.get_action_name(place) for place in range(interface.get_n_actions())] if interface else []
+
     def act(self, action="Press"):
         interface = self.node.get_action_iface()
         for place in range(interface.get_n_actions()):

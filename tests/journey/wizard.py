@@ -141,8 +141,7 @@ class Wizard:
     def focused(self):
         """Role and name of what has the focus, or None."""
         try:
-            # The toolkit calls an entry of a list focused that isn't even open.
-            focused = self.front().focused(but_not_in=("combo box",))
+            focused = self.front().focused()
             return (focused[-1].role, focused[-1].name) if focused else None
         except Exception:  # A window that is gone by the time it is asked has no focus.
             return None

@@ -1,6 +1,9 @@
 #include "controls/base/EntryBox.h"
 
+#include "controls/base/Accessible.h"
+#include "controls/base/Action.h"
 #include "controls/base/Colour.h"
+#include "controls/base/EntryBoxAccessible.h"
 #include "controls/base/Font.h"
 #include "controls/base/TypedText.h"
 
@@ -66,6 +69,7 @@ QString OneLineOf(const QString& text) {
 }  // namespace
 
 EntryBox::EntryBox(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
+    RegisterAccessible<EntryBox, EntryBoxAccessible>();
     setFrame(false);
     // The edit box's own limit would cut what the program puts in.
     setMaxLength(std::numeric_limits<int>::max());
@@ -136,6 +140,41 @@ void EntryBox::dropEvent(QDropEvent* event) {
     event->setAccepted(taken.isAccepted());
 }
 
+void EntryBox::LeaveUnfocused() {
+    if (presence_ != Presence::Away) {
+        Leave();
+        Q_EMIT LeftUnfocused();
+    }
+}
+
+void EntryBox::Write(int start, int end, const QString& text) {
+    const auto length = [this] { return static_cast<int>(this->text().size()); };
+    if (isReadOnly() || !CanBeActedOn(*this) || start < 0 || start > end || end > length()) {
+        return;
+    }
+    const bool isWhole = start == 0 && end == length();
+    BringFocus(*this);
+    const bool isFocused = presence_ == Presence::Here && isActiveWindow();
+    if (presence_ != Presence::Here) {
+        Come();
+    }
+    // Leaving another box may have filled this one or emptied it.
+    const int first = std::min(start, length());
+    setSelection(first, isWhole ? length() : std::min(end, length()) - first);
+    insert(FittingPart(text));
+    if (!isFocused) {
+        LeaveUnfocused();
+    }
+}
+
+QRect EntryBox::PlaceOf(int position) const {
+    const auto widthUpTo = [this](int place) { return fontMetrics().horizontalAdvance(text().left(place)); };
+    const int fromCaret = widthUpTo(position) - widthUpTo(cursorPosition());
+    const int width = widthUpTo(position + 1) - widthUpTo(position);
+    const QRect caret = cursorRect();
+    return {caret.center().x() + fromCaret, caret.top(), width, caret.height()};
+}
+
 bool EntryBox::event(QEvent* event) {
     if (event->type() == QEvent::FocusAboutToChange && IsLeaving(*this, static_cast<QFocusEvent&>(*event))) {
         BeginToLeave();
@@ -148,9 +187,13 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
     if (presence_ == Presence::Here) {
         return;
     }
+    focusingClick_ = event->reason() == Qt::MouseFocusReason ? FocusingClick::Expected : FocusingClick::None;
+    Come();
+}
+
+void EntryBox::Come() {
     presence_ = Presence::Here;
     SelectOnEntering();
-    focusingClick_ = event->reason() == Qt::MouseFocusReason ? FocusingClick::Expected : FocusingClick::None;
     Q_EMIT Entered();
 }
 

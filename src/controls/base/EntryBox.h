@@ -34,6 +34,17 @@ public:
     /// window was the active one. Nothing happens if he wasn't here.
     void Leave();
 
+    /// The same where the focus goes while another window is the active one, which nobody else will tell of.
+    void LeaveUnfocused();
+
+    /// An assistive program puts a text in the place of another, between two positions. It counts as entered
+    /// by the user: the focus comes first, the box takes no more than he could paste, and nothing where he
+    /// can't enter anything. Where the focus can't come, the user has come, entered it and left.
+    void Write(int start, int end, const QString& text);
+
+    /// Where a character is seen, in pixels of the box.
+    QRect PlaceOf(int position) const;
+
 public Q_SLOTS:
     // NOLINTNEXTLINE(readability-identifier-naming): takes the place of the edit box's own, in its menu too.
     void paste();
@@ -44,6 +55,8 @@ Q_SIGNALS:
     void Leaving();
     /// The focus has gone. Leaving came before.
     void Left();
+    /// The user has left, and nothing told of a focus that went.
+    void LeftUnfocused();
 
 protected:
     /// Selects all that the box holds, for a user who comes to it.
@@ -74,6 +87,7 @@ private:
     /// The click that brings the focus selects the text; only the next one places the caret.
     enum class FocusingClick { None, Expected, Pressed };
 
+    void Come();
     void BeginToLeave();
     void PasteFrom(QClipboard::Mode clipboard);
     QString FittingPart(const QString& text) const;

@@ -1,5 +1,7 @@
 #include "controls/button/ButtonAccessible.h"
 
+#include "controls/base/AccessibilityBus.h"
+#include "controls/base/Action.h"
 #include "controls/ctlButton.h"
 
 #include <QTimer>
@@ -41,7 +43,7 @@ QAccessible::State ButtonAccessible::state() const {
 
 QStringList ButtonAccessible::actionNames() const {
     QStringList names = QAccessibleWidget::actionNames();
-    if (Button().Enabled() && Button().isEnabled()) {
+    if (Button().Enabled() && CanBeActedOn(Button())) {
         names.prepend(pressAction());
     }
     return names;
@@ -54,7 +56,10 @@ void ButtonAccessible::doAction(const QString& action) {
     }
     if (actionNames().contains(action)) {
         auto* button = static_cast<ctlButton*>(widget());
-        QTimer::singleShot(0, button, &ctlButton::DoClick);
+        QTimer::singleShot(0, button, [button] {
+            BringFocus(*button);
+            button->DoClick();
+        });
     }
 }
 
@@ -73,6 +78,7 @@ void AnnouncePressed(ctlButton& button) {
     QAccessible::State changed;
     changed.pressed = 1;
     AnnounceStates(button, changed);
+    TellBusOfState(button, QStringLiteral("pressed"), button.ButtonState() == ButtonStates::Down);
 }
 
 }  // namespace controls

@@ -15,8 +15,8 @@ public:
     QString text(QAccessible::Text text) const override;
     QAccessible::State state() const override;
     QStringList actionNames() const override;
-    /// A press is done once the present event is: a click may open a dialog, and the assistive program would
-    /// wait for its answer until that is closed.
+    /// A press brings the focus, as a click does. It is done once the present event is: a click may open a
+    /// dialog, and the assistive program would wait for its answer until that is closed.
     void doAction(const QString& action) override;
 
 private:

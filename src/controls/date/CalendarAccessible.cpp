@@ -1,6 +1,7 @@
 #include "controls/date/CalendarAccessible.h"
 
 #include "controls/akDate.h"
+#include "controls/base/Action.h"
 #include "controls/base/Display.h"
 #include "controls/date/DateLayout.h"
 
@@ -165,17 +166,13 @@ bool CalendarCellAccessible::isSelected() const {
 }
 
 QStringList CalendarCellAccessible::actionNames() const {
-    return IsNone() || Day() != -1 ? QStringList{pressAction()} : QStringList();
+    const bool canBePicked = isValid() && (IsNone() || Day() != -1) && CanBeActedOn(*date_);
+    return canBePicked ? QStringList{pressAction()} : QStringList();
 }
 
 void CalendarCellAccessible::doAction(const QString& actionName) {
-    if (!isValid() || actionName != pressAction()) {
-        return;
-    }
-    if (IsNone()) {
-        date_->PickNone();
-    } else {
-        date_->PickDay(cell_);
+    if (actionNames().contains(actionName)) {
+        date_->ActOn(cell_);
     }
 }
 

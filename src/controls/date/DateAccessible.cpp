@@ -26,6 +26,12 @@ public:
 
     CalendarAccessible* Table() const { return table_; }
 
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.disabled = state.disabled || !qobject_cast<akDate*>(object())->Enabled();
+        return state;
+    }
+
     int childCount() const override { return static_cast<int>(Parts().size()); }
 
     QAccessibleInterface* child(int index) const override { return Parts().value(index); }
@@ -89,6 +95,13 @@ void Announce(akDate& date, QAccessible::Event what) {
 
 void RegisterDateAccessible() {
     RegisterAccessible<akDate, DateAccessible>();
+}
+
+void AnnounceDateEnabled(akDate& date) {
+    QAccessible::State changed;
+    changed.disabled = true;
+    QAccessibleStateChangeEvent event(&date, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 void AnnounceCalendarOpened(akDate& date) {

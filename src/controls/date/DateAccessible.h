@@ -10,6 +10,9 @@ class akDate;
 /// the days, over the whole width, stands "<None>" where the control allows it.
 void RegisterDateAccessible();
 
+/// Announces that the control, which is disabled with its boxes, is Enabled now or isn't any more.
+void AnnounceDateEnabled(akDate& date);
+
 /// Announces what has become of the calendar. Closing is told while it is still open.
 void AnnounceCalendarOpened(akDate& date);
 void AnnounceCalendarChanged(akDate& date);

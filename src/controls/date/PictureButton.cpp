@@ -1,5 +1,7 @@
 #include "controls/date/PictureButton.h"
 
+#include "controls/base/Accessible.h"
+#include "controls/base/ClickableAccessible.h"
 #include "controls/base/Colour.h"
 #include "controls/base/Display.h"
 #include "controls/base/Triangle.h"
@@ -92,6 +94,7 @@ QColor InkOn(const QColor& face, bool isEnabled) {
 }  // namespace
 
 PictureButton::PictureButton(Picture picture, QWidget* parent) : QPushButton(parent), picture_(picture) {
+    RegisterAccessible<PictureButton, ClickableAccessible>();
     // Enter belongs to the button that has the focus and to no other of the dialog.
     setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);

@@ -71,6 +71,7 @@ void akDate::SetIncludeNone(bool include) {
 }
 
 void akDate::SetEnabled(bool enabled) {
+    const bool changes = enabled != enabled_;
     enabled_ = enabled;
     CloseUp();
     // The one with the focus comes last, so that the focus leaves the control at once and not by way of the
@@ -85,6 +86,9 @@ void akDate::SetEnabled(bool enabled) {
     }
     if (last != nullptr) {
         last->setEnabled(enabled);
+    }
+    if (changes) {
+        AnnounceDateEnabled(*this);
     }
     update();
 }

@@ -1,6 +1,7 @@
 // The date control's calendar: opening and closing it, moving through the months, picking a day, painting.
 
 #include "controls/akDate.h"
+#include "controls/base/Action.h"
 #include "controls/base/Display.h"
 #include "controls/base/Font.h"
 #include "controls/base/LeadingNumber.h"
@@ -113,6 +114,20 @@ void akDate::PickNone() {
     if (droppedDown_) {
         ShowNone();
         CloseUp();
+    }
+}
+
+void akDate::ActOn(CalendarCell cell) {
+    if (!isActiveWindow() || Focused() == nullptr) {
+        BringFocus(*cmdOpen_);
+    }
+    if (cell.row > DayRows) {
+        PickNone();
+    } else {
+        PickDay(cell);
+    }
+    if (!isActiveWindow()) {
+        LoseFocus();
     }
 }
 

@@ -63,6 +63,7 @@ void akDate::ConnectConstituents() {
         connect(box, &DateSegmentBox::PreviousSegment, previous, [previous] { previous->setFocus(); });
         connect(box, &EntryBox::Entered, this, &akDate::EnterSegment);
         connect(box, &EntryBox::Leaving, this, [this, place] { LeaveSegment(place); });
+        connect(box, &EntryBox::LeftUnfocused, this, &akDate::LoseFocus);
     }
     connect(txtNone_, &NoneBox::DateWanted, this, [this](const QString& character) {
         HideNone();

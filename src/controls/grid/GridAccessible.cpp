@@ -2,6 +2,7 @@
 
 #include "controls/akGrid.h"
 #include "controls/base/Accessible.h"
+#include "controls/base/Action.h"
 #include "controls/grid/GridPartAccessible.h"
 
 #include <QAccessibleWidget>
@@ -33,6 +34,13 @@ public:
             return static_cast<QAccessibleTableInterface*>(this);
         }
         return QAccessibleWidget::interface_cast(type);
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        // It's the current cell that has the focus.
+        state.focused = state.focused && Grid().AbsoluteRow() <= 0;
+        return state;
     }
 
     int childCount() const override { return ScrollBarIndex() + (ScrollBar()->isVisible() ? 1 : 0); }
@@ -104,9 +112,10 @@ public:
     bool isColumnSelected(int /*column*/) const override { return false; }
     bool isRowSelected(int row) const override { return selectedRows().contains(row); }
     bool selectRow(int row) override {
-        if (row < 0 || row >= Grid().Rows() || !Grid().isEnabled()) {
+        if (!Grid().CanShowRow(row + 1) || !CanBeActedOn(Grid())) {
             return false;
         }
+        BringFocus(Grid());
         Grid().SetAbsoluteRow(row + 1);
         return true;
     }
@@ -145,6 +154,16 @@ private:
     mutable std::map<std::pair<int, int>, QAccessible::Id> parts_;
 };
 
+void AnnounceOfCell(akGrid& grid, int row, int column, QAccessible::Event what) {
+    const qint64 index = qint64{row} * grid.Cols() + column - 1;
+    if (!QAccessible::isActive() || row < 1 || index > std::numeric_limits<int>::max()) {
+        return;
+    }
+    QAccessibleEvent event(&grid, what);
+    event.setChild(static_cast<int>(index));
+    QAccessible::updateAccessibility(&event);
+}
+
 }  // namespace
 
 void RegisterGridAccessible() {
@@ -152,21 +171,15 @@ void RegisterGridAccessible() {
 }
 
 void AnnounceCell(akGrid& grid, int row, int column) {
-    if (!QAccessible::isActive() || row < 1) {
-        return;
-    }
-    const qint64 index = qint64{row} * grid.Cols() + column - 1;
-    if (index > std::numeric_limits<int>::max()) {
-        return;
-    }
-    const auto announce = [&grid, index](QAccessible::Event type) {
-        QAccessibleEvent event(&grid, type);
-        event.setChild(static_cast<int>(index));
-        QAccessible::updateAccessibility(&event);
-    };
-    announce(QAccessible::Selection);
+    AnnounceOfCell(grid, row, column, QAccessible::Selection);
     if (grid.hasFocus()) {
-        announce(QAccessible::Focus);
+        AnnounceOfCell(grid, row, column, QAccessible::Focus);
+    }
+}
+
+void AnnounceCellDeselected(akGrid& grid, int row, int column) {
+    if (row <= grid.Rows()) {
+        AnnounceOfCell(grid, row, column, QAccessible::SelectionRemove);
     }
 }
 

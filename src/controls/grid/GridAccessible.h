@@ -14,6 +14,9 @@ void RegisterGridAccessible();
 /// Tells them that a cell has become the current one. Row and column are absolute and counted from 1.
 void AnnounceCell(akGrid& grid, int row, int column);
 
+/// Tells them that a cell isn't selected any more.
+void AnnounceCellDeselected(akGrid& grid, int row, int column);
+
 /// Tells them that a row (counted from 0) came or went, or without a row that all may be different now.
 void AnnounceRows(akGrid& grid, QAccessibleTableModelChangeEvent::ModelChangeType change, int row = -1);
 

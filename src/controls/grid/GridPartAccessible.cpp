@@ -1,6 +1,9 @@
 #include "controls/grid/GridPartAccessible.h"
 
 #include "controls/akGrid.h"
+#include "controls/base/Action.h"
+
+#include <QTimer>
 
 #include <limits>
 
@@ -98,22 +101,20 @@ QAccessibleInterface* GridPartAccessible::table() const {
 }
 
 QStringList GridPartAccessible::actionNames() const {
-    return isValid() && grid_->isEnabled() ? QStringList{pressAction()} : QStringList();
+    const bool canBeClicked = isValid() && CanBeActedOn(*grid_) && grid_->ColWidth(column_) > 0 &&
+                              (IsHeader() || grid_->CanShowRow(row_));
+    return canBeClicked ? QStringList{pressAction()} : QStringList();
 }
 
 void GridPartAccessible::doAction(const QString& actionName) {
     if (!actionNames().contains(actionName)) {
         return;
     }
-    if (IsHeader()) {
-        auto index = static_cast<qint16>(column_ - 1);
-        Q_EMIT grid_->HeadClick(index);
-        return;
-    }
-    grid_->SetAbsoluteRow(row_);
-    int row = grid_->Row();
-    int column = column_;
-    grid_->SetCurrentCell(row, column, false);
+    akGrid* grid = grid_;
+    QTimer::singleShot(0, grid, [grid, row = row_, column = column_] {
+        BringFocus(*grid);
+        grid->ClickPart(row, column);
+    });
 }
 
 }  // namespace controls

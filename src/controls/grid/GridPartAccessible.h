@@ -45,6 +45,7 @@ public:
     QAccessibleInterface* table() const override;
 
     QStringList actionNames() const override;
+    /// The focus comes first, as with a click. Done once the present event is, as a click may open a dialog.
     void doAction(const QString& actionName) override;
     QStringList keyBindingsForAction(const QString& /*actionName*/) const override { return {}; }
 

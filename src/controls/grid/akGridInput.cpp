@@ -130,6 +130,22 @@ void akGrid::ClickCell(size_t index) {
     }
 }
 
+void akGrid::ClickPart(int row, int column) {
+    if (row == 0) {
+        ClickLabel({LabelKind::Heading, static_cast<size_t>(column - 1)});
+        return;
+    }
+    if (row <= topOffset_) {
+        SetTopRow(row);
+    } else if (row > Moved(topOffset_, visibleRows_)) {
+        SetTopRow(Moved(row, 1 - visibleRows_));
+    }
+    const auto index = static_cast<size_t>(CellIndex(qint64{row} - topOffset_, column - 1));
+    if (index < cells_.size() && cells_[index].Visible) {
+        ClickCell(index);
+    }
+}
+
 void akGrid::mouseMoveEvent(QMouseEvent* event) {
     const GridLabel* label = LabelOf(LabelAt(event->position().toPoint()));
     setCursor(label != nullptr ? label->Pointer : QCursor());
@@ -163,7 +179,15 @@ bool akGrid::event(QEvent* event) {
 void akGrid::focusInEvent(QFocusEvent* event) {
     Control::focusInEvent(event);
     update();
-    AnnounceCurrentCell();
+    // The toolkit tells last that the list has it, and it's the cell that has.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasFocus()) {
+                AnnounceCurrentCell();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void akGrid::focusOutEvent(QFocusEvent* event) {

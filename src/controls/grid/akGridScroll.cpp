@@ -48,6 +48,7 @@ void akGrid::PositionScrollBar() {
 
 void akGrid::Scrolled() {
     const int rowBefore = AbsoluteRow();
+    const int columnBefore = currentColumn_;
     const auto offset = [this] { return scrollBar_->value() - scrollBar_->minimum(); };
     const auto step = static_cast<qint16>(offset() - topOffset_);
     if (currentRow_ != 0) {
@@ -58,8 +59,14 @@ void akGrid::Scrolled() {
     topOffset_ = offset();
     RefreshCells();
     if (AbsoluteRow() != rowBefore) {
+        AnnounceDeselected(rowBefore, columnBefore);
         AnnounceCurrentCell();
     }
+}
+
+bool akGrid::CanShowRow(int row) const {
+    const int reach = std::max(scrollBar_->maximum() - scrollBar_->minimum(), topOffset_);
+    return row >= 1 && row <= rows_ && row <= Moved(reach, visibleRows_);
 }
 
 void akGrid::SetTopRow(int value) {

@@ -47,8 +47,20 @@ bool akGrid::ChangeCurrentCell(int& row, int& column, bool force) {
 }
 
 void akGrid::SetCurrentCell(int& Row, int& Col, bool bForce) {
+    const int rowBefore = AbsoluteRow();
+    const int columnBefore = currentColumn_;
     if (ChangeCurrentCell(Row, Col, bForce)) {
+        AnnounceDeselected(rowBefore, columnBefore);
         AnnounceCurrentCell();
+    }
+}
+
+void akGrid::AnnounceDeselected(int row, int column) {
+    for (int each = 1; each <= Cols(); ++each) {
+        const bool wasSelected = selectType_ == 0 || each == column;
+        if (column != 0 && wasSelected && !IsSelected(row, each)) {
+            AnnounceCellDeselected(*this, row, each);
+        }
     }
 }
 

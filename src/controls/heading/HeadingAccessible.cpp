@@ -165,6 +165,11 @@ void AnnounceTabSelected(ctlPageHeading& heading, const QString& textBefore) {
             event.setChild(tab);
             QAccessible::updateAccessibility(&event);
         }
+        if (tabs.TabNames[tab] == textBefore) {
+            QAccessibleEvent event(&heading, QAccessible::SelectionRemove);
+            event.setChild(tab);
+            QAccessible::updateAccessibility(&event);
+        }
         if (tabs.IsCurrent(tab) || tabs.TabNames[tab] == textBefore) {
             TellState(heading, tab, selected);
         }

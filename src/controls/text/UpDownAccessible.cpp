@@ -1,5 +1,6 @@
 #include "controls/text/UpDownAccessible.h"
 
+#include "controls/base/Action.h"
 #include "controls/text/UpDownImage.h"
 
 namespace controls {
@@ -108,7 +109,7 @@ void* UpDownButtonAccessible::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QStringList UpDownButtonAccessible::actionNames() const {
-    return {pressAction()};
+    return CanBeActedOn(Button().Image()) ? QStringList{pressAction()} : QStringList();
 }
 
 QStringList UpDownButtonAccessible::keyBindingsForAction(const QString& /*name*/) const {
@@ -116,8 +117,10 @@ QStringList UpDownButtonAccessible::keyBindingsForAction(const QString& /*name*/
 }
 
 void UpDownButtonAccessible::doAction(const QString& name) {
-    UpDownImage& image = Button().Image();
-    if (name == pressAction() && image.isEnabled() && image.isVisible()) {
+    if (actionNames().contains(name)) {
+        UpDownImage& image = Button().Image();
+        // The number that is stepped has the focus for both.
+        BringFocus(*image.parentWidget());
         image.Press(Button().Half());
     }
 }

@@ -1,5 +1,6 @@
 #include "controls/ctlTextBox.h"
 
+#include "controls/base/Accessible.h"
 #include "controls/base/Canvas.h"
 #include "controls/base/Display.h"
 #include "controls/base/LeadingNumber.h"
@@ -7,6 +8,7 @@
 #include "controls/text/InnerTextBox.h"
 #include "platform/Rounding.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 #include <algorithm>
@@ -23,6 +25,19 @@ constexpr qint16 DecimalsOfMoney = 2;
 /// In twips; a control that is smaller has no room for an edit box.
 constexpr int LeastExtent = 20;
 
+/// The focus is that of the edit box inside, and not told twice.
+class TextBoxAccessible : public QAccessibleWidget {
+public:
+    explicit TextBoxAccessible(ctlTextBox* box) : QAccessibleWidget(box) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.focused = false;
+        state.focusable = false;
+        return state;
+    }
+};
+
 }  // namespace
 
 ctlTextBox::ctlTextBox(QWidget* parent) : ctlTextBox(Properties(), parent) {
@@ -30,6 +45,7 @@ ctlTextBox::ctlTextBox(QWidget* parent) : ctlTextBox(Properties(), parent) {
 
 ctlTextBox::ctlTextBox(const Properties& saved, QWidget* parent)
     : Control(parent), box_(new InnerTextBox(this)), imgUpDown_(new UpDownImage(this)) {
+    RegisterAccessible<ctlTextBox, TextBoxAccessible>();
     rules_.marks = NumberMarks::OfTheUser();
     imgUpDown_->hide();
     setFocusProxy(box_);

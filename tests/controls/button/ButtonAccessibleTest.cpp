@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
+#include <QDialog>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -70,6 +71,25 @@ TEST_F(ButtonAccessibleTest, CanBePressedOnceTheEventIsDone) {
     EXPECT_EQ(clicks, 0);
     QCoreApplication::processEvents();
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ButtonAccessibleTest, APressBringsTheFocusBeforeTheClick) {
+    bool isFocused = false;
+    QObject::connect(&button, &ctlButton::Click, &button, [&] { isFocused = button.hasFocus(); });
+    Press();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isFocused);
+}
+
+TEST_F(ButtonAccessibleTest, CanNotBePressedBehindADialog) {
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    EXPECT_FALSE(
+        accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    Press();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clicks, 0);
 }
 
 TEST_F(ButtonAccessibleTest, CanNotBePressedWhileDisabled) {

@@ -1,4 +1,7 @@
+#include "controls/ctlButton.h"
 #include "date/DateForm.h"
+#include "platform/NoDate.h"
+#include "support/OnScreen.h"
 #include "support/PrintQt.h"
 #include "support/ScreenReader.h"
 
@@ -31,6 +34,11 @@ protected:
     static QString Name(QAccessibleInterface* interface) { return interface->text(QAccessible::Name); }
     static void PressOn(QAccessibleInterface* interface) {
         interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    void WriteInto(int box, const QString& text) {
+        QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&form.Box(box));
+        interface->editableTextInterface()->replaceText(0, interface->textInterface()->characterCount(),
+                                                        text);
     }
 
     DateForm form{{.IncludeNone = true}};
@@ -203,6 +211,83 @@ TEST_F(DateAccessibleTest, PressingADayPicksIt) {
     PressOn(CellAt(1, 0));
     EXPECT_EQ(form.Texts(), u"01/03/2009"_s);
     EXPECT_FALSE(form.date.DroppedDown());
+}
+
+TEST_F(DateAccessibleTest, PressingADayBringsTheFocusSoThatTheDateIsStored) {
+    form.date.DropDown();
+    PressOn(CellAt(1, 0));
+    EXPECT_EQ(form.Focus(), u"cmdOpen"_s);
+    form.LeaveControl();
+    EXPECT_EQ(form.date.Value(), QDate(2009, 3, 1));
+}
+
+TEST_F(DateAccessibleTest, PressingTheButtonOfTheCalendarBringsTheFocus) {
+    PressOn(QAccessible::queryAccessibleInterface(&form.Button("cmdOpen")));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form.date.DroppedDown());
+    EXPECT_EQ(form.Focus(), u"cmdOpen"_s);
+    form.LeaveControl();
+    EXPECT_FALSE(form.date.DroppedDown());
+}
+
+TEST_F(DateAccessibleTest, WhatIsWrittenIntoTheBoxesIsStoredWhenTheControlIsLeft) {
+    WriteInto(2, u"02"_s);
+    WriteInto(1, u"31"_s);
+    WriteInto(2, u"05"_s);
+    EXPECT_EQ(form.date.Value(), QDate(2009, 3, 14));
+    form.LeaveControl();
+    EXPECT_EQ(form.date.Value(), QDate(2009, 5, 31));
+}
+
+TEST_F(DateAccessibleTest, WhereTheFocusCanNotComeTheDateIsStoredAtOnce) {
+    form.date.DropDown();
+    QWidget inFront;
+    ShowAndActivate(inFront);
+    PressOn(CellAt(1, 0));
+    EXPECT_EQ(form.date.Value(), QDate(2009, 3, 1));
+    WriteInto(1, u"45"_s);
+    EXPECT_EQ(form.Texts(), u"31/03/2009"_s);
+    EXPECT_EQ(form.date.Value(), QDate(2009, 3, 31));
+}
+
+TEST_F(DateAccessibleTest, WhatWasTypedBeforeAnotherWindowCameIsStoredByAnActionElsewhere) {
+    ctlButton save(ctlButton::Properties{.Caption = u"Save"_s}, &form.window);
+    save.show();
+    QDate stored;
+    QObject::connect(&save, &ctlButton::Click, &form.window, [&] { stored = form.date.Value(); });
+    form.EnterBox(1);
+    form.Type("07");
+    QWidget inFront;
+    ShowAndActivate(inFront);
+    PressOn(QAccessible::queryAccessibleInterface(&save));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(stored, QDate(2009, 3, 7));
+}
+
+TEST_F(DateAccessibleTest, NoneCanNotBeWrittenOver) {
+    form.date.SetValue(platform::NoDate());
+    QAccessibleInterface* none = QAccessible::queryAccessibleInterface(&form.None());
+    none->editableTextInterface()->replaceText(0, 6, u"14"_s);
+    EXPECT_EQ(form.None().text(), u"<None>"_s);
+}
+
+TEST_F(DateAccessibleTest, ADisabledControlSaysSo) {
+    EXPECT_FALSE(Date()->state().disabled);
+    ScreenReader reader(
+        [](const QAccessibleInterface& about) { return about.role() == QAccessible::Grouping; });
+    form.date.SetEnabled(false);
+    EXPECT_TRUE(Date()->state().disabled);
+    EXPECT_EQ(reader.Heard(), QStringList{u"state disabled Start Date"_s});
+    form.date.SetEnabled(false);
+    EXPECT_EQ(reader.Heard(), QStringList());
+}
+
+TEST_F(DateAccessibleTest, ADayOfADisabledFormCanNotBePicked) {
+    form.date.DropDown();
+    form.window.setEnabled(false);
+    EXPECT_EQ(CellAt(1, 0)->actionInterface()->actionNames(), QStringList());
+    PressOn(CellAt(1, 0));
+    EXPECT_EQ(form.Texts(), u"14/03/2009"_s);
 }
 
 TEST_F(DateAccessibleTest, PressingAnEmptyCellDoesNothing) {

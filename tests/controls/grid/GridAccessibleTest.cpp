@@ -18,6 +18,10 @@ protected:
         return *Table().tableInterface()->cellAt(row, column);
     }
     QStringList Heard() { return reader.Heard(); }
+    static void Press(QAccessibleInterface& part) {
+        part.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCoreApplication::processEvents();
+    }
 
     ScreenReader reader;
 };
@@ -46,7 +50,7 @@ TEST_F(GridAccessibleTest, HeadingsAreColumnHeaders) {
     EXPECT_EQ(header->text(QAccessible::Name), u"Owner"_s);
     EXPECT_EQ(CellOf(1, 1).tableCellInterface()->columnHeaderCells(), QList{header});
     EXPECT_EQ(Table().tableInterface()->columnDescription(1), u"Owner"_s);
-    header->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    Press(*header);
     EXPECT_EQ(Events(), QStringList{u"HeadClick 1"_s});
 }
 
@@ -154,14 +158,50 @@ TEST_F(GridAccessibleTest, PressingACellBringsItIntoViewAndMakesItCurrent) {
     LoadShown(20);
     QAccessibleActionInterface* action = CellOf(14, 1).actionInterface();
     EXPECT_EQ(action->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
-    action->doAction(QAccessibleActionInterface::pressAction());
+    Press(CellOf(14, 1));
     EXPECT_EQ(grid->AbsoluteRow(), 15);
     EXPECT_EQ(grid->Col(), 2);
     EXPECT_EQ(FirstColumn().last(), u"r15"_s);
     grid->SetEnabled(false);
-    CellOf(2, 0).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(CellOf(2, 0).actionInterface()->actionNames(), QStringList());
+    Press(CellOf(2, 0));
     EXPECT_EQ(grid->AbsoluteRow(), 15);
     EXPECT_TRUE(CellOf(2, 0).state().disabled);
+}
+
+TEST_F(GridAccessibleTest, PressingACellIsAClickOnIt) {
+    LoadShown(20);
+    ScrollBar().setFocus();
+    Press(CellOf(1, 1));
+    EXPECT_TRUE(grid->hasFocus());
+    EXPECT_EQ(Events(), (QStringList{u"RowColumnChange 2 2 0 0"_s, u"Click"_s}));
+}
+
+TEST_F(GridAccessibleTest, PressingALinkFollowsIt) {
+    LoadShown(20);
+    grid->SetColumnHyperlinks(u"0|1|"_s);
+    grid->SetTopRow(2);
+    grid->SetTopRow(1);
+    Press(CellOf(1, 1));
+    EXPECT_EQ(Events().last(), u"HyperLinkClick 2"_s);
+}
+
+TEST_F(GridAccessibleTest, ACellThatCanNotBeClickedOffersNoAction) {
+    LoadShown(3);
+    grid->SetColWidth(2, 0);
+    EXPECT_EQ(CellOf(0, 1).actionInterface()->actionNames(), QStringList());
+    EXPECT_EQ(Table().child(1)->actionInterface()->actionNames(), QStringList());
+    grid->hide();
+    EXPECT_EQ(CellOf(0, 0).actionInterface()->actionNames(), QStringList());
+}
+
+TEST_F(GridAccessibleTest, ARowThatTheScrollBarDoesNotReachOffersNoAction) {
+    LoadShown(3);
+    grid->SetRows(32767);
+    grid->SetRows(40000);
+    EXPECT_EQ(CellOf(32766, 0).actionInterface()->actionNames().size(), 1);
+    EXPECT_EQ(CellOf(39999, 0).actionInterface()->actionNames(), QStringList());
+    EXPECT_FALSE(Table().tableInterface()->selectRow(39999));
 }
 
 TEST_F(GridAccessibleTest, ARowCanBeSelected) {
@@ -241,7 +281,8 @@ TEST_F(GridAccessibleTest, EachMoveOfTheSelectionIsAnnounced) {
     Heard();
     QTest::keyClick(grid.get(), Qt::Key_Down);
     // The step through the list that comes with it is not.
-    EXPECT_EQ(Heard(), (QStringList{u"selection o6"_s, u"focus o6"_s}));
+    EXPECT_EQ(Heard(),
+              (QStringList{u"deselection r5"_s, u"deselection o5"_s, u"selection o6"_s, u"focus o6"_s}));
     grid->SetRow(5);
     EXPECT_EQ(Heard(), QStringList());
 }
@@ -254,7 +295,7 @@ TEST_F(GridAccessibleTest, ASelectionDraggedAlongIsAnnounced) {
     ScrollTo(2);
     EXPECT_EQ(Heard(), QStringList());
     ScrollTo(6);
-    EXPECT_EQ(Heard(), QStringList{u"selection r6"_s});
+    EXPECT_EQ(Heard(), (QStringList{u"deselection r2"_s, u"deselection o2"_s, u"selection r6"_s}));
 }
 
 TEST_F(GridAccessibleTest, TheFocusThatComesIsAnnouncedForTheCurrentCell) {
@@ -263,7 +304,23 @@ TEST_F(GridAccessibleTest, TheFocusThatComesIsAnnouncedForTheCurrentCell) {
     grid->SetRow(3);
     Heard();
     grid->setFocus();
-    EXPECT_TRUE(Heard().contains(u"focus r3"_s));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Heard().last(), u"focus r3"_s);
+    EXPECT_FALSE(Table().state().focused);
+}
+
+TEST_F(GridAccessibleTest, AListWithoutACurrentCellHasTheFocusItself) {
+    LoadShown(20);
+    grid->setFocus();
+    EXPECT_TRUE(Table().state().focused);
+}
+
+TEST_F(GridAccessibleTest, InCellModeTheCellThatIsLeftIsNoLongerSelected) {
+    LoadShown(20, 1);
+    grid->SetAbsoluteRow(2);
+    Heard();
+    grid->SetCol(2);
+    EXPECT_EQ(Heard(), (QStringList{u"deselection r2"_s, u"selection o2"_s, u"focus o2"_s}));
 }
 
 TEST_F(GridAccessibleTest, RowsThatComeAndGoAreAnnounced) {

@@ -151,15 +151,15 @@ TEST_F(HeadingAccessibleTest, ASelectionIsTold) {
     ShowWizard();
     ScreenReader reader;
     heading->ChangeTab(3);
-    EXPECT_EQ(reader.Heard(), (QStringList{u"state selected Introduction"_s, u"selection Owners"_s,
-                                           u"state selected Owners"_s}));
+    EXPECT_EQ(reader.Heard(), (QStringList{u"deselection Introduction"_s, u"state selected Introduction"_s,
+                                           u"selection Owners"_s, u"state selected Owners"_s}));
     heading->ChangeTab(3);
     EXPECT_EQ(reader.Heard(), QStringList());
     heading->ChangeTabEnabled(1, true);
     reader.Heard();
     Click(150, 60);
     EXPECT_EQ(reader.Heard(), (QStringList{u"selection Bank Accounts"_s, u"state selected Bank Accounts"_s,
-                                           u"state selected Owners"_s}));
+                                           u"deselection Owners"_s, u"state selected Owners"_s}));
 }
 
 TEST_F(HeadingAccessibleTest, EnablingIsToldWhenItChanges) {

@@ -45,6 +45,8 @@ QString What(const QAccessibleEvent& event) {
             return QStringLiteral("focus ");
         case QAccessible::Selection:
             return QStringLiteral("selection ");
+        case QAccessible::SelectionRemove:
+            return QStringLiteral("deselection ");
         case QAccessible::StateChanged:
             return Changed(static_cast<const QAccessibleStateChangeEvent&>(event).changedStates());
         case QAccessible::NameChanged:

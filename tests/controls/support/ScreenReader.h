@@ -8,8 +8,8 @@
 /// A screen reader that runs while it lives: accessibility is switched on, and what the controls tell is
 /// noted in words, with the name of what it is about.
 ///
-///     "focus r1"  "selection r1"  "state disabled pressed Save"  "name March 2009"  "shown March 2009"
-///     "hidden March 2009"  "reorder Wizard"  "rows reset"  "rows inserted 3"  "rows removed 1"
+///     "focus r1"  "selection r1"  "deselection r1"  "state disabled pressed Save"  "name March 2009"  "shown
+///     March 2009" "hidden March 2009"  "reorder Wizard"  "rows reset"  "rows inserted 3"  "rows removed 1"
 ///
 /// Rows are counted from 0. Events of other kinds are not noted.
 class ScreenReader {

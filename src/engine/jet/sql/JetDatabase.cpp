@@ -42,6 +42,7 @@ NewTable ToNewTable(const TableDefinition& table) {
 
 void MakeTables(const QString& path, const std::vector<TableDefinition>& tables) {
     std::vector<NewTable> made;
+    made.reserve(tables.size());
     for (const TableDefinition& table : tables) {
         made.push_back(ToNewTable(table));
     }
