@@ -4,12 +4,11 @@
 
 namespace controls {
 
-/// One of the three boxes of a date. Digits fill it and move on to the next box by themselves when it
-/// is exactly full.
+/// One of the three boxes of a date. Digits fill it and move on to the next box by themselves when it is
+/// exactly full.
 ///
-/// - A digit replaces a selected text whole, otherwise it is added at the end, wherever the caret stands,
-/// even
-///   of a full box: no digit that was typed goes lost unseen.
+/// - A digit replaces a selected text whole, otherwise it is added at the end, wherever the caret stands, and
+///   of a full box too: no digit that was typed goes lost unseen.
 /// - A press of the mouse selects the whole text, so that the next digit begins anew.
 /// - "/", "\" and "-" go on to the next box, as users type them between the parts of a date.
 /// - Left and Right go to the previous and the next box, wherever the caret stands.
