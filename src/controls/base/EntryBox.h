@@ -45,9 +45,8 @@ public:
     /// Where a character is seen, in pixels of the box.
     QRect PlaceOf(int position) const;
 
-public Q_SLOTS:
     // NOLINTNEXTLINE(readability-identifier-naming): takes the place of the edit box's own, in its menu too.
-    void paste();
+    Q_SLOT void paste();
 
 Q_SIGNALS:
     void Entered();
