@@ -57,7 +57,7 @@ class Typist:
         """From the last page to the end of the process. Gives the message at the end."""
         self._until_focus("Finish")
         self.keys(RETURN)
-        message = wait_for("the last message", lambda: self.wizard.front().role == "alert" and
+        message = wait_for("the last message", lambda: self.wizard.box() and
                            self.wizard.all("label"), patience=120)[0].name
         self.look("message")
         self.keys(RETURN)
@@ -194,7 +194,7 @@ class Typist:
 
     def _answer_yes(self):
         """The answer that a question doesn't offer by itself."""
-        wait_for("a question", lambda: self.wizard.front().role == "alert" and
+        wait_for("a question", lambda: self.wizard.box() and
                  self.wizard.focused() == ("push button", "No"))
         self.keys(Key("Left"))
         self.wizard.wait_for_focus("Yes")

@@ -197,8 +197,11 @@ class Wizard:
         wait_for(f"the window {title}", lambda: self.is_active(title))
 
     def is_active(self, title):
-        front = self.front()
-        return front.name == title and "ACTIVE" in front.states()
+        try:
+            front = self.front()
+            return front.name == title and "ACTIVE" in front.states()
+        except Exception:  # A window that is gone by the time it is asked isn't.
+            return False
 
     def fill_in_landlord(self, balance=None):
         """The shortest way from the first page to the last: one owner, one property, one tenant, whose balance isn't
