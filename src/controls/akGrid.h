@@ -69,6 +69,11 @@ public:
     Colour SelectColour() const { return selectColour_; }
     void SetSelectColour(Colour colour) { selectColour_ = colour; }
 
+    /// What shows where no heading and no cell lies: in the strip, beside and below them. The desktop's
+    /// colour behind documents, unless a form gives another.
+    Colour BackColor() const { return backColor_; }
+    void SetBackColor(Colour colour);
+
     int Cols() const { return static_cast<int>(columns_.size()); }
 
     /// Absolute number of the first row on view. A write scrolls as far as the rows go.
@@ -266,6 +271,7 @@ private:
     int currentColumn_ = 0;
     int selectType_ = 0;
     Colour selectColour_ = RGB(255, 255, 150);
+    Colour backColor_ = SystemColours::ApplicationWorkspace;
     qint16 rowSelectorWidth_ = 255;
     qint16 lastHeight_ = 0;
     bool bulkAdd_ = false;

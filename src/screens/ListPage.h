@@ -38,13 +38,15 @@ public:
                                          .ColumnAlignments = zeros,
                                          .Hyperlinks = zeros,
                                          .RowCount = QStringLiteral("0")},
-                                        this, QRect(0, 450, 8625, HeightOfGrid));
+                                        this, QRect(0, 450, Width, HeightOfGrid));
         akGrid1_->setObjectName(QStringLiteral("akGrid1"));
         akGrid1_->setAccessibleName(Own::List);
+        akGrid1_->SetBackColor(Ground);
+        ShareWidth();
         // An empty grid reckons with lower rows than it lays out later. Told the true height now, it shows
         // all the rows that it counts as visible, also those that come while the page is on show.
         akGrid1_->SetRowHeight(HeightOfRows);
-        PutAt(*akGrid1_, {0, 450, 8625, HeightOfGrid});
+        PutAt(*akGrid1_, {0, 450, Width, HeightOfGrid});
         AddButton(QStringLiteral("ctlButton1"), QStringLiteral("Add"), 0, &ListPage::Add);
         AddButton(QStringLiteral("ctlButton2"), QStringLiteral("Edit"), 1, &ListPage::Edit);
         AddButton(QStringLiteral("ctlButton3"), QStringLiteral("Remove"), 2, &ListPage::Remove);
@@ -63,8 +65,24 @@ public:
 
 private:
     static constexpr int HeightOfRows = 240;
-    /// 22 rows, the heading and the grid's own margin.
-    static constexpr int HeightOfGrid = 22 * 225 + 330;
+    /// 20 rows, the heading and the grid's own margin.
+    static constexpr int HeightOfGrid = 20 * 225 + 330;
+    static constexpr int Width = 11490;
+    /// The strip on the left, and the scroll bar with its margin.
+    static constexpr int WidthBesideColumns = 255 + 255 + 2 * 60;
+    /// Lets the white rows of a short list stand out, without a field of grey below them.
+    static constexpr controls::Colour Ground = controls::RGB(238, 243, 248);
+
+    /// The columns share the width of the page in the proportion of their own widths.
+    void ShareWidth() {
+        int all = 0;
+        for (int column = 1; column <= akGrid1_->Cols(); ++column) {
+            all += akGrid1_->ColWidth(column);
+        }
+        for (int column = 1; column <= akGrid1_->Cols(); ++column) {
+            akGrid1_->SetColWidth(column, akGrid1_->ColWidth(column) * (Width - WidthBesideColumns) / all);
+        }
+    }
 
     void AddButton(const QString& name, const QString& caption, int place, void (ListPage::*action)()) {
         auto* button = new controls::ctlButton({.Caption = caption}, this);

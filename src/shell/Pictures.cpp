@@ -14,14 +14,14 @@ namespace shell {
 
 namespace {
 
-QString PictureFile() {
+QString PictureFile(const char* name) {
     BringPictures();
-    return QStringLiteral(":/pictures/wrenfield-wizard.svg");
+    return QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(name));
 }
 
-class Picture : public QWidget {
+class WarningSign : public QWidget {
 public:
-    explicit Picture(QWidget* parent) : QWidget(parent), renderer_(PictureFile()) {
+    explicit WarningSign(QWidget* parent) : QWidget(parent), renderer_(PictureFile("warning")) {
         setObjectName(QStringLiteral("Image1"));
     }
 
@@ -38,7 +38,7 @@ private:
 }  // namespace
 
 QIcon WizardIcon() {
-    QSvgRenderer renderer(PictureFile());
+    QSvgRenderer renderer(PictureFile("wrenfield-wizard"));
     QIcon icon;
     for (const int side : {16, 32, 48, 128}) {
         QPixmap pixmap(side, side);
@@ -51,8 +51,8 @@ QIcon WizardIcon() {
     return icon;
 }
 
-void AddPicture(QWidget* page, const screens::Place& place) {
-    screens::PutAt(*new Picture(page), place);
+void AddWarningSign(QWidget* page, const screens::Place& place) {
+    screens::PutAt(*new WarningSign(page), place);
 }
 
 }  // namespace shell

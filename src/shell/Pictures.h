@@ -11,7 +11,7 @@ namespace shell {
 /// The wizard's own picture: the icon of its windows.
 QIcon WizardIcon();
 
-/// Image1 of the opening and the closing page: the same picture, drawn sharp at every scale factor.
-void AddPicture(QWidget* page, const screens::Place& place);
+/// Image1 of the opening and the closing page, drawn sharp at every scale factor.
+void AddWarningSign(QWidget* page, const screens::Place& place);
 
 }  // namespace shell

@@ -10,8 +10,8 @@ namespace shell {
 
 ctlFinish::ctlFinish(QWidget* parent) : QWidget(parent) {
     setPalette(screens::PaperPalette());
-    lblResult_ = screens::AddLabel(this, QStringLiteral("lblResult"), QString(), {0, 0, 11000, 1400});
-    AddWarning(this, 1500);
+    lblResult_ = AddOpening(this, QStringLiteral("lblResult"), QString(), 1950);
+    AddWarning(this, 2250);
 }
 
 void ctlFinish::Initialise() {

@@ -7,12 +7,12 @@ namespace shell {
 
 ctlPageIntro::ctlPageIntro(QWidget* parent) : QWidget(parent) {
     setPalette(screens::PaperPalette());
-    screens::AddLabel(
+    AddOpening(
         this, QStringLiteral("Label2"),
         QStringLiteral(
             "This wizard will help you create your first bank accounts, owners, properties and tenants."),
-        {0, 0, 11000, 600});
-    AddWarning(this, 900);
+        600);
+    AddWarning(this, 1050);
 }
 
 }  // namespace shell

@@ -34,6 +34,9 @@ namespace {
 constexpr int InnerWidth = 11970;
 constexpr int InnerHeight = 8895;
 constexpr int Margin = 240;
+constexpr int TopOfButtons = InnerHeight - Margin - screens::ButtonHeight;
+/// Between what belongs to a page and the wizard's own buttons.
+constexpr int TopOfLine = TopOfButtons - 330;
 constexpr qint16 FirstTab = 0;
 
 /// A window to assistive programs; a plain widget is no more than a part of one to them.
@@ -105,20 +108,24 @@ void frmMain::AddButtons() {
     // The largest button, and just as large as the picture on it, which is not stretched.
     constexpr int NextWidth = 2250;
     constexpr int Gap = 120;
-    constexpr int Top = InnerHeight - Margin - ButtonHeight;
-    constexpr int FinishLeft = InnerWidth - Margin - ButtonWidth;
+    // Cancel asks no question. So it is kept away from the buttons that are pressed often, those of the pages
+    // too, which stand on the left.
+    constexpr int GapOfCancel = 600;
+    constexpr int Top = TopOfButtons;
+    constexpr int CancelLeft = InnerWidth - Margin - ButtonWidth;
+    constexpr int FinishLeft = CancelLeft - GapOfCancel - ButtonWidth;
     constexpr int NextLeft = FinishLeft - Gap - NextWidth;
     constexpr int BackLeft = NextLeft - Gap - ButtonWidth;
     AddButton(QStringLiteral("cmdHelp"), QStringLiteral("Help"), {Margin, Top, ButtonWidth, ButtonHeight},
               &frmMain::ShowHelp);
-    AddButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"),
-              {Margin + ButtonWidth + Gap, Top, ButtonWidth, ButtonHeight}, &frmMain::Cancel);
     cmdBack_ = AddButton(QStringLiteral("cmdBack"), QStringLiteral("Back"),
                          {BackLeft, Top, ButtonWidth, ButtonHeight}, &frmMain::GoBack);
     cmdNext_ = AddButton(QStringLiteral("cmdNext"), QStringLiteral("Next"),
                          {NextLeft, Top, NextWidth, ButtonHeight}, &frmMain::GoNext);
     cmdFinish_ = AddButton(QStringLiteral("cmdFinish"), QStringLiteral("Finish"),
                            {FinishLeft, Top, ButtonWidth, ButtonHeight}, &frmMain::Finish);
+    AddButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"),
+              {CancelLeft, Top, ButtonWidth, ButtonHeight}, &frmMain::Cancel);
 }
 
 ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const screens::Place& place,
@@ -132,7 +139,7 @@ ctlButton* frmMain::AddButton(const QString& name, const QString& caption, const
 
 void frmMain::AddTutorialLink() {
     auto* link = new TutorialLink(this);
-    screens::PutAt(*link, {Margin, 7815, 4350, 330});
+    screens::PutAt(*link, {Margin, TopOfLine - 450, 4350, 330});
 }
 
 void frmMain::ActivateOnce() {
@@ -165,6 +172,8 @@ void frmMain::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     controls::PaintedCanvas canvas(&painter, width(), height());
     PaintMainForm(canvas);
+    canvas.Line(15, TopOfLine, controls::ToTwips(width()) - 30, TopOfLine, controls::ThePalette().Frame,
+                controls::LineForm::Line);
     if (!ActivatedOnce_) {
         // Behind this event: what is painted in it is on the screen then, behind all boxes.
         QMetaObject::invokeMethod(this, &frmMain::ActivateOnce, Qt::QueuedConnection);

@@ -1,4 +1,5 @@
 #include "controls/akGrid.h"
+#include "controls/base/Display.h"
 #include "controls/ctlButton.h"
 #include "controls/ctlTextBox.h"
 #include "screens/ListPages.h"
@@ -234,6 +235,21 @@ template <typename Page>
 QString LabelOf() {
     const Page page(nullptr, records::TheCollections());
     return page.template findChild<QLabel*>(QStringLiteral("Label1"))->text();
+}
+
+// So that long names have room, and the white page ends where the list begins.
+TEST_F(TenantPageTest, TheListIsAsWideAsThePageAndItsColumnsShareThat) {
+    page.resize(766, 433);
+    EXPECT_EQ(Grid().width(), 766);
+    EXPECT_EQ(Grid().ColWidth(1), Grid().ColWidth(2));
+    constexpr int StripAndScrollBar = 41;
+    EXPECT_NEAR(controls::ToPixels(Grid().ColWidth(1) + Grid().ColWidth(2)), 766 - StripAndScrollBar, 3);
+    EXPECT_EQ(PixelAt(Grid(), 300, Grid().height() - 10), QColor(238, 243, 248)) << "below a short list";
+}
+
+TEST_F(OwnerPageTest, TheOnlyColumnHasAllTheWidth) {
+    constexpr int StripAndScrollBar = 41;
+    EXPECT_NEAR(controls::ToPixels(Grid().ColWidth(1)), Grid().width() - StripAndScrollBar, 3);
 }
 
 TEST(ListPages, SayWhatToEnter) {

@@ -45,6 +45,33 @@ TEST_F(FormFrameTest, AnotherSizeMovesTheFrameAndWidensTheHeadingAndNothingElse)
     EXPECT_EQ(PixelAt(*form, 797, 592), QColor(Qt::white));
 }
 
+// Cancel ends everything without a question.
+TEST_F(FormFrameTest, CancelStandsApartFromAllThatIsPressedOften) {
+    const QRect cancel = Find("cmdCancel").geometry();
+    for (const char* name : {"cmdHelp", "cmdBack", "cmdNext", "cmdFinish"}) {
+        const QRect other = Find(name).geometry();
+        EXPECT_EQ(other.top(), cancel.top()) << name;
+        EXPECT_FALSE(other.adjusted(-30, 0, 30, 0).intersects(cancel)) << name;
+    }
+    const QWidget& page = Find("ctlPageAccounts1");
+    for (const char* name : {"ctlButton1", "ctlButton2", "ctlButton3"}) {
+        const auto* button = page.findChild<QWidget*>(QString::fromLatin1(name));
+        const QRect place(button->mapTo(form.get(), QPoint()), button->size());
+        EXPECT_GT(cancel.left() - place.right(), 200) << name;
+        EXPECT_GT(cancel.top() - place.bottom(), 60) << name;
+    }
+}
+
+TEST_F(FormFrameTest, ALinePartsThePagesFromTheButtonsOfTheWizard) {
+    const int line = Find("cmdHelp").geometry().top() - 22;
+    for (const int x : {1, 400, 796}) {
+        EXPECT_EQ(PixelAt(*form, x, line), frame) << x;
+        EXPECT_EQ(PixelAt(*form, x, line - 1), QColor(Qt::white)) << x;
+        EXPECT_EQ(PixelAt(*form, x, line + 1), QColor(Qt::white)) << x;
+    }
+    EXPECT_LT(Find("lblTutorial").geometry().bottom(), line);
+}
+
 TEST_F(FormFrameTest, ASecondActivationOpensNothingAndResetsNothing) {
     Press("cmdNext");
     QFile::remove(workplace.Path(QStringLiteral("property.mdb")));

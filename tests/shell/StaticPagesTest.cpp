@@ -41,6 +41,24 @@ TEST_F(StaticPagesTest, TheFirstPageSaysWhatWillHappen) {
     EXPECT_TRUE(Has(page, changeLater));
 }
 
+// Beside words that all will be deleted.
+TEST_F(StaticPagesTest, ASignOfWarningStandsBesideTheWarning) {
+    for (const char* name : {"ctlPageIntro1", "ctlFinish1"}) {
+        QWidget& page = Find(name);
+        auto& sign = *page.findChild<QWidget*>(QStringLiteral("Image1"));
+        const auto& words = *page.findChild<QLabel*>(QStringLiteral("Label1"));
+        EXPECT_NEAR(sign.geometry().center().y(), words.geometry().center().y(), 1) << name;
+        EXPECT_TRUE(words.alignment().testFlag(Qt::AlignVCenter)) << name;
+        EXPECT_GT(words.geometry().left(), sign.geometry().right()) << name;
+        const QImage picture = sign.grab().toImage();
+        const QPointF middle(picture.width() / 2.0, picture.height() / 2.0);
+        const QColor ink = picture.pixelColor(middle.toPoint());
+        const QColor ground = picture.pixelColor((middle + QPointF(picture.width() / 8.0, 0)).toPoint());
+        EXPECT_LT(ink.lightness(), 80) << name << ": the mark within the sign";
+        EXPECT_GT(ground.red() - ground.blue(), 120) << name << ": the sign is yellow";
+    }
+}
+
 TEST_F(StaticPagesTest, TheLastPageCountsInThePluralAndWarnsAgain) {
     const QWidget& page = Find("ctlFinish1");
     Heading().ChangeTabEnabled(6, true);

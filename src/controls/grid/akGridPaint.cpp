@@ -9,23 +9,27 @@ namespace controls {
 namespace {
 
 /// The highlight of some desktops can hardly be told from the ground.
-Colour FocusColour() {
-    const QColor colour =
-        ReadableOn(ToQColor(SystemColours::ApplicationWorkspace), ToQColor(SystemColours::Highlight));
+Colour FocusColourOn(Colour ground) {
+    const QColor colour = ReadableOn(ToQColor(ground), ToQColor(SystemColours::Highlight));
     return RGB(static_cast<std::uint32_t>(colour.red()), static_cast<std::uint32_t>(colour.green()),
                static_cast<std::uint32_t>(colour.blue()));
 }
 
 }  // namespace
 
+void akGrid::SetBackColor(Colour colour) {
+    backColor_ = colour;
+    update();
+}
+
 void akGrid::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     PaintedCanvas canvas(&painter, width(), height());
     const int right = ToTwips(width() - 1);
     const int bottom = ToTwips(height() - 1);
-    canvas.Line(0, 0, right, bottom, SystemColours::ApplicationWorkspace, LineForm::FilledBox);
+    canvas.Line(0, 0, right, bottom, backColor_, LineForm::FilledBox);
     if (hasFocus()) {
-        canvas.Line(0, 0, right, bottom, FocusColour(), LineForm::Outline);
+        canvas.Line(0, 0, right, bottom, FocusColourOn(backColor_), LineForm::Outline);
     }
     const GridLook look = isEnabled() ? GridLook::Enabled : GridLook::Disabled;
     for (const GridLabel& heading : headings_) {

@@ -51,6 +51,14 @@ protected:
     }
 };
 
+TEST_F(GridPaintTest, TheGroundHasTheColourThatTheFormGives) {
+    LoadShown(2);
+    EXPECT_EQ(grid->BackColor(), SystemColours::ApplicationWorkspace);
+    grid->SetBackColor(RGB(238, 243, 248));
+    EXPECT_EQ(grid->BackColor(), RGB(238, 243, 248));
+    EXPECT_EQ(Pixel(100, 60), QColor(238, 243, 248));
+}
+
 TEST_F(GridPaintTest, TheGroundShowsWhereNoLabelLies) {
     LoadShown(2);
     EXPECT_EQ(Pixel(8, 8), Ground());    // The selector strip beside the headings,
