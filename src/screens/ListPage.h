@@ -47,7 +47,7 @@ public:
         // all the rows that it counts as visible, also those that come while the page is on show.
         akGrid1_->SetRowHeight(HeightOfRows);
         PutAt(*akGrid1_, {0, 450, Width, HeightOfGrid});
-        AddButton(QStringLiteral("ctlButton1"), QStringLiteral("Add"), 0, &ListPage::Add);
+        add_ = AddButton(QStringLiteral("ctlButton1"), QStringLiteral("Add"), 0, &ListPage::Add);
         AddButton(QStringLiteral("ctlButton2"), QStringLiteral("Edit"), 1, &ListPage::Edit);
         AddButton(QStringLiteral("ctlButton3"), QStringLiteral("Remove"), 2, &ListPage::Remove);
     }
@@ -62,6 +62,9 @@ public:
 
     /// Whether the page may be left forward. Where it may not, the user has been told why.
     bool IsValid() { return Own::MayLeave(Own::Collection(all_)); }
+
+    /// Who comes here mostly comes to add records, one after the other.
+    QWidget* FirstField() const { return add_; }
 
 private:
     static constexpr int HeightOfRows = 240;
@@ -84,12 +87,14 @@ private:
         }
     }
 
-    void AddButton(const QString& name, const QString& caption, int place, void (ListPage::*action)()) {
+    controls::ctlButton* AddButton(const QString& name, const QString& caption, int place,
+                                   void (ListPage::*action)()) {
         auto* button = new controls::ctlButton({.Caption = caption}, this);
         button->setObjectName(name);
         constexpr int Pitch = 1700;
         PutAt(*button, {place * Pitch, 450 + HeightOfGrid + 150, ButtonWidth, ButtonHeight});
         connect(button, &controls::ctlButton::Click, this, action);
+        return button;
     }
 
     void Add() {
@@ -140,6 +145,7 @@ private:
 
     records::Collections& all_;
     controls::akGrid* akGrid1_;
+    controls::ctlButton* add_ = nullptr;
 };
 
 }  // namespace screens

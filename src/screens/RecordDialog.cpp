@@ -124,6 +124,11 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
     event->accept();
 }
 
+void DialogWindow::mousePressEvent(QMouseEvent* /*event*/) {
+    // A press that no control takes leaves the control that has the focus: an open calendar closes.
+    setFocus(Qt::MouseFocusReason);
+}
+
 QString TextOf(double number) {
     return controls::GeneralText(number, controls::NumberMarks::OfTheUser());
 }

@@ -52,6 +52,7 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     bool activated_ = false;
@@ -60,7 +61,7 @@ private:
 /// A dialog that makes one new record, or changes one in place. It serves one use: the caller creates it,
 /// sets the field of the record to be changed (or doesn't), runs it, looks at the field of the record made,
 /// and destroys it. Nothing is written before all checks have passed; the first that fails is told and leaves
-/// the dialog as it is.
+/// the dialog as it is, with the focus in the field to be mended.
 ///
 /// Collection is one of the four collections, Entry what the rules of entry look at.
 template <typename Collection, typename Entry>
@@ -84,7 +85,10 @@ protected:
     /// What the user has entered, as far as the checks look at it.
     virtual Entry Entered() const = 0;
     virtual const QString& NameIn(const Entry& entry) const = 0;
-    /// Asks about an entry that is unusual but can be meant.
+    virtual QWidget& NameField() const = 0;
+    /// Where the fault is mended. Most entries can be wrong in their name alone.
+    virtual QWidget& FieldOf(const records::EntryFault& /*fault*/) const { return NameField(); }
+    /// Asks about an entry that is unusual but can be meant. Where it isn't, the focus is in the field.
     virtual bool IsConfirmed(const Entry& /*entry*/) { return true; }
     /// Fills in what is only converted once all checks have passed.
     virtual void Complete(Entry& /*entry*/) const {}
@@ -101,9 +105,14 @@ protected:
         Entry entry = Entered();
         if (const records::EntryFaults faults = records::FaultsOf(entry); !faults.empty()) {
             platform::ShowMessageBox(faults.front().Message);
+            FieldOf(faults.front()).setFocus();
             return;
         }
-        if (!IsConfirmed(entry) || Records().NameExists(NameIn(entry), edit_)) {
+        if (!IsConfirmed(entry)) {
+            return;
+        }
+        if (Records().NameExists(NameIn(entry), edit_)) {
+            NameField().setFocus();
             return;
         }
         Complete(entry);

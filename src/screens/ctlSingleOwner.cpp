@@ -32,4 +32,8 @@ bool ctlSingleOwner::IsValid() {
     return true;
 }
 
+QWidget* ctlSingleOwner::FirstField() const {
+    return txtName_;
+}
+
 }  // namespace screens

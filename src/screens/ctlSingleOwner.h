@@ -26,6 +26,8 @@ public:
     /// Always true: an empty name is an owner too.
     bool IsValid();
 
+    QWidget* FirstField() const;
+
 private:
     records::Owners& owners_;
     controls::ctlTextBox* txtName_;

@@ -37,6 +37,10 @@ const QString& frmBankAccount::NameIn(const records::BankAccountEntry& entry) co
     return entry.BankAccountName;
 }
 
+QWidget& frmBankAccount::NameField() const {
+    return *txtName_;
+}
+
 std::shared_ptr<records::BankAccount> frmBankAccount::Make(const records::BankAccountEntry& entry) {
     return records::MakeRecord(entry);
 }

@@ -19,6 +19,7 @@ protected:
     void ShowRecord(const records::BankAccount& record) override;
     records::BankAccountEntry Entered() const override;
     const QString& NameIn(const records::BankAccountEntry& entry) const override;
+    QWidget& NameField() const override;
     std::shared_ptr<records::BankAccount> Make(const records::BankAccountEntry& entry) override;
 
 private:

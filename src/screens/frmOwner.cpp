@@ -25,6 +25,10 @@ const QString& frmOwner::NameIn(const records::OwnerEntry& entry) const {
     return entry.OwnersName;
 }
 
+QWidget& frmOwner::NameField() const {
+    return *txtName_;
+}
+
 std::shared_ptr<records::Owner> frmOwner::Make(const records::OwnerEntry& entry) {
     return records::MakeRecord(entry);
 }

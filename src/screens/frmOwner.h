@@ -19,6 +19,7 @@ protected:
     void ShowRecord(const records::Owner& record) override;
     records::OwnerEntry Entered() const override;
     const QString& NameIn(const records::OwnerEntry& entry) const override;
+    QWidget& NameField() const override;
     std::shared_ptr<records::Owner> Make(const records::OwnerEntry& entry) override;
 
 private:

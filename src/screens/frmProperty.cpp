@@ -118,6 +118,10 @@ const QString& frmProperty::NameIn(const records::PropertyEntry& entry) const {
     return entry.Address1;
 }
 
+QWidget& frmProperty::NameField() const {
+    return *txtAddress1_;
+}
+
 std::shared_ptr<records::Property> frmProperty::Make(const records::PropertyEntry& entry) {
     return records::AddPropertyWithUnits(Records(), entry);
 }

@@ -26,6 +26,7 @@ protected:
     void ShowRecord(const records::Property& record) override;
     records::PropertyEntry Entered() const override;
     const QString& NameIn(const records::PropertyEntry& entry) const override;
+    QWidget& NameField() const override;
     std::shared_ptr<records::Property> Make(const records::PropertyEntry& entry) override;
 
 private:

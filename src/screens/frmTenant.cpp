@@ -154,8 +154,30 @@ const QString& frmTenant::NameIn(const records::TenantEntry& entry) const {
     return entry.Name;
 }
 
+QWidget& frmTenant::NameField() const {
+    return *txtName_;
+}
+
+QWidget& frmTenant::FieldOf(const records::EntryFault& fault) const {
+    const QLatin1String field(fault.Field);
+    if (field == QLatin1String("PropertyName")) {
+        return *cboProperty_;
+    }
+    if (field == QLatin1String("StartDate")) {
+        return *datStart_;
+    }
+    if (field == QLatin1String("Setbalance")) {
+        return *optDont_;
+    }
+    return NameField();
+}
+
 bool frmTenant::IsConfirmed(const records::TenantEntry& entry) {
-    return !records::NeedsZeroRentAnswer(entry) || platform::AskQuestion(records::EntryQuestion::ZeroRent);
+    if (!records::NeedsZeroRentAnswer(entry) || platform::AskQuestion(records::EntryQuestion::ZeroRent)) {
+        return true;
+    }
+    txtRent_->setFocus();
+    return false;
 }
 
 void frmTenant::Complete(records::TenantEntry& entry) const {

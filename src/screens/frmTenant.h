@@ -23,6 +23,8 @@ protected:
     void ShowRecord(const records::Tenant& record) override;
     records::TenantEntry Entered() const override;
     const QString& NameIn(const records::TenantEntry& entry) const override;
+    QWidget& NameField() const override;
+    QWidget& FieldOf(const records::EntryFault& fault) const override;
     bool IsConfirmed(const records::TenantEntry& entry) override;
     void Complete(records::TenantEntry& entry) const override;
     std::shared_ptr<records::Tenant> Make(const records::TenantEntry& entry) override;

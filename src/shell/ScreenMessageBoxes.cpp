@@ -1,7 +1,9 @@
 #include "shell/ScreenMessageBoxes.h"
 
 #include "controls/base/Display.h"
+#include "controls/base/Font.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QGridLayout>
 #include <QMessageBox>
@@ -20,6 +22,14 @@ void MakeRoomForTitle(QMessageBox& box) {
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
         grid->addItem(new QSpacerItem(controls::ToPixels(4200), 0), grid->rowCount(), 0, 1,
                       grid->columnCount());
+    }
+}
+
+/// Without the pictures that some desktops put on such buttons: no button of the wizard has one.
+void SetButtons(QMessageBox& box, QMessageBox::StandardButtons buttons) {
+    box.setStandardButtons(buttons);
+    for (QAbstractButton* button : box.buttons()) {
+        button->setIcon({});
     }
 }
 
@@ -42,6 +52,7 @@ QWidget* WindowBehind() {
 
 Answer ScreenMessageBoxes::Show(const platform::MessageBoxRequest& request) {
     QMessageBox box(WindowBehind());
+    box.setFont(controls::ControlFont());
     box.setWindowTitle(request.title);
     // What the user has typed is shown as it stands, also where it looks like markup.
     box.setTextFormat(Qt::PlainText);
@@ -51,11 +62,11 @@ Answer ScreenMessageBoxes::Show(const platform::MessageBoxRequest& request) {
     }
     MakeRoomForTitle(box);
     if (request.buttons == Buttons::Ok) {
-        box.setStandardButtons(QMessageBox::Ok);
+        SetButtons(box, QMessageBox::Ok);
         box.exec();
         return Answer::Ok;
     }
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    SetButtons(box, QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;

@@ -6,6 +6,7 @@
 #include "platform/Locale.h"
 #include "platform/Process.h"
 #include "platform/Utf8.h"
+#include "shell/Pictures.h"
 #include "shell/ScreenMessageBoxes.h"
 #include "shell/frmMain.h"
 
@@ -49,6 +50,8 @@ int Main(int argc, char** argv, std::vector<PageKind> kinds) {
     WizardApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("wrenfield-wizard"));
     QApplication::setDesktopFileName(QStringLiteral("wrenfield-wizard"));
+    // Of every window, a box before the form shows included.
+    QApplication::setWindowIcon(WizardIcon());
     platform::LoadSystemLocale();
     ScreenMessageBoxes boxes;
     platform::SetMessageBoxPort(&boxes);

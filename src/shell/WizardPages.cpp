@@ -41,7 +41,7 @@ QWidget* MakePage(QWidget* parent) {
     }
 }
 
-/// A page has Initialise and IsValid if there is something to fill in or to check.
+/// A page has Initialise, IsValid and FirstField if there is something to fill in, to check or to enter.
 template <typename Page>
 PageKind KindOf(const QString& tab, const QString& name, std::optional<int> helpTopic,
                 bool (*isMeant)() = IsForAll) {
@@ -51,12 +51,16 @@ PageKind KindOf(const QString& tab, const QString& name, std::optional<int> help
                   .IsMeant = isMeant,
                   .Make = MakePage<Page>,
                   .Initialise = [](QWidget& /*page*/) {},
-                  .IsValid = [](QWidget& /*page*/) { return true; }};
+                  .IsValid = [](QWidget& /*page*/) { return true; },
+                  .FirstField = [](const QWidget& /*page*/) -> QWidget* { return nullptr; }};
     if constexpr (requires(Page page) { page.Initialise(); }) {
         kind.Initialise = [](QWidget& page) { static_cast<Page&>(page).Initialise(); };
     }
     if constexpr (requires(Page page) { page.IsValid(); }) {
         kind.IsValid = [](QWidget& page) { return static_cast<Page&>(page).IsValid(); };
+    }
+    if constexpr (requires(const Page page) { page.FirstField(); }) {
+        kind.FirstField = [](const QWidget& page) { return static_cast<const Page&>(page).FirstField(); };
     }
     return kind;
 }

@@ -21,6 +21,8 @@ struct PageKind {
     std::function<void(QWidget& page)> Initialise;  ///< Fills it from the records, each time it comes up.
     /// Whether it may be left forward; the user has been told why not.
     std::function<bool(QWidget& page)> IsValid;
+    /// Where the user begins on it; null where there is nothing to enter.
+    std::function<QWidget*(const QWidget& page)> FirstField;
 };
 
 /// All pages, in the order of their tabs. A page that comes is a line here.

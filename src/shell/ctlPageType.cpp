@@ -77,4 +77,8 @@ bool ctlPageType::IsValid() {
     return true;
 }
 
+QWidget* ctlPageType::FirstField() const {
+    return optManager_->isChecked() ? optManager_ : optLandlord_;
+}
+
 }  // namespace shell

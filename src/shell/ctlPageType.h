@@ -25,6 +25,9 @@ public:
     /// controls.
     bool IsValid();
 
+    /// The chosen option, or the first while none is.
+    QWidget* FirstField() const;
+
 private:
     void AddOptions();
     void AddManagerFields();

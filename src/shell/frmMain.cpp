@@ -15,7 +15,6 @@
 #include "screens/Paper.h"
 #include "shell/Help.h"
 #include "shell/MainModule.h"
-#include "shell/Pictures.h"
 #include "shell/TutorialLink.h"
 #include "shell/UI.h"
 
@@ -62,7 +61,6 @@ frmMain::frmMain(const QString& commandLine, std::vector<PageKind> kinds)
     }
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Wrenfield Wizard"));
-    setWindowIcon(WizardIcon());
     setPalette(screens::PaperPalette());
     InitialiseHelp(static_cast<quint32>(winId()));
     controls::InitialiseColours();
@@ -159,8 +157,7 @@ void frmMain::ActivateOnce() {
     cmdBack_->SetEnabled(false);
     cmdFinish_->SetEnabled(false);
     ShowPage();
-    // The first page asks for nothing: Enter goes on.
-    cmdNext_->setFocus();
+    FocusFirstField();
 }
 
 void frmMain::resizeEvent(QResizeEvent* event) {
@@ -182,6 +179,11 @@ void frmMain::paintEvent(QPaintEvent* /*event*/) {
 
 void frmMain::closeEvent(QCloseEvent* /*event*/) {
     Close();
+}
+
+void frmMain::mousePressEvent(QMouseEvent* /*event*/) {
+    // A press that no control takes leaves the control that has the focus: an open calendar closes.
+    setFocus(Qt::MouseFocusReason);
 }
 
 const frmMain::FormPage& frmMain::CurrentPage() const {
@@ -208,32 +210,43 @@ void frmMain::EnableButtons() {
     cmdBack_->SetEnabled(index > FirstTab);
     cmdNext_->SetEnabled(index != LastTab());
     cmdFinish_->SetEnabled(index == LastTab());
-    // A button that can't be clicked any more must not keep the keyboard. Finish doesn't get it by itself:
-    // one more Enter would delete what is in the database.
-    if (const auto* focused = qobject_cast<ctlButton*>(focusWidget()); focused && !focused->Enabled()) {
-        (cmdNext_->Enabled() ? cmdNext_ : cmdBack_)->setFocus();
+}
+
+void frmMain::FocusFirstField() {
+    const FormPage& current = CurrentPage();
+    if (QWidget* field = current.kind.FirstField(*current.widget)) {
+        field->setFocus();
+        return;
     }
+    // Where nothing is to be entered, Enter goes on. Finish doesn't get the keyboard by itself: one more
+    // Enter would delete what is in the database.
+    (cmdNext_->Enabled() ? cmdNext_ : cmdBack_)->setFocus();
 }
 
 void frmMain::GoNext() {
     if (const FormPage& current = CurrentPage(); !current.kind.IsValid(*current.widget)) {
+        // What a page asks for before it lets the user go is what it begins with.
+        FocusFirstField();
         return;
     }
     HeadingControl_->ChangeTab(static_cast<qint16>(HeadingControl_->CurrentTabIndex() + 1));
     HeadingControl_->ChangeTabEnabled(HeadingControl_->CurrentTabIndex(), true);
     EnableButtons();
     ShowPage();
+    FocusFirstField();
 }
 
 void frmMain::GoBack() {
     HeadingControl_->ChangeTab(static_cast<qint16>(HeadingControl_->CurrentTabIndex() - 1));
     EnableButtons();
     ShowPage();
+    FocusFirstField();
 }
 
 void frmMain::SelectTab() {
     ShowPage();
     EnableButtons();
+    FocusFirstField();
 }
 
 void frmMain::ShowHelp() {

@@ -37,6 +37,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     struct FormPage {
@@ -61,6 +62,8 @@ private:
     void ShowPage();
     /// The buttons that the position allows.
     void EnableButtons();
+    /// Puts the keyboard where the user begins on the page that shows.
+    void FocusFirstField();
 
     void GoNext();
     void GoBack();

@@ -16,11 +16,15 @@ class Begin(Journey):
         return self.desktop.run(["xdotool", "search", "--onlyvisible", "--name", "^Wrenfield Wizard$"],
                                 check=False).split()
 
+    def picture_of(self, window):
+        return self.desktop.run(["xprop", "-id", window, "_NET_WM_ICON"])
+
     def test_the_second_opening_has_the_wizard_behind_its_boxes(self):
         wizard = self.start(prepare=lambda wizard: wizard.settings(Networkable="1", DatabaseLocation=NOWHERE))
         unable = f"Unable to access \n{NOWHERE}\nReverting back to \n{wizard.database}"
         wizard.wait_for_box(unable)
         self.assertEqual(len(self.windows_on_screen()), 1, "the first box stands alone")
+        picture = self.picture_of(self.windows_on_screen()[0])
         wizard.answer(unable, "OK")
         wizard.wait_for_box(unable)
         wait_for("the wizard and its box", lambda: len(self.windows_on_screen()) == 2)
@@ -28,6 +32,8 @@ class Begin(Journey):
         wizard.answer(unable, "OK")
         wizard.wait_for_window("Wrenfield Wizard")
         wizard.wait_for_tab("Introduction")
+        self.assertEqual([self.picture_of(window) for window in self.windows_on_screen()], [picture],
+                         "the task bar shows whose box the first one is")
         self.assert_buttons(wizard, ["Next", "Cancel"], ["Back", "Finish"])
 
     def assert_box_is_in_front(self):

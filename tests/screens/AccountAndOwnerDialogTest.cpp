@@ -27,7 +27,7 @@ TEST_F(AccountDialogTest, ANameIsRequiredAndIsTheOnlyCheck) {
     Open();
     Type("txtBalance", u"-12.5"_s);
     Save();
-    ExpectRefused(u"An account name is required"_s);
+    ExpectRefused(u"An account name is required"_s, "txtName");
     EXPECT_FALSE(dialog->AddAccount);
     EXPECT_EQ(Box("txtBalance").Text(), u"-12.5"_s);
     Type("txtName", u" "_s);
@@ -42,7 +42,7 @@ TEST_F(AccountDialogTest, ATakenNameIsRefusedInAnyLetterCase) {
     Open();
     Type("txtName", u"KESTREL"_s);
     Save();
-    ExpectRefused(NameTaken);
+    ExpectRefused(NameTaken, "txtName");
     EXPECT_FALSE(dialog->AddAccount);
 }
 
@@ -66,7 +66,7 @@ TEST_F(AccountDialogTest, ARenameReachesThePropertiesAndTheRecordStaysTheSameOne
     Open(&frmBankAccount::EditAccount, account);
     Type("txtName", u"other"_s);
     Save();
-    ExpectRefused(NameTaken);
+    ExpectRefused(NameTaken, "txtName");
     EXPECT_EQ(account->BankAccountName, u"Kestrel"_s);
     Type("txtName", u"KESTREL"_s);
     Type("txtBalance", u"7.25"_s);
@@ -114,10 +114,10 @@ TEST_F(OwnerDialogTest, ANameIsRequiredAndMustBeFree) {
     Open();
     EXPECT_EQ(Box("txtName").MaxLength(), 40);
     Save();
-    ExpectRefused(u"A name is required"_s);
+    ExpectRefused(u"A name is required"_s, "txtName");
     Type("txtName", u"a. smith"_s);
     Save();
-    ExpectRefused(NameTaken);
+    ExpectRefused(NameTaken, "txtName");
     Type("txtName", u"B. Smith"_s);
     Save();
     ExpectSaved();

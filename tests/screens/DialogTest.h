@@ -75,13 +75,22 @@ protected:
 
     bool IsOpen() const { return dialog->isVisible(); }
 
-    /// The dialog has refused to close, with this message.
-    void ExpectRefused(const QString& message) {
+    void ExpectFocusIn(const char* control) const {
+        const auto& expected = Find<QWidget>(control);
+        const QWidget* focused = dialog->focusWidget();
+        EXPECT_TRUE(&expected == focused || expected.isAncestorOf(focused))
+            << (focused != nullptr ? focused->objectName().toStdString() : "nothing") << " and not "
+            << control;
+    }
+
+    /// The dialog has refused to close, with this message, and the user is where the fault is mended.
+    void ExpectRefused(const QString& message, const char* control) {
         ASSERT_EQ(boxes_.requests.size(), 1U);
         EXPECT_EQ(boxes_.requests.front().text, message);
         EXPECT_EQ(boxes_.requests.front().buttons, platform::Buttons::Ok);
         EXPECT_EQ(boxes_.requests.front().title, platform::ApplicationTitle());
         EXPECT_TRUE(IsOpen());
+        ExpectFocusIn(control);
         boxes_.requests.clear();
     }
 

@@ -39,7 +39,7 @@ TEST_F(PropertyDialogTest, OnlyTheFirstAddressLineIsRequired) {
     }
     Type("txtAddress2", u"Elmswood"_s);
     Save();
-    ExpectRefused(u"An address 1 is required"_s);
+    ExpectRefused(u"An address 1 is required"_s, "txtAddress1");
     EXPECT_EQ(TheCollections().Properties.Count(), 0);
     Type("txtAddress1", u"12 Main Road"_s);
     Save();
@@ -171,7 +171,7 @@ TEST_F(PropertyDialogTest, OnlyTheBuildingsOwnAddressMustBeFree) {
     Open();
     Type("txtAddress1", u"1/12 MAIN ROAD"_s);
     Save();
-    ExpectRefused(NameTaken);
+    ExpectRefused(NameTaken, "txtAddress1");
     Type("txtAddress1", u"12 Main Road"_s);
     HasUnits().click();
     Type("txtUnitNumbers", u"1,1"_s);

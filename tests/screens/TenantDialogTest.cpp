@@ -88,17 +88,18 @@ TEST_F(TenantDialogTest, NumbersHaveTheirDecimalsAndSigns) {
 TEST_F(TenantDialogTest, TheChecksComeInTheirOrder) {
     Open();
     Save();
-    ExpectRefused(u"A name is required"_s);
+    ExpectRefused(u"A name is required"_s, "txtName");
     Type("txtName", u"T. Enant"_s);
     Save();
-    ExpectRefused(u"A property selection is required"_s);
+    ExpectRefused(u"A property selection is required"_s, "cboProperty");
     Choose("cboProperty", u"12 Main Road"_s);
     Save();
-    ExpectRefused(u"A start date is required."_s);
+    ExpectRefused(u"A start date is required."_s, "datStart");
     Date("datStart").SetValue(QDate(2026, 1, 1));
     Save();
     ExpectRefused(
-        u"You need to select one of the options to either enter the rent balance or leave it blank"_s);
+        u"You need to select one of the options to either enter the rent balance or leave it blank"_s,
+        "optDont");
     Option("optDont").click();
     Type("txtRent", u"250"_s);
     Save();
@@ -115,6 +116,7 @@ TEST_F(TenantDialogTest, ARentOfZeroHasToBeMeant) {
     EXPECT_EQ(boxes_.requests[0].text, u"The rent amount is set to zero.  Is this correct?"_s);
     EXPECT_EQ(boxes_.requests[0].buttons, platform::Buttons::YesNo);
     EXPECT_TRUE(IsOpen());
+    ExpectFocusIn("txtRent");
     EXPECT_EQ(Made(), nullptr);
     boxes_.requests.clear();
     boxes_.answers = {platform::Answer::Yes};
@@ -122,6 +124,7 @@ TEST_F(TenantDialogTest, ARentOfZeroHasToBeMeant) {
     ASSERT_EQ(boxes_.requests.size(), 2U);
     EXPECT_EQ(boxes_.requests[1].text, NameTaken);
     EXPECT_TRUE(IsOpen());
+    ExpectFocusIn("txtName");
     boxes_.requests.clear();
     boxes_.answers = {platform::Answer::Yes};
     Type("txtName", u"N. Ewcomer"_s);
@@ -229,7 +232,7 @@ TEST_F(TenantDialogTest, ANameIsFreeForItsOwnRecordAndForNoOther) {
     Open(&frmTenant::EditTenant, tenant);
     Type("txtName", u"o. ther"_s);
     Save();
-    ExpectRefused(NameTaken);
+    ExpectRefused(NameTaken, "txtName");
     EXPECT_EQ(tenant->Name, u"T. Enant"_s);
     Type("txtName", u"T. ENANT"_s);
     Save();
