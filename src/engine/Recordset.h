@@ -51,7 +51,7 @@ public:
     /// Fails with 3021 at the end.
     virtual void MoveNext() = 0;
 
-    /// Begins a new row. Its columns are null until set.
+    /// Begins a new row. Its columns hold what the file has for new rows, mostly null, until set.
     virtual void AddNew() = 0;
     /// Begins a change of the current row.
     virtual void Edit() = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Error.h"
+#include "engine/Value.h"
 #include "engine/execution/InsertedKeys.h"
 #include "engine/execution/Transaction.h"
 
@@ -60,6 +61,10 @@ public:
     virtual bool HasTable(const std::string& name) = 0;
     /// Whether there is nothing in the file that could turn a row of this table away: no keys and no rules.
     virtual bool TakesAnyRow(const std::string& table) = 0;
+
+    /// What a new row of this table holds before anybody gives it a value, by the columns' places; empty
+    /// where the file has nothing of its own for it.
+    virtual std::vector<std::optional<Value>> DefaultsOf(const std::string& /*table*/) { return {}; }
 
     /// Runs a compiled statement that changes rows, to its end. It changes all of them or, where it fails,
     /// none. Returns how many it has changed. `written` are the columns that it names, by their places: new

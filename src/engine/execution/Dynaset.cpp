@@ -104,6 +104,10 @@ void Dynaset::AddNew() {
     RequireWritable();
     StopEditing();
     editing_ = Editing::NewRow;
+    const auto defaults = database_.connection_->DefaultsOf(table_->name);
+    for (size_t place = 0; place < fields_.size() && !defaults.empty(); ++place) {
+        edited_[place] = defaults[fields_[place].Column()];
+    }
 }
 
 void Dynaset::Edit() {

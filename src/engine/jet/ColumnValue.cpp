@@ -208,6 +208,17 @@ Cell ToCell(const Column& column, const Value& value) {
     return BytesForColumn(column, value);
 }
 
+std::optional<Value> NumberAsHeld(const Column& column, const Value& number) {
+    try {
+        const QByteArray bytes = BytesForColumn(column, number);
+        constexpr PageNumber OfNoPage = 0;
+        return ReadValue(column, {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                                  static_cast<std::size_t>(bytes.size()), OfNoPage});
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
 QString DecimalText(const Bytes& decimal, int scale) {
     // The words of the number, the highest first; divided by ten again and again they give its digits.
     std::array<std::uint32_t, 4> words{};

@@ -3,6 +3,8 @@
 #include "engine/Value.h"
 #include "engine/jet/StoredRow.h"
 
+#include <optional>
+
 namespace engine::jet {
 
 /// What the bytes of a column stand for, and back. By the column's type:
@@ -28,6 +30,9 @@ Value ValueOf(const Column& column, const StoredRow& row, int place);
 /// that holds it, and for yes or no. Fails with 3421 for a value that the column can't hold and 3163 for one
 /// that is longer than the column.
 Cell ToCell(const Column& column, const Value& value);
+
+/// A number in the nature of the column and as exact as that is, or nothing if the column can't hold it.
+std::optional<Value> NumberAsHeld(const Column& column, const Value& number);
 
 /// The digits of a decimal with its point, as "-12.50".
 QString DecimalText(const Bytes& decimal, int scale);

@@ -1,5 +1,6 @@
 #include "engine/jet/rules/DefaultValue.h"
 
+#include "engine/jet/ColumnValue.h"
 #include "engine/jet/DateNumber.h"
 
 namespace engine::jet {
@@ -31,12 +32,14 @@ std::optional<Value> ToWords(const Value& value) {
     return std::holds_alternative<QDateTime>(value) ? std::nullopt : std::optional<Value>(ToText(value));
 }
 
-std::optional<Value> ConvertFor(std::uint8_t type, const Value& value) {
+std::optional<Value> ConvertFor(const Column& column, const Value& value) {
+    const std::uint8_t type = column.type;
     if (IsNull(value)) {
         return value;
     }
     if (IsNumberType(type)) {
-        return ToNumber(value);
+        const auto number = ToNumber(value);
+        return number ? NumberAsHeld(column, *number) : std::nullopt;
     }
     if (type == ColumnType::DateTime) {
         return ToMoment(value);
@@ -44,12 +47,12 @@ std::optional<Value> ConvertFor(std::uint8_t type, const Value& value) {
     return IsTextType(type) ? ToWords(value) : std::nullopt;
 }
 
-std::optional<Term> ConvertFor(std::uint8_t type, const Term& term) {
+std::optional<Term> ConvertFor(const Column& column, const Term& term) {
     const auto* value = std::get_if<Value>(&term);
     if (value == nullptr) {
-        return type == ColumnType::DateTime ? std::optional(term) : std::nullopt;
+        return column.type == ColumnType::DateTime ? std::optional(term) : std::nullopt;
     }
-    const auto converted = ConvertFor(type, *value);
+    const auto converted = ConvertFor(column, *value);
     return converted ? std::optional<Term>(*converted) : std::nullopt;
 }
 
@@ -68,7 +71,7 @@ std::optional<Term> Read(const QString& expression, const Column& column) {
     std::size_t place = 0;
     const auto term = TakeTerm(*words, place, Parentheses::MayBeLeftOut);
     if (term && place == words->size()) {
-        return ConvertFor(column.type, *term);
+        return ConvertFor(column, *term);
     }
     const bool isBareWord = words->size() == 1 && words->front().kind == Word::Kind::Name;
     return isBareWord && column.type == ColumnType::Text ? std::optional<Term>(Value(words->front().text))

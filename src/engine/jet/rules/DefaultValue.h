@@ -17,7 +17,7 @@ public:
 
     bool IsUnderstood() const { return term_.has_value(); }
     const QString& Expression() const { return expression_; }
-    /// At this moment, in the kind that the column's cells are made of. Only of one that is understood.
+    /// At this moment, in the nature of the column (see ValueOf). Only of one that is understood.
     Value Evaluate() const { return ValueNow(*term_); }
 
 private:

@@ -108,17 +108,18 @@ void TableRules::FillDefaults(std::vector<Value>& values, const std::vector<bool
     }
 }
 
-void TableRules::FillKnownDefaults(std::vector<Value>& values, std::vector<bool>& isGiven) const {
+std::vector<std::optional<Value>> TableRules::KnownDefaults() const {
     if (!hasDefaults_) {
-        return;
+        return {};
     }
+    std::vector<std::optional<Value>> defaults(columns_.size());
     for (std::size_t column = 0; column < columns_.size(); ++column) {
         const auto& value = columns_[column].defaultValue;
-        if (!isGiven[column] && value && value->IsUnderstood()) {
-            values[column] = value->Evaluate();
-            isGiven[column] = true;
+        if (value && value->IsUnderstood()) {
+            defaults[column] = value->Evaluate();
         }
     }
+    return defaults;
 }
 
 void TableRules::CheckNew(const std::vector<Value>& values) const {

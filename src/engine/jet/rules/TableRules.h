@@ -21,9 +21,10 @@ public:
     /// Gives columns of a new row that nobody gave a value their default. Fails with InvalidOperation where a
     /// default isn't understood.
     void FillDefaults(std::vector<Value>& values, const std::vector<bool>& isGiven) const;
-    /// The same for a row that values are given to later: tells which columns have a value now, and leaves
-    /// alone what isn't understood. Where the row is then saved without it, FillDefaults refuses it.
-    void FillKnownDefaults(std::vector<Value>& values, std::vector<bool>& isGiven) const;
+    /// The defaults of this moment by the columns' places, empty if there are none, for a row that values are
+    /// given to later. What isn't understood is left out: where the row is then saved without a value for it,
+    /// FillDefaults refuses it.
+    std::vector<std::optional<Value>> KnownDefaults() const;
 
     /// Column by column in their order, then the table: fails with NullNotAllowed, EmptyTextNotAllowed, and
     /// with RuleBroken, or RuleBrokenInWords where the file has words for it, which the message then is.

@@ -59,6 +59,10 @@ bool JetConnection::TakesAnyRow(const std::string& table) {
            LongestRowOf(layout) <= LongestRow;
 }
 
+std::vector<std::optional<Value>> JetConnection::DefaultsOf(const std::string& table) {
+    return file_->TableNamed(NameOf(table)).Rules().KnownDefaults();
+}
+
 qint64 JetConnection::Change(sqlite3_stmt* statement, const std::vector<size_t>& written) {
     written_ = written;
     return file_->AsOne([&] { return Connection::Change(statement, written); });

@@ -15,6 +15,7 @@ public:
     std::unique_ptr<execution::Transaction> MakeTransaction() override;
     bool HasTable(const std::string& name) override;
     bool TakesAnyRow(const std::string& table) override;
+    std::vector<std::optional<Value>> DefaultsOf(const std::string& table) override;
     qint64 Change(sqlite3_stmt* statement, const std::vector<size_t>& written) override;
     std::optional<qint64> Empty(const std::string& table) override;
     void BeginPart() override;

@@ -27,7 +27,7 @@ TEST(JetDefaultValue, NumbersMayHaveASignAndOneEqualSign) {
     EXPECT_EQ(DefaultOf(u" -1 ", ColumnType::Short), Value(qint64{-1}));
     EXPECT_EQ(DefaultOf(u"7.5", ColumnType::Double), Value(7.5));
     EXPECT_EQ(DefaultOf(u"-.5", ColumnType::Double), Value(-0.5));
-    EXPECT_EQ(DefaultOf(u" = 0", ColumnType::Currency), Value(qint64{0}));
+    EXPECT_EQ(DefaultOf(u" = 0", ColumnType::Currency), Value(Currency()));
     EXPECT_EQ(DefaultOf(u"==0", ColumnType::Long), std::nullopt);
     EXPECT_EQ(DefaultOf(u"7,5", ColumnType::Double), std::nullopt);
     EXPECT_EQ(DefaultOf(u"1 1", ColumnType::Double), std::nullopt);
@@ -54,11 +54,11 @@ TEST(JetDefaultValue, ABareWordIsATextForATextColumnAlone) {
 
 TEST(JetDefaultValue, YesAndNoHaveSeveralWords) {
     for (const char16_t* yes : {u"Yes", u"TRUE", u"on"}) {
-        EXPECT_EQ(DefaultOf(yes, ColumnType::Long), Value(true));
+        EXPECT_EQ(DefaultOf(yes, ColumnType::Long), Value(qint64{-1}));
         EXPECT_EQ(DefaultOf(yes, ColumnType::Text), Value(QStringLiteral("-1")));
     }
     for (const char16_t* no : {u"No", u"false", u"=Off"}) {
-        EXPECT_EQ(DefaultOf(no, ColumnType::Byte), Value(false));
+        EXPECT_EQ(DefaultOf(no, ColumnType::Byte), Value(qint64{0}));
     }
 }
 
@@ -103,7 +103,12 @@ TEST(JetDefaultValue, DatesBeginWithTheMonthAndNameTheCentury) {
 }
 
 TEST(JetDefaultValue, AValueIsTurnedIntoTheKindThatTheColumnHolds) {
-    EXPECT_EQ(DefaultOf(u"\"12\"", ColumnType::Long), Value(12.0));
+    EXPECT_EQ(DefaultOf(u"\"12\"", ColumnType::Long), Value(qint64{12}));
+    EXPECT_EQ(DefaultOf(u"7.5", ColumnType::Currency), Value(Currency::FromScaled(75000)));
+    EXPECT_EQ(DefaultOf(u"7", ColumnType::Double), Value(7.0));
+    EXPECT_EQ(DefaultOf(u"0.1", ColumnType::Single), Value(double{0.1F}));
+    EXPECT_EQ(DefaultOf(u"7.5", ColumnType::Long), std::nullopt) << "nobody guesses which way it is rounded";
+    EXPECT_EQ(DefaultOf(u"256", ColumnType::Byte), std::nullopt);
     EXPECT_EQ(DefaultOf(u"\"twelve\"", ColumnType::Long), std::nullopt);
     EXPECT_EQ(DefaultOf(u"12", ColumnType::Text), Value(QStringLiteral("12")));
     EXPECT_EQ(DefaultOf(u"0", ColumnType::Guid), std::nullopt);

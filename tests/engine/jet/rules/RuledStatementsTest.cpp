@@ -126,6 +126,34 @@ TEST_F(JetRuledStatements, SoDoesWhatARowSetLeavesAlone) {
     EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|nobody|7.5, B|nobody|NULL");
 }
 
+TEST_F(JetRuledStatements, ANewRowOfARowSetHoldsItsDefaultsAtOnce) {
+    SetProperties("owner", PropertyBytes()
+                               .OfColumn("code", "DefaultValue", QStringLiteral("NewCode()"))
+                               .OfColumn("name", "DefaultValue", QStringLiteral("\"nobody\""))
+                               .OfColumn("fee", "DefaultValue", QStringLiteral("7.5"))
+                               .OfColumn("since", "DefaultValue", QStringLiteral("#1/31/2020#")));
+    const auto owners = [this] {
+        return Opened().OpenRecordset(QStringLiteral("select since, fee, name, code from owner"),
+                                      dbOpenDynaset, dbOptimistic);
+    };
+    const auto rows = owners();
+    rows->AddNew();
+    const std::vector<Value> shown{rows->Fields(0).Get(), rows->Fields(1).Get(), rows->Fields(2).Get()};
+    EXPECT_EQ(shown, (std::vector<Value>{FromDate(QDate(2020, 1, 31)), Currency::FromScaled(75000),
+                                         QStringLiteral("nobody")}));
+    EXPECT_TRUE(IsNull(rows->Fields(3).Get())) << "what isn't understood";
+    rows->Fields(3).Set(QStringLiteral("A"));
+    rows->Update(dbUpdateRegular, false);
+    rows->AddNew();
+    rows->Fields(2).Set(QStringLiteral("Ann"));
+    rows->CancelUpdate(dbUpdateRegular);
+    rows->AddNew();
+    EXPECT_EQ(rows->Fields(2).Get(), Value(QStringLiteral("nobody"))) << "nothing is left of a row given up";
+    const auto stored = owners();
+    EXPECT_EQ((std::vector<Value>{stored->Fields(0).Get(), stored->Fields(1).Get(), stored->Fields(2).Get()}),
+              shown);
+}
+
 TEST_F(JetRuledStatements, ARowThatBreaksARuleIsRefusedAtOnce) {
     SetOwnersProperties();
     EXPECT_EQ(NumberOf("insert into owner (code, name) values ('A', 'Ann')"), 0);
