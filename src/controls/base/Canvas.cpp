@@ -143,6 +143,9 @@ QString PaintedCanvas::Elided(const QString& text, int width) const {
 }
 
 void PaintedCanvas::Print(double x, double y, const QString& text, const QColor& colour) {
+    // Places are reckoned from the left, and "1/12 Main Road" stays in order on a desktop that writes from
+    // the right.
+    painter_->setLayoutDirection(Qt::LeftToRight);
     painter_->setPen(colour);
     painter_->drawText(ToPixels(x), ToPixels(y) + painter_->fontMetrics().ascent(), text);
 }

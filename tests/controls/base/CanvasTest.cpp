@@ -108,6 +108,20 @@ TEST_F(CanvasTest, TextIsMeasuredAndPrintedFromItsTopLeft) {
     EXPECT_TRUE(dark);
 }
 
+TEST_F(CanvasTest, ATextStandsAlikeOnADesktopThatWritesFromRightToLeft) {
+    const auto printed = [](Qt::LayoutDirection direction) {
+        QImage wide(150, 20, QImage::Format_RGB32);
+        wide.fill(Qt::white);
+        QPainter on(&wide);
+        on.setLayoutDirection(direction);
+        PaintedCanvas surface(&on, 150, 20);
+        surface.SetFont(ControlFont());
+        surface.Print(0, 0, QStringLiteral(" 1/12 Main Road "), Qt::black);
+        return wide;
+    };
+    EXPECT_EQ(printed(Qt::RightToLeft), printed(Qt::LeftToRight));
+}
+
 /// Scale factors of the display, on which a surface of 30 by 20 pixels stands somewhere in a window.
 class CanvasScaleTest : public ::testing::TestWithParam<double> {
 protected:
