@@ -17,7 +17,17 @@ namespace controls {
 
 namespace {
 
-void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layout, bool enabled) {
+/// A slash as far from the digits before it as from those behind it.
+void DrawSlash(PaintedCanvas& canvas, const DateSegmentBox& before, const DateSegmentBox& behind,
+               const QColor& colour) {
+    const QString slash = QStringLiteral("/");
+    const int space = ToTwips(behind.DigitsBegin() - before.DigitsEnd()) - canvas.TextWidth(slash);
+    canvas.Print(ToTwips(before.DigitsEnd()) + space / 2.0,
+                 (DateLayout::BorderHeight - canvas.TextHeight(slash)) / 2.0, slash, colour);
+}
+
+void DrawClosedControl(PaintedCanvas& canvas, int width, const std::array<DateSegmentBox*, 3>& boxes,
+                       bool enabled) {
     const int onePixel = TwipsPerPixel();
     const int right = width - onePixel;
     const int bottom = DateLayout::BorderHeight - onePixel;
@@ -27,11 +37,8 @@ void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layou
     canvas.Line(0, 0, right, bottom, ground, LineForm::FilledBox);
     canvas.Line(0, 0, right, bottom, Black, LineForm::Outline);
     canvas.SetFont(ControlFont());
-    const QString slash = QStringLiteral("/");
-    for (const int left : layout.slashLefts) {
-        canvas.Print(left + (DateLayout::SlashWidth - canvas.TextWidth(slash)) / 2.0,
-                     (DateLayout::BorderHeight - canvas.TextHeight(slash)) / 2.0, slash, lettering);
-    }
+    DrawSlash(canvas, *boxes[0], *boxes[1], lettering);
+    DrawSlash(canvas, *boxes[1], *boxes[2], lettering);
 }
 
 }  // namespace
@@ -156,8 +163,7 @@ void akDate::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(backColor_));
     PaintedCanvas canvas(&painter, width(), height());
-    DrawClosedControl(canvas, borderWidth_, order_.IsYearFirst() ? YearFirstLayout : YearLastLayout,
-                      enabled_ && isEnabled());
+    DrawClosedControl(canvas, borderWidth_, txtDate_, enabled_ && isEnabled());
     if (droppedDown_) {
         DrawFrame(canvas, calendar_);
         DrawDays(canvas, calendar_);

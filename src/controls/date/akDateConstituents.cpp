@@ -16,8 +16,12 @@ namespace controls {
 namespace {
 
 /// Between both ends of a length in twips, in whole pixels.
+QRect PixelPlace(int left, int top, int width, int height) {
+    return {ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height)};
+}
+
 void Place(QWidget& widget, int left, int top, int width, int height) {
-    widget.setGeometry(ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height));
+    widget.setGeometry(PixelPlace(left, top, width, height));
 }
 
 }  // namespace
@@ -28,8 +32,6 @@ void akDate::CreateConstituents() {
         txtDate_[place] = new DateSegmentBox(texts[place], this);
         txtDate_[place]->setObjectName(QStringLiteral("txtDate%1").arg(place + 1));
     }
-    // The first box has room to spare, which is better kept from the slash behind it.
-    txtDate_[0]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     using Picture = PictureButton::Picture;
     cmdOpen_ = CreateButton(QStringLiteral("cmdOpen"), Picture::ArrowDown);
     cmdLeftMonth_ = CreateButton(QStringLiteral("cmdLeftMonth"), Picture::ArrowLeft);
@@ -80,9 +82,13 @@ void akDate::ConnectConstituents() {
 void akDate::PlaceConstituents() {
     const DateLayout& layout = order_.IsYearFirst() ? YearFirstLayout : YearLastLayout;
     for (size_t place = 0; place < txtDate_.size(); ++place) {
+        // The first box has room to spare: the digits of all three move together, to read as one date.
+        constexpr std::array Sides{DateSegmentBox::Side::Right, DateSegmentBox::Side::Middle,
+                                   DateSegmentBox::Side::Left};
         const DateLayout::Box& box = layout.boxes[place];
-        txtDate_[place]->SetEntryLimit(box.maximumLength);
-        Place(*txtDate_[place], box.left, DateLayout::BorderMargin, box.width, DateLayout::BoxHeight);
+        txtDate_[place]->Place(
+            PixelPlace(box.left, DateLayout::BorderMargin, box.width, DateLayout::BoxHeight),
+            box.maximumLength, Sides[place]);
     }
     Place(*cmdOpen_, borderWidth_ - DateLayout::BorderMargin - DateLayout::OpenButtonSize,
           DateLayout::BorderMargin, DateLayout::OpenButtonSize, DateLayout::OpenButtonSize);

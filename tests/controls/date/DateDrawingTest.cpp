@@ -77,6 +77,45 @@ TEST(DateDrawingTest, TheClosedControlIsAWhiteFieldInABlackFrame) {
     EXPECT_EQ(look.At(50, 1), white);
 }
 
+/// The pixels of the closed control that digits and slashes leave white, as a white gap between any two of
+/// them, from left to right.
+std::vector<int> GapsOfDate(akDate& date) {
+    const QImage image = Picture(date);
+    std::vector<int> gaps;
+    int blank = 0;
+    bool begun = false;
+    for (int x = 2; x < ToPixels(1305); ++x) {
+        bool hasInk = false;
+        for (int y = 3; y < 16; ++y) {
+            hasInk = hasInk || image.pixelColor(x, y).lightness() < 160;
+        }
+        if (hasInk && begun && blank > 0) {
+            gaps.push_back(blank);
+        }
+        begun = begun || hasInk;
+        blank = hasInk ? 0 : blank + 1;
+    }
+    return gaps;
+}
+
+TEST(DateDrawingTest, TheDigitsReadAsOneDate) {
+    for (const char* locale : {DateForm::DayFirst, DateForm::MonthFirst, DateForm::YearFirst}) {
+        DateForm form({}, locale);
+        form.date.SetValue(QDate(2000, 8, 8));
+        const bool isYearFirst = locale == DateForm::YearFirst;
+        // Zeroes and eights are alike wide, so that gaps tell of places alone.
+        const std::vector<int> gaps = GapsOfDate(form.date);
+        ASSERT_EQ(gaps.size(), 9U) << locale;
+        const size_t first = isYearFirst ? 3 : 1;
+        const size_t second = first + 3;
+        for (const size_t slash : {first, second}) {
+            EXPECT_NEAR(gaps[slash], gaps[slash + 1], 1) << locale << ", on both sides of a slash";
+            EXPECT_LE(gaps[slash], 4) << locale;
+        }
+        EXPECT_NEAR(gaps[first], gaps[second], 1) << locale << ", both slashes alike";
+    }
+}
+
 TEST(DateDrawingTest, ASlashStandsBetweenTheBoxes) {
     const struct {
         const char* locale;
