@@ -3,6 +3,7 @@
 #include "controls/akDate.h"
 #include "controls/base/Action.h"
 #include "controls/base/Display.h"
+#include "controls/base/FieldFrame.h"
 #include "controls/base/Font.h"
 #include "controls/base/LeadingNumber.h"
 #include "controls/date/DateAccessible.h"
@@ -10,6 +11,7 @@
 #include "controls/date/DateSegmentBox.h"
 #include "controls/date/NoneBox.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -24,21 +26,6 @@ void DrawSlash(PaintedCanvas& canvas, const DateSegmentBox& before, const DateSe
     const int space = ToTwips(behind.DigitsBegin() - before.DigitsEnd()) - canvas.TextWidth(slash);
     canvas.Print(ToTwips(before.DigitsEnd()) + space / 2.0,
                  (DateLayout::BorderHeight - canvas.TextHeight(slash)) / 2.0, slash, colour);
-}
-
-void DrawClosedControl(PaintedCanvas& canvas, int width, const std::array<DateSegmentBox*, 3>& boxes,
-                       bool enabled) {
-    const int onePixel = TwipsPerPixel();
-    const int right = width - onePixel;
-    const int bottom = DateLayout::BorderHeight - onePixel;
-    const Colour ground = enabled ? White : DisabledField;
-    const QColor lettering =
-        enabled ? ToQColor(Black) : ReadableOn(ToQColor(ground), ToQColor(SystemColours::GreyText));
-    canvas.Line(0, 0, right, bottom, ground, LineForm::FilledBox);
-    canvas.Line(0, 0, right, bottom, Black, LineForm::Outline);
-    canvas.SetFont(ControlFont());
-    DrawSlash(canvas, *boxes[0], *boxes[1], lettering);
-    DrawSlash(canvas, *boxes[1], *boxes[2], lettering);
 }
 
 }  // namespace
@@ -163,11 +150,21 @@ void akDate::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(backColor_));
     PaintedCanvas canvas(&painter, width(), height());
-    DrawClosedControl(canvas, borderWidth_, txtDate_, enabled_ && isEnabled());
+    DrawClosedControl(canvas);
     if (droppedDown_) {
         DrawFrame(canvas, calendar_);
         DrawDays(canvas, calendar_);
     }
+}
+
+void akDate::DrawClosedControl(PaintedCanvas& canvas) const {
+    const FieldState state =
+        enabled_ ? FieldStateOf(*this, isAncestorOf(QApplication::focusWidget())) : FieldState::Disabled;
+    DrawFieldGround(canvas, borderWidth_, DateLayout::BorderHeight, state);
+    DrawFieldFrame(canvas, borderWidth_, DateLayout::BorderHeight, state);
+    canvas.SetFont(ControlFont());
+    DrawSlash(canvas, *txtDate_[0], *txtDate_[1], FieldText(state));
+    DrawSlash(canvas, *txtDate_[1], *txtDate_[2], FieldText(state));
 }
 
 void akDate::RaiseOverNeighbours() {

@@ -32,12 +32,11 @@ void akDate::CreateConstituents() {
         txtDate_[place] = new DateSegmentBox(texts[place], this);
         txtDate_[place]->setObjectName(QStringLiteral("txtDate%1").arg(place + 1));
     }
-    using Picture = PictureButton::Picture;
-    cmdOpen_ = CreateButton(QStringLiteral("cmdOpen"), Picture::ArrowDown);
-    cmdLeftMonth_ = CreateButton(QStringLiteral("cmdLeftMonth"), Picture::ArrowLeft);
-    cmdRightMonth_ = CreateButton(QStringLiteral("cmdRightMonth"), Picture::ArrowRight);
-    cmdLeftYear_ = CreateButton(QStringLiteral("cmdLeftYear"), Picture::TwoArrowsLeft);
-    cmdRightYear_ = CreateButton(QStringLiteral("cmdRightYear"), Picture::TwoArrowsRight);
+    cmdOpen_ = CreateButton(QStringLiteral("cmdOpen"), Arrows::Down);
+    cmdLeftMonth_ = CreateButton(QStringLiteral("cmdLeftMonth"), Arrows::Left);
+    cmdRightMonth_ = CreateButton(QStringLiteral("cmdRightMonth"), Arrows::Right);
+    cmdLeftYear_ = CreateButton(QStringLiteral("cmdLeftYear"), Arrows::TwoLeft);
+    cmdRightYear_ = CreateButton(QStringLiteral("cmdRightYear"), Arrows::TwoRight);
     for (PictureButton* button : CalendarButtons()) {
         button->hide();
     }
@@ -49,7 +48,7 @@ void akDate::CreateConstituents() {
     setTabOrder(txtNone_, cmdOpen_);
 }
 
-PictureButton* akDate::CreateButton(const QString& name, PictureButton::Picture picture) {
+PictureButton* akDate::CreateButton(const QString& name, Arrows picture) {
     auto* button = new PictureButton(picture, this);
     button->setObjectName(name);
     return button;
@@ -77,6 +76,12 @@ void akDate::ConnectConstituents() {
     connect(cmdLeftYear_, &PictureButton::clicked, this, [this] { Navigate(YearBefore); });
     connect(cmdRightYear_, &PictureButton::clicked, this, [this] { Navigate(YearAfter); });
     connect(qApp, &QApplication::focusChanged, this, &akDate::FollowFocus);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* old, const QWidget* now) {
+        // The frame is that of all boxes together.
+        if (isAncestorOf(old) != isAncestorOf(now)) {
+            update();
+        }
+    });
 }
 
 void akDate::PlaceConstituents() {

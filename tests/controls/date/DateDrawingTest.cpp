@@ -1,5 +1,6 @@
 #include "controls/base/Display.h"
 #include "controls/base/Font.h"
+#include "controls/base/Palette.h"
 #include "date/DateForm.h"
 #include "platform/NoDate.h"
 #include "support/OnScreen.h"
@@ -7,6 +8,8 @@
 #include <QApplication>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -64,17 +67,61 @@ QRect Cell(int column, int row) {
     return {left + 1, top + 1, ToPixels(350) - 2, ToPixels(190) - 2};
 }
 
-TEST(DateDrawingTest, TheClosedControlIsAWhiteFieldInABlackFrame) {
+TEST(DateDrawingTest, TheClosedControlIsAWhiteFieldInTheFrameOfAllFields) {
     DateForm form;
     const Look look(form.date);
-    EXPECT_EQ(look.At(0, 0), black);
-    EXPECT_EQ(look.At(104, 0), black);
-    EXPECT_EQ(look.At(0, 18), black);
-    EXPECT_EQ(look.At(104, 18), black);
-    EXPECT_EQ(look.At(50, 18), black);
+    const QColor frame = ToQColor(ThePalette().Frame);
+    EXPECT_EQ(look.At(0, 0), frame);
+    EXPECT_EQ(look.At(104, 0), frame);
+    EXPECT_EQ(look.At(0, 18), frame);
+    EXPECT_EQ(look.At(104, 18), frame);
+    EXPECT_EQ(look.At(50, 18), frame);
     EXPECT_EQ(look.At(1, 1), white);
     EXPECT_EQ(look.At(103, 17), white);
     EXPECT_EQ(look.At(50, 1), white);
+}
+
+TEST(DateDrawingTest, TheFrameShowsTheFocusOfEveryPart) {
+    DateForm form({.IncludeNone = true});
+    const QColor focused = ToQColor(ThePalette().ButtonOutline);
+    const auto isFocused = [&] {
+        const Look look(form.date);
+        return look.At(0, 0) == focused && look.At(1, 1) == focused && look.At(103, 17) == focused &&
+               look.At(104, 18) == focused;
+    };
+    PaintCounter paints(form.date);
+    for (QWidget* part : {static_cast<QWidget*>(&form.Box(1)), static_cast<QWidget*>(&form.Box(3)),
+                          static_cast<QWidget*>(&form.Button("cmdOpen"))}) {
+        form.LeaveControl();
+        EXPECT_FALSE(isFocused());
+        paints.Take();
+        part->setFocus();
+        EXPECT_GE(paints.Take(), 1) << part->objectName().toStdString();
+        EXPECT_TRUE(isFocused()) << part->objectName().toStdString();
+    }
+    form.LeaveControl();
+    EXPECT_GE(paints.Take(), 1);
+    form.date.SetValue(QDate(1234, 1, 1));
+    form.None().setFocus();
+    EXPECT_TRUE(isFocused());
+}
+
+TEST(DateDrawingTest, LinesAreAsThickAtEveryScale) {
+    for (const double factor : {1.25, 1.5, 1.75, 2.0}) {
+        DateForm form;
+        const std::vector both(2, static_cast<int>(factor));
+        const QImage closed = Picture(form.date, factor);
+        const QColor frame = ToQColor(ThePalette().Frame);
+        const int besideTheBoxes = static_cast<int>(1.5 * factor);
+        EXPECT_EQ(RunsInRow(closed, closed.height() / 2, frame), both) << factor;
+        EXPECT_EQ(RunsInColumn(closed, besideTheBoxes, frame), both) << factor;
+        form.date.DropDown();
+        const QImage open = Picture(form.date, factor);
+        // The frame's line at the left; that at the right, with the shadow beside it.
+        const int besideTheDays = static_cast<int>(54.5 * factor);
+        ASSERT_EQ(RunsInRow(open, besideTheDays, black).size(), 2U) << factor;
+        EXPECT_EQ(RunsInRow(open, besideTheDays, black).front(), static_cast<int>(factor)) << factor;
+    }
 }
 
 /// The pixels of the closed control that digits and slashes leave white, as a white gap between any two of
