@@ -150,6 +150,11 @@ void PaintedCanvas::Print(double x, double y, const QString& text, const QColor&
     painter_->drawText(ToPixels(x), ToPixels(y) + painter_->fontMetrics().ascent(), text);
 }
 
+void PaintedCanvas::PrintAround(double x, double y, const QString& text, const QColor& colour) {
+    const QRect ink = painter_->fontMetrics().tightBoundingRect(text);
+    Print(x - ToTwips(ink.width()) / 2.0 - ToTwips(ink.left()), y, text, colour);
+}
+
 void PaintedCanvas::Disc(double x, double y, double radius, Colour colour) {
     const double pixelRadius = radius / TwipsPerPixel();
     // The middle of the pixel that the position falls on.

@@ -64,6 +64,10 @@ public:
     /// Prints one line of text with its top left at (x, y).
     void Print(double x, double y, const QString& text, const QColor& colour);
 
+    /// Prints one line of text with its top at y, what is seen of it in the middle around x. The room that
+    /// letters keep on their sides doesn't count.
+    void PrintAround(double x, double y, const QString& text, const QColor& colour);
+
     /// A filled disc around (x, y).
     void Disc(double x, double y, double radius, Colour colour);
 
