@@ -96,7 +96,7 @@ protected:
 private:
     // What the control is made of (akDateConstituents.cpp).
     void CreateConstituents();
-    PictureButton* CreateButton(const QString& name, PictureButton::Picture picture);
+    PictureButton* CreateButton(const QString& name, Arrows picture);
     void ConnectConstituents();
     void PlaceConstituents();
     void PlaceNone();
@@ -121,10 +121,11 @@ private:
     void FollowFocus();
     void LoseFocus();
 
-    // The calendar (akDateCalendar.cpp).
+    // The calendar (akDateCalendar.cpp), and painting the control.
     void Navigate(CalendarMonth (*step)(CalendarMonth));
     void Redraw();
     std::optional<int> DayToMark() const;
+    void DrawClosedControl(PaintedCanvas& canvas) const;
     void RaiseOverNeighbours();
     void GoBackBelowNeighbours();
 

@@ -7,7 +7,8 @@ namespace screens {
 /// A drop-down list that offers its entries and nothing else. Assistive programs call it by its accessible
 /// name, the label beside it, and read the chosen entry as its text and value; the toolkit's own list says
 /// the entry in place of the name. The wheel does nothing to a list without the focus, so that nobody who
-/// scrolls past it changes what he has chosen.
+/// scrolls past it changes what he has chosen. It looks like the text boxes and dates that it stands among,
+/// with the button of a date.
 class DropDownList : public QComboBox {
     Q_OBJECT
 
@@ -15,6 +16,7 @@ public:
     explicit DropDownList(QWidget* parent);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 

@@ -21,7 +21,6 @@ namespace {
 constexpr int Margin = 240;
 constexpr int Pitch = 435;
 constexpr int WidthOfLabels = 2400;
-constexpr int HeightOfLists = 330;
 
 }  // namespace
 
@@ -64,7 +63,7 @@ akDate* DialogWindow::AddDate(const QString& name, const QString& label, int lin
 QComboBox* DialogWindow::AddList(const QString& name, const QString& label, int line, int width) {
     AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
              {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
-    return AddPlainList(name, label, {LeftOfFields, TopOfLine(line) - 15, width, HeightOfLists});
+    return AddPlainList(name, label, {LeftOfFields, TopOfLine(line), width, HeightOfFields});
 }
 
 QComboBox* DialogWindow::AddPlainList(const QString& name, const QString& accessibleName,

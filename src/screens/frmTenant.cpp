@@ -52,7 +52,7 @@ void frmTenant::AddRentFields() {
     txtFreqNumber_ = AddTextBox(QStringLiteral("txtFreqNumber"), QStringLiteral("Rent Frequency"),
                                 LineOfFrequency, 600, CountBox());
     cboFrequency_ = AddPlainList(QStringLiteral("cboFrequency"), QStringLiteral("Rent Frequency Unit"),
-                                 {LeftOfFields + 720, TopOfLine(LineOfFrequency) - 15, 1200, 330});
+                                 {LeftOfFields + 720, TopOfLine(LineOfFrequency), 1200, HeightOfFields});
     txtBond_ =
         AddTextBox(QStringLiteral("txtBond"), QStringLiteral("Bond/Deposit Held"), 6, 1575, MoneyBox());
 }

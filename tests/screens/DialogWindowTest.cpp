@@ -1,4 +1,5 @@
 #include "DialogTest.h"
+#include "controls/base/Palette.h"
 #include "screens/frmBankAccount.h"
 #include "screens/frmOwner.h"
 #include "screens/frmProperty.h"
@@ -7,6 +8,8 @@
 #include <QAbstractButton>
 #include <QScreen>
 #include <QWindow>
+
+#include <set>
 
 namespace {
 
@@ -75,6 +78,66 @@ TEST_F(DialogWindowTest, Tenant) {
                       u"txtFreqNumber"_s, u"cboFrequency"_s, u"txtBond"_s, u"txtBalance"_s, u"cmdSave"_s,
                       u"cmdCancel"_s, u"optDont"_s, u"optSet"_s, u"txtMonthDay"_s});
     EXPECT_TRUE(boxes_.requests.empty());
+}
+
+/// The fields of a dialog that something is entered into or chosen from.
+QList<QWidget*> FieldsOf(const QWidget& dialog) {
+    QList<QWidget*> fields;
+    for (QWidget* child : dialog.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (qobject_cast<controls::ctlTextBox*>(child) != nullptr ||
+            qobject_cast<controls::akDate*>(child) != nullptr || qobject_cast<QComboBox*>(child) != nullptr) {
+            fields += child;
+        }
+    }
+    return fields;
+}
+
+/// What is seen of a field up to two pixels from its edge.
+std::set<QRgb> EdgeColours(QWidget& field, int from, int to) {
+    std::set<QRgb> colours;
+    const QImage picture = Picture(field);
+    for (int depth = from; depth < to; ++depth) {
+        for (int x = depth; x < picture.width() - depth; ++x) {
+            colours.insert(picture.pixel(x, depth));
+            colours.insert(picture.pixel(x, picture.height() - 1 - depth));
+        }
+        for (int y = depth; y < picture.height() - depth; ++y) {
+            colours.insert(picture.pixel(depth, y));
+            colours.insert(picture.pixel(picture.width() - 1 - depth, y));
+        }
+    }
+    return colours;
+}
+
+template <typename Dialog>
+void ExpectOneFamily() {
+    const std::set frame{controls::ToQColor(controls::ThePalette().Frame).rgb()};
+    const std::set focusedFrame{controls::ToQColor(controls::ThePalette().ButtonOutline).rgb()};
+    const std::set ground{QColor(Qt::white).rgb()};
+    const std::set disabledGround{QColor(232, 232, 232).rgb()};
+    Dialog dialog(nullptr, records::TheCollections());
+    ShowAndActivate(dialog);
+    auto* elsewhere = dialog.template findChild<controls::ctlButton*>(u"cmdCancel"_s);
+    for (QWidget* field : FieldsOf(dialog)) {
+        const std::string name = field->objectName().toStdString();
+        EXPECT_EQ(field->height(), 19) << name;
+        elsewhere->setFocus();
+        field->setProperty("Enabled", true);
+        EXPECT_EQ(EdgeColours(*field, 0, 1), frame) << name;
+        EXPECT_EQ(EdgeColours(*field, 1, 2), ground) << name;
+        field->setFocus();
+        EXPECT_EQ(EdgeColours(*field, 0, 2), focusedFrame) << name;
+        field->setEnabled(false);
+        EXPECT_EQ(EdgeColours(*field, 0, 1), frame) << name;
+        EXPECT_EQ(EdgeColours(*field, 1, 2), disabledGround) << name;
+    }
+}
+
+TEST_F(DialogWindowTest, TextBoxesDatesAndListsHaveOneHeightAndOneFrame) {
+    ExpectOneFamily<screens::frmBankAccount>();
+    ExpectOneFamily<screens::frmOwner>();
+    ExpectOneFamily<screens::frmProperty>();
+    ExpectOneFamily<screens::frmTenant>();
 }
 
 }  // namespace

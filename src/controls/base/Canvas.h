@@ -3,6 +3,7 @@
 #include "controls/base/Colour.h"
 
 #include <QFont>
+#include <QRect>
 #include <QString>
 
 class QPainter;
@@ -38,6 +39,10 @@ public:
 };
 
 /// A widget or picture as a canvas, which can also hold text and discs. Lives within one paint event.
+///
+/// Lines and outlines are as thick everywhere, at scale factors between whole numbers too, where one pixel is
+/// now one device pixel and now two. They stand where boxes begin and end, and two lines on one pixel are one
+/// line.
 class PaintedCanvas : public Canvas {
 public:
     /// The painter is not owned. Width and height are those of the surface in pixels.
@@ -59,10 +64,17 @@ public:
     /// Prints one line of text with its top left at (x, y).
     void Print(double x, double y, const QString& text, const QColor& colour);
 
+    /// Prints one line of text with its top at y, what is seen of it in the middle around x. The room that
+    /// letters keep on their sides doesn't count.
+    void PrintAround(double x, double y, const QString& text, const QColor& colour);
+
     /// A filled disc around (x, y).
     void Disc(double x, double y, double radius, Colour colour);
 
 private:
+    void FillOutline(const QRect& box, const QColor& colour);
+    void FillThinLine(const QRect& line, const QColor& colour);
+
     QPainter* painter_;
     int pixelWidth_;
     int pixelHeight_;

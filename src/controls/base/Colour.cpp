@@ -65,6 +65,11 @@ QColor ToQColor(Colour colour) {
             static_cast<int>(colour >> 16U & 255U)};
 }
 
+Colour ToColour(const QColor& colour) {
+    return RGB(static_cast<std::uint32_t>(colour.red()), static_cast<std::uint32_t>(colour.green()),
+               static_cast<std::uint32_t>(colour.blue()));
+}
+
 QColor ReadableOn(const QColor& background, const QColor& wanted) {
     const QColor strongest = Contrast(background, Qt::white) > Contrast(background, Qt::black)
                                  ? QColor(Qt::white)

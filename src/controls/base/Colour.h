@@ -30,12 +30,11 @@ inline constexpr Colour Light = SystemColour(22);
 
 inline constexpr Colour Black = RGB(0, 0, 0);
 inline constexpr Colour White = RGB(255, 255, 255);
-/// The ground of a field that the user can't enter anything into now; those that he can are white.
-inline constexpr Colour DisabledField = RGB(232, 232, 232);
 
 /// What the colour is on the screen. The desktop's colours follow its theme, and a number that the controls
 /// don't use gives black.
 QColor ToQColor(Colour colour);
+Colour ToColour(const QColor& colour);
 
 /// The colour for text on a background: the wanted one, as long as it can be read there. On a desktop with a
 /// dark theme, grey text on white or a shadow's black on a dark face can't; black or white, whichever stands

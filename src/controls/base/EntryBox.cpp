@@ -2,8 +2,8 @@
 
 #include "controls/base/Accessible.h"
 #include "controls/base/Action.h"
-#include "controls/base/Colour.h"
 #include "controls/base/EntryBoxAccessible.h"
+#include "controls/base/FieldFrame.h"
 #include "controls/base/Font.h"
 #include "controls/base/TypedText.h"
 
@@ -23,11 +23,10 @@ namespace controls {
 namespace {
 
 QPalette BlackOnWhite(QPalette palette) {
-    palette.setColor(QPalette::Base, ToQColor(White));
-    palette.setColor(QPalette::Text, ToQColor(Black));
-    palette.setColor(QPalette::Disabled, QPalette::Base, ToQColor(DisabledField));
-    palette.setColor(QPalette::Disabled, QPalette::Text,
-                     ReadableOn(ToQColor(DisabledField), ToQColor(SystemColours::GreyText)));
+    palette.setColor(QPalette::Base, FieldGround(FieldState::Enabled));
+    palette.setColor(QPalette::Text, FieldText(FieldState::Enabled));
+    palette.setColor(QPalette::Disabled, QPalette::Base, FieldGround(FieldState::Disabled));
+    palette.setColor(QPalette::Disabled, QPalette::Text, FieldText(FieldState::Disabled));
     return palette;
 }
 

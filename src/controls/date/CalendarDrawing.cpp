@@ -2,6 +2,7 @@
 
 #include "controls/base/Display.h"
 #include "controls/base/Font.h"
+#include "controls/base/Palette.h"
 
 namespace controls {
 
@@ -17,7 +18,7 @@ void PrintCentred(PaintedCanvas& canvas, double left, double width, double top, 
 }
 
 bool DayNamesFit(const PaintedCanvas& canvas) {
-    const int gap = TwipsPerPixel();
+    const int gap = 3 * TwipsPerPixel();
     for (int weekday = 1; weekday <= DayColumns; ++weekday) {
         if (canvas.TextWidth(DayName(weekday)) + gap > ColumnWidth) {
             return false;
@@ -26,7 +27,7 @@ bool DayNamesFit(const PaintedCanvas& canvas) {
     return true;
 }
 
-/// In a wide face the names would run into one another.
+/// In a wide face the names would run into one another, and the wide ones stand closer than the narrow ones.
 void SetFontOfDayNames(PaintedCanvas& canvas) {
     constexpr int LeastReadable = 8;
     QFont font = ControlFont();
@@ -42,6 +43,9 @@ void DrawDay(PaintedCanvas& canvas, CalendarCell cell, int day, bool isMarked) {
     if (isMarked) {
         constexpr double Radius = 95;
         canvas.Disc(place.left + ColumnWidth / 2.0, place.top + RowHeight / 2.0, Radius, DiscColour);
+        // The disc can hardly be told from the ground, so a frame shows the day, clear of the digits.
+        canvas.Line(place.left, place.top - TwipsPerPixel(), place.left + ColumnWidth - TwipsPerPixel(),
+                    place.top + RowHeight, ThePalette().ButtonOutline, LineForm::Outline);
     }
     const QString text = QString::number(day);
     const double top = place.top + (RowHeight - canvas.TextHeight(text)) / 2.0;
@@ -78,8 +82,8 @@ void DrawFrame(PaintedCanvas& canvas, const CalendarPicture& picture) {
     PrintCentred(canvas, 0, Width, TitleLine, MonthTitle(picture.shown), lettering);
     SetFontOfDayNames(canvas);
     for (int weekday = 1; weekday <= DayColumns; ++weekday) {
-        PrintCentred(canvas, CellPlace({weekday, 1}).left, ColumnWidth, DayNameLine, DayName(weekday),
-                     lettering);
+        canvas.PrintAround(CellPlace({weekday, 1}).left + ColumnWidth / 2.0, DayNameLine, DayName(weekday),
+                           lettering);
     }
 }
 

@@ -13,10 +13,7 @@ struct DateLayout {
     };
 
     std::array<Box, 3> boxes;
-    /// The labels "/" between the boxes.
-    std::array<int, 2> slashLefts;
 
-    static constexpr int SlashWidth = 135;
     /// The frame of a control that no form has resized.
     static constexpr int BorderWidth = 1575;
     static constexpr int BorderHeight = 285;
@@ -28,10 +25,8 @@ struct DateLayout {
 
 /// The box of the year is the wide one. Where it comes first, what follows it stands further to the right.
 inline constexpr int YearFirstShift = 135;
-inline constexpr DateLayout YearLastLayout{.boxes = {{{30, 330, 2}, {480, 235, 2}, {840, 465, 4}}},
-                                           .slashLefts = {360, 720}};
+inline constexpr DateLayout YearLastLayout{.boxes = {{{30, 330, 2}, {480, 235, 2}, {840, 465, 4}}}};
 inline constexpr DateLayout YearFirstLayout{
-    .boxes = {{{30, 465, 4}, {480 + YearFirstShift, 235, 2}, {840 + YearFirstShift, 235, 2}}},
-    .slashLefts = {360 + YearFirstShift, 720 + YearFirstShift}};
+    .boxes = {{{30, 465, 4}, {480 + YearFirstShift, 235, 2}, {840 + YearFirstShift, 235, 2}}}};
 
 }  // namespace controls

@@ -4,12 +4,41 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace controls {
 
 DateSegmentBox::DateSegmentBox(const QString& text, QWidget* parent) : EntryBox(text, parent) {
-    // The box is as wide as its digits: the room that the toolkit keeps on both sides would cut them.
-    setTextMargins(-2, 0, -2, 0);
     setAcceptDrops(false);
+}
+
+void DateSegmentBox::Place(const QRect& place, int digits, Side side) {
+    setGeometry(place);
+    SetEntryLimit(digits);
+    const int room = std::max(0, width() - WidthOfDigits());
+    switch (side) {
+        case Side::Left:
+            lead_ = 0;
+            break;
+        case Side::Middle:
+            lead_ = room / 2;
+            break;
+        case Side::Right:
+            // The caret behind the digits is still seen.
+            lead_ = std::max(0, room - 1);
+            break;
+    }
+    // The box is as wide as its digits: the room that the toolkit keeps on both sides would cut them.
+    constexpr int RoomOfToolkit = 2;
+    setTextMargins(lead_ - RoomOfToolkit, 0, -RoomOfToolkit, 0);
+}
+
+int DateSegmentBox::DigitsEnd() const {
+    return DigitsBegin() + WidthOfDigits();
+}
+
+int DateSegmentBox::WidthOfDigits() const {
+    return fontMetrics().horizontalAdvance(QString(EntryLimit(), QLatin1Char('0')));
 }
 
 bool DateSegmentBox::TakeKey(const QString& character) {

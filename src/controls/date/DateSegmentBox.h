@@ -19,9 +19,18 @@ class DateSegmentBox : public EntryBox {
     Q_OBJECT
 
 public:
+    /// Where the digits of a full box stand in it.
+    enum class Side { Left, Middle, Right };
+
     DateSegmentBox(const QString& text, QWidget* parent);
 
     bool TakeKey(const QString& character) override;
+
+    /// Takes its place and puts the digits that fill the box to a side. Fewer stand where those would begin.
+    void Place(const QRect& place, int digits, Side side);
+    /// Where the digits of a full box begin and end, in pixels of the parent.
+    int DigitsBegin() const { return x() + lead_; }
+    int DigitsEnd() const;
 
 Q_SIGNALS:
     void NextSegment();
@@ -33,8 +42,12 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override { TakeOneByOne(*event); }
 
 private:
+    int WidthOfDigits() const;
     void PutPoint();
     void TypeDigit(const QString& digit);
+
+    /// Pixels in front of the digits.
+    int lead_ = 0;
 };
 
 }  // namespace controls

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/base/ArrowFace.h"
+
 #include <QPushButton>
 
 namespace controls {
@@ -11,9 +13,7 @@ class PictureButton : public QPushButton {
     Q_OBJECT
 
 public:
-    enum class Picture { ArrowDown, ArrowLeft, ArrowRight, TwoArrowsLeft, TwoArrowsRight };
-
-    PictureButton(Picture picture, QWidget* parent);
+    PictureButton(Arrows picture, QWidget* parent);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -21,7 +21,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    Picture picture_;
+    Arrows picture_;
 };
 
 }  // namespace controls

@@ -3,6 +3,7 @@
 #include "controls/akDate.h"
 #include "controls/base/Action.h"
 #include "controls/base/Display.h"
+#include "controls/base/FieldFrame.h"
 #include "controls/base/Font.h"
 #include "controls/base/LeadingNumber.h"
 #include "controls/date/DateAccessible.h"
@@ -10,6 +11,7 @@
 #include "controls/date/DateSegmentBox.h"
 #include "controls/date/NoneBox.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -17,21 +19,13 @@ namespace controls {
 
 namespace {
 
-void DrawClosedControl(PaintedCanvas& canvas, int width, const DateLayout& layout, bool enabled) {
-    const int onePixel = TwipsPerPixel();
-    const int right = width - onePixel;
-    const int bottom = DateLayout::BorderHeight - onePixel;
-    const Colour ground = enabled ? White : DisabledField;
-    const QColor lettering =
-        enabled ? ToQColor(Black) : ReadableOn(ToQColor(ground), ToQColor(SystemColours::GreyText));
-    canvas.Line(0, 0, right, bottom, ground, LineForm::FilledBox);
-    canvas.Line(0, 0, right, bottom, Black, LineForm::Outline);
-    canvas.SetFont(ControlFont());
+/// A slash as far from the digits before it as from those behind it.
+void DrawSlash(PaintedCanvas& canvas, const DateSegmentBox& before, const DateSegmentBox& behind,
+               const QColor& colour) {
     const QString slash = QStringLiteral("/");
-    for (const int left : layout.slashLefts) {
-        canvas.Print(left + (DateLayout::SlashWidth - canvas.TextWidth(slash)) / 2.0,
-                     (DateLayout::BorderHeight - canvas.TextHeight(slash)) / 2.0, slash, lettering);
-    }
+    const int space = ToTwips(behind.DigitsBegin() - before.DigitsEnd()) - canvas.TextWidth(slash);
+    canvas.Print(ToTwips(before.DigitsEnd()) + space / 2.0,
+                 (DateLayout::BorderHeight - canvas.TextHeight(slash)) / 2.0, slash, colour);
 }
 
 }  // namespace
@@ -156,12 +150,21 @@ void akDate::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(backColor_));
     PaintedCanvas canvas(&painter, width(), height());
-    DrawClosedControl(canvas, borderWidth_, order_.IsYearFirst() ? YearFirstLayout : YearLastLayout,
-                      enabled_ && isEnabled());
+    DrawClosedControl(canvas);
     if (droppedDown_) {
         DrawFrame(canvas, calendar_);
         DrawDays(canvas, calendar_);
     }
+}
+
+void akDate::DrawClosedControl(PaintedCanvas& canvas) const {
+    const FieldState state =
+        enabled_ ? FieldStateOf(*this, isAncestorOf(QApplication::focusWidget())) : FieldState::Disabled;
+    DrawFieldGround(canvas, borderWidth_, DateLayout::BorderHeight, state);
+    DrawFieldFrame(canvas, borderWidth_, DateLayout::BorderHeight, state);
+    canvas.SetFont(ControlFont());
+    DrawSlash(canvas, *txtDate_[0], *txtDate_[1], FieldText(state));
+    DrawSlash(canvas, *txtDate_[1], *txtDate_[2], FieldText(state));
 }
 
 void akDate::RaiseOverNeighbours() {

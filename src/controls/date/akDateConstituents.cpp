@@ -16,8 +16,12 @@ namespace controls {
 namespace {
 
 /// Between both ends of a length in twips, in whole pixels.
+QRect PixelPlace(int left, int top, int width, int height) {
+    return {ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height)};
+}
+
 void Place(QWidget& widget, int left, int top, int width, int height) {
-    widget.setGeometry(ToPixels(left), ToPixels(top), ToPixels(width), ToPixels(height));
+    widget.setGeometry(PixelPlace(left, top, width, height));
 }
 
 }  // namespace
@@ -28,14 +32,11 @@ void akDate::CreateConstituents() {
         txtDate_[place] = new DateSegmentBox(texts[place], this);
         txtDate_[place]->setObjectName(QStringLiteral("txtDate%1").arg(place + 1));
     }
-    // The first box has room to spare, which is better kept from the slash behind it.
-    txtDate_[0]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    using Picture = PictureButton::Picture;
-    cmdOpen_ = CreateButton(QStringLiteral("cmdOpen"), Picture::ArrowDown);
-    cmdLeftMonth_ = CreateButton(QStringLiteral("cmdLeftMonth"), Picture::ArrowLeft);
-    cmdRightMonth_ = CreateButton(QStringLiteral("cmdRightMonth"), Picture::ArrowRight);
-    cmdLeftYear_ = CreateButton(QStringLiteral("cmdLeftYear"), Picture::TwoArrowsLeft);
-    cmdRightYear_ = CreateButton(QStringLiteral("cmdRightYear"), Picture::TwoArrowsRight);
+    cmdOpen_ = CreateButton(QStringLiteral("cmdOpen"), Arrows::Down);
+    cmdLeftMonth_ = CreateButton(QStringLiteral("cmdLeftMonth"), Arrows::Left);
+    cmdRightMonth_ = CreateButton(QStringLiteral("cmdRightMonth"), Arrows::Right);
+    cmdLeftYear_ = CreateButton(QStringLiteral("cmdLeftYear"), Arrows::TwoLeft);
+    cmdRightYear_ = CreateButton(QStringLiteral("cmdRightYear"), Arrows::TwoRight);
     for (PictureButton* button : CalendarButtons()) {
         button->hide();
     }
@@ -47,7 +48,7 @@ void akDate::CreateConstituents() {
     setTabOrder(txtNone_, cmdOpen_);
 }
 
-PictureButton* akDate::CreateButton(const QString& name, PictureButton::Picture picture) {
+PictureButton* akDate::CreateButton(const QString& name, Arrows picture) {
     auto* button = new PictureButton(picture, this);
     button->setObjectName(name);
     return button;
@@ -75,14 +76,24 @@ void akDate::ConnectConstituents() {
     connect(cmdLeftYear_, &PictureButton::clicked, this, [this] { Navigate(YearBefore); });
     connect(cmdRightYear_, &PictureButton::clicked, this, [this] { Navigate(YearAfter); });
     connect(qApp, &QApplication::focusChanged, this, &akDate::FollowFocus);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* old, const QWidget* now) {
+        // The frame is that of all boxes together.
+        if (isAncestorOf(old) != isAncestorOf(now)) {
+            update();
+        }
+    });
 }
 
 void akDate::PlaceConstituents() {
     const DateLayout& layout = order_.IsYearFirst() ? YearFirstLayout : YearLastLayout;
     for (size_t place = 0; place < txtDate_.size(); ++place) {
+        // The first box has room to spare: the digits of all three move together, to read as one date.
+        constexpr std::array Sides{DateSegmentBox::Side::Right, DateSegmentBox::Side::Middle,
+                                   DateSegmentBox::Side::Left};
         const DateLayout::Box& box = layout.boxes[place];
-        txtDate_[place]->SetEntryLimit(box.maximumLength);
-        Place(*txtDate_[place], box.left, DateLayout::BorderMargin, box.width, DateLayout::BoxHeight);
+        txtDate_[place]->Place(
+            PixelPlace(box.left, DateLayout::BorderMargin, box.width, DateLayout::BoxHeight),
+            box.maximumLength, Sides[place]);
     }
     Place(*cmdOpen_, borderWidth_ - DateLayout::BorderMargin - DateLayout::OpenButtonSize,
           DateLayout::BorderMargin, DateLayout::OpenButtonSize, DateLayout::OpenButtonSize);

@@ -10,9 +10,7 @@ namespace {
 
 /// The highlight of some desktops can hardly be told from the ground.
 Colour FocusColourOn(Colour ground) {
-    const QColor colour = ReadableOn(ToQColor(ground), ToQColor(SystemColours::Highlight));
-    return RGB(static_cast<std::uint32_t>(colour.red()), static_cast<std::uint32_t>(colour.green()),
-               static_cast<std::uint32_t>(colour.blue()));
+    return ToColour(ReadableOn(ToQColor(ground), ToQColor(SystemColours::Highlight)));
 }
 
 }  // namespace

@@ -169,7 +169,9 @@ void ctlPageHeading::DrawBackground() {
     gradient_.EndColour = ThePalette().BannerEnd;
     colourBandCount_ = platform::ToInteger((third + third) / Line);
     DrawGradient(0, 0, width, height);
-    background_.Line(0, height - Line, width, height - Line, ThePalette().Frame, LineForm::Line);
+    // Only its lower edge falls on the heading: the base line, at the height of that of the tabs.
+    background_.Line(-2 * Line, -2 * Line, width + Line, height - Line, ThePalette().Frame,
+                     LineForm::Outline);
     update();
 }
 

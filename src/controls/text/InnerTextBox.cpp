@@ -1,8 +1,7 @@
 #include "controls/text/InnerTextBox.h"
 
 #include "controls/base/Canvas.h"
-#include "controls/base/Display.h"
-#include "controls/base/Palette.h"
+#include "controls/base/FieldFrame.h"
 #include "controls/base/TypedText.h"
 
 #include <QInputMethodEvent>
@@ -15,9 +14,6 @@ namespace controls {
 
 namespace {
 
-/// Can still be read on a disabled field, and yet differs from black.
-constexpr Colour DisabledText = RGB(96, 96, 96);
-
 /// Between the edge and the text, so that the frame doesn't touch it.
 constexpr QMargins BesideText(2, 0, 2, 0);
 
@@ -28,9 +24,6 @@ InnerTextBox::InnerTextBox(QWidget* parent) : EntryBox(QString(), parent) {
     setTextMargins(BesideText);
     // What is behind the box needn't be painted with every key.
     setAttribute(Qt::WA_OpaquePaintEvent);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Disabled, QPalette::Text, ToQColor(DisabledText));
-    setPalette(colours);
 }
 
 void InnerTextBox::SelectFromStart() {
@@ -82,9 +75,7 @@ void InnerTextBox::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     QPainter painter(this);
     PaintedCanvas canvas(&painter, width(), height());
-    canvas.SetDrawWidth(hasFocus() ? 2 : 1);
-    canvas.Line(0, 0, ToTwips(width() - 1), ToTwips(height() - 1),
-                hasFocus() ? ThePalette().ButtonOutline : ThePalette().Frame, LineForm::Outline);
+    DrawFieldFrame(canvas, canvas.Width(), canvas.Height(), FieldStateOf(*this, hasFocus()));
 }
 
 }  // namespace controls

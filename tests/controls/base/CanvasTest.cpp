@@ -108,4 +108,113 @@ TEST_F(CanvasTest, TextIsMeasuredAndPrintedFromItsTopLeft) {
     EXPECT_TRUE(dark);
 }
 
+TEST_F(CanvasTest, ATextStandsAlikeOnADesktopThatWritesFromRightToLeft) {
+    const auto printed = [](Qt::LayoutDirection direction) {
+        QImage wide(150, 20, QImage::Format_RGB32);
+        wide.fill(Qt::white);
+        QPainter on(&wide);
+        on.setLayoutDirection(direction);
+        PaintedCanvas surface(&on, 150, 20);
+        surface.SetFont(ControlFont());
+        surface.Print(0, 0, QStringLiteral(" 1/12 Main Road "), Qt::black);
+        return wide;
+    };
+    EXPECT_EQ(printed(Qt::RightToLeft), printed(Qt::LeftToRight));
+}
+
+/// Scale factors of the display, on which a surface of 30 by 20 pixels stands somewhere in a window.
+class CanvasScaleTest : public ::testing::TestWithParam<double> {
+protected:
+    static constexpr int Width = 30;
+    static constexpr int Height = 20;
+
+    template <class Draw>
+    static QImage Drawn(int offset, Draw draw) {
+        const double factor = GetParam();
+        QImage image(QSizeF(factor * 60, factor * 50).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(factor);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.translate(offset, offset);
+        PaintedCanvas canvas(&painter, Width, Height);
+        draw(canvas);
+        return image;
+    }
+
+    static int Thickness(int pixels = 1) { return static_cast<int>(pixels * GetParam()); }
+    static int MiddleOf(int offset, int length) {
+        return static_cast<int>((offset + length / 2) * GetParam());
+    }
+    static QColor Red() { return ToQColor(red); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Factors, CanvasScaleTest, ::testing::Values(1.0, 1.25, 1.5, 1.75, 2.0));
+
+TEST_P(CanvasScaleTest, ALineIsAsThickOnEveryPixel) {
+    for (int offset = 0; offset < 8; ++offset) {
+        for (int pixel = 0; pixel < Height; ++pixel) {
+            const QImage upright = Drawn(offset, [&](PaintedCanvas& canvas) {
+                canvas.Line(15 * pixel, 0, 15 * pixel, 15 * (Height - 1), red, LineForm::Line);
+            });
+            EXPECT_EQ(RunsInRow(upright, MiddleOf(offset, Height), Red()), std::vector{Thickness()}) << pixel;
+            const QImage level = Drawn(offset, [&](PaintedCanvas& canvas) {
+                canvas.Line(0, 15 * pixel, 15 * (Width - 1), 15 * pixel, red, LineForm::Line);
+            });
+            EXPECT_EQ(RunsInColumn(level, MiddleOf(offset, Width), Red()), std::vector{Thickness()}) << pixel;
+        }
+    }
+}
+
+TEST_P(CanvasScaleTest, TheFourSidesOfAnOutlineAreAsThick) {
+    for (int offset = 0; offset < 8; ++offset) {
+        for (int size = 8; size <= Height; ++size) {
+            for (int pixels = 1; pixels <= 2; ++pixels) {
+                const QImage image = Drawn(offset, [&](PaintedCanvas& canvas) {
+                    canvas.SetDrawWidth(pixels);
+                    canvas.Line(0, 0, 15 * (size - 1), 15 * (size - 1), red, LineForm::Outline);
+                });
+                const std::vector both{Thickness(pixels), Thickness(pixels)};
+                EXPECT_EQ(RunsInRow(image, MiddleOf(offset, size), Red()), both) << offset << ", " << size;
+                EXPECT_EQ(RunsInColumn(image, MiddleOf(offset, size), Red()), both) << offset << ", " << size;
+            }
+        }
+    }
+}
+
+TEST_P(CanvasScaleTest, NothingOfABoxStandsOutBeyondItsOutline) {
+    for (int offset = 0; offset < 8; ++offset) {
+        for (int size = 8; size <= Height; ++size) {
+            const auto draw = [&](PaintedCanvas& canvas) {
+                const int end = 15 * (size - 1);
+                canvas.Line(0, 0, end, end, RGB(0, 0, 255), LineForm::FilledBox);
+                canvas.Line(0, 0, end, end, red, LineForm::Outline);
+            };
+            const QImage image = Drawn(offset, draw);
+            for (const bool isRow : {true, false}) {
+                const int middle = MiddleOf(offset, size);
+                const auto runs = [&](const QColor& colour) {
+                    return isRow ? RunsInRow(image, middle, colour) : RunsInColumn(image, middle, colour);
+                };
+                EXPECT_EQ(runs(Qt::blue).size(), 1U);
+                EXPECT_EQ(runs(Red()).size(), 2U) << offset << ", " << size;
+                // White before and behind, and none between.
+                EXPECT_EQ(runs(Qt::white).size(), offset == 0 ? 1U : 2U) << offset << ", " << size;
+            }
+        }
+    }
+}
+
+TEST_P(CanvasScaleTest, TwoLinesOnOnePixelAreOneLine) {
+    for (int offset = 0; offset < 8; ++offset) {
+        for (int pixel = 1; pixel < Width; ++pixel) {
+            const QImage image = Drawn(offset, [&](PaintedCanvas& canvas) {
+                canvas.Line(15 * pixel, 0, 15 * pixel, 15 * (Height - 1), Black, LineForm::Line);
+                canvas.Line(15 * pixel, 15 * (Height - 1), 15 * pixel, 0, red, LineForm::Line);
+            });
+            EXPECT_EQ(RunsInRow(image, MiddleOf(offset, Height), Red()), std::vector{Thickness()});
+            EXPECT_TRUE(RunsInRow(image, MiddleOf(offset, Height), Qt::black).empty());
+        }
+    }
+}
+
 }  // namespace

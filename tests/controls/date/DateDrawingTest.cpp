@@ -1,5 +1,6 @@
 #include "controls/base/Display.h"
 #include "controls/base/Font.h"
+#include "controls/base/Palette.h"
 #include "date/DateForm.h"
 #include "platform/NoDate.h"
 #include "support/OnScreen.h"
@@ -7,6 +8,9 @@
 #include <QApplication>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -64,17 +68,100 @@ QRect Cell(int column, int row) {
     return {left + 1, top + 1, ToPixels(350) - 2, ToPixels(190) - 2};
 }
 
-TEST(DateDrawingTest, TheClosedControlIsAWhiteFieldInABlackFrame) {
+TEST(DateDrawingTest, TheClosedControlIsAWhiteFieldInTheFrameOfAllFields) {
     DateForm form;
     const Look look(form.date);
-    EXPECT_EQ(look.At(0, 0), black);
-    EXPECT_EQ(look.At(104, 0), black);
-    EXPECT_EQ(look.At(0, 18), black);
-    EXPECT_EQ(look.At(104, 18), black);
-    EXPECT_EQ(look.At(50, 18), black);
+    const QColor frame = ToQColor(ThePalette().Frame);
+    EXPECT_EQ(look.At(0, 0), frame);
+    EXPECT_EQ(look.At(104, 0), frame);
+    EXPECT_EQ(look.At(0, 18), frame);
+    EXPECT_EQ(look.At(104, 18), frame);
+    EXPECT_EQ(look.At(50, 18), frame);
     EXPECT_EQ(look.At(1, 1), white);
     EXPECT_EQ(look.At(103, 17), white);
     EXPECT_EQ(look.At(50, 1), white);
+}
+
+TEST(DateDrawingTest, TheFrameShowsTheFocusOfEveryPart) {
+    DateForm form({.IncludeNone = true});
+    const QColor focused = ToQColor(ThePalette().ButtonOutline);
+    const auto isFocused = [&] {
+        const Look look(form.date);
+        return look.At(0, 0) == focused && look.At(1, 1) == focused && look.At(103, 17) == focused &&
+               look.At(104, 18) == focused;
+    };
+    PaintCounter paints(form.date);
+    for (QWidget* part : {static_cast<QWidget*>(&form.Box(1)), static_cast<QWidget*>(&form.Box(3)),
+                          static_cast<QWidget*>(&form.Button("cmdOpen"))}) {
+        form.LeaveControl();
+        EXPECT_FALSE(isFocused());
+        paints.Take();
+        part->setFocus();
+        EXPECT_GE(paints.Take(), 1) << part->objectName().toStdString();
+        EXPECT_TRUE(isFocused()) << part->objectName().toStdString();
+    }
+    form.LeaveControl();
+    EXPECT_GE(paints.Take(), 1);
+    form.date.SetValue(QDate(1234, 1, 1));
+    form.None().setFocus();
+    EXPECT_TRUE(isFocused());
+}
+
+TEST(DateDrawingTest, LinesAreAsThickAtEveryScale) {
+    for (const double factor : {1.25, 1.5, 1.75, 2.0}) {
+        DateForm form;
+        const std::vector both(2, static_cast<int>(factor));
+        const QImage closed = Picture(form.date, factor);
+        const QColor frame = ToQColor(ThePalette().Frame);
+        const int besideTheBoxes = static_cast<int>(1.5 * factor);
+        EXPECT_EQ(RunsInRow(closed, closed.height() / 2, frame), both) << factor;
+        EXPECT_EQ(RunsInColumn(closed, besideTheBoxes, frame), both) << factor;
+        form.date.DropDown();
+        const QImage open = Picture(form.date, factor);
+        // The frame's line at the left; that at the right, with the shadow beside it.
+        const int besideTheDays = static_cast<int>(54.5 * factor);
+        ASSERT_EQ(RunsInRow(open, besideTheDays, black).size(), 2U) << factor;
+        EXPECT_EQ(RunsInRow(open, besideTheDays, black).front(), static_cast<int>(factor)) << factor;
+    }
+}
+
+/// The pixels of the closed control that digits and slashes leave white, as a white gap between any two of
+/// them, from left to right.
+std::vector<int> GapsOfDate(akDate& date) {
+    const QImage image = Picture(date);
+    std::vector<int> gaps;
+    int blank = 0;
+    bool begun = false;
+    for (int x = 2; x < ToPixels(1305); ++x) {
+        bool hasInk = false;
+        for (int y = 3; y < 16; ++y) {
+            hasInk = hasInk || image.pixelColor(x, y).lightness() < 160;
+        }
+        if (hasInk && begun && blank > 0) {
+            gaps.push_back(blank);
+        }
+        begun = begun || hasInk;
+        blank = hasInk ? 0 : blank + 1;
+    }
+    return gaps;
+}
+
+TEST(DateDrawingTest, TheDigitsReadAsOneDate) {
+    for (const char* locale : {DateForm::DayFirst, DateForm::MonthFirst, DateForm::YearFirst}) {
+        DateForm form({}, locale);
+        form.date.SetValue(QDate(2000, 8, 8));
+        const bool isYearFirst = locale == DateForm::YearFirst;
+        // Zeroes and eights are alike wide, so that gaps tell of places alone.
+        const std::vector<int> gaps = GapsOfDate(form.date);
+        ASSERT_EQ(gaps.size(), 9U) << locale;
+        const size_t first = isYearFirst ? 3 : 1;
+        const size_t second = first + 3;
+        for (const size_t slash : {first, second}) {
+            EXPECT_NEAR(gaps[slash], gaps[slash + 1], 1) << locale << ", on both sides of a slash";
+            EXPECT_LE(gaps[slash], 4) << locale;
+        }
+        EXPECT_NEAR(gaps[first], gaps[second], 1) << locale << ", both slashes alike";
+    }
 }
 
 TEST(DateDrawingTest, ASlashStandsBetweenTheBoxes) {
@@ -173,7 +260,7 @@ TEST(DateDrawingTest, TheTitleIsCentredOnItsLineInTheBand) {
     EXPECT_EQ(look.Count(QRect(33, 20, 100, 3), Band()), 300);
 }
 
-/// The width of "Mon" in the largest face that leaves a pixel between day names. They are the widest.
+/// The width of "Mon" in the largest face that leaves three pixels between day names. They are the widest.
 int DayNameWidth(Weight weight) {
     const auto width = [](QFont font, int pixels, bool bold) {
         font.setPixelSize(pixels);
@@ -183,7 +270,7 @@ int DayNameWidth(Weight weight) {
                         metrics.horizontalAdvance(QStringLiteral("Wed")));
     };
     int pixels = ControlFont().pixelSize();
-    while (width(ControlFont(), pixels, false) + 1 > 350 / 15.0) {
+    while (width(ControlFont(), pixels, false) + 3 > 350 / 15.0) {
         --pixels;
     }
     return width(ControlFont(), pixels, weight == Weight::Bold);
@@ -206,16 +293,20 @@ TEST(DateDrawingTest, TheTitleIsBoldAndTheDayNamesArent) {
     EXPECT_LT(right - left + 1, DayNameWidth(Weight::Bold) - 2);
 }
 
-TEST(DateDrawingTest, EachDayNameIsCentredInItsColumn) {
+TEST(DateDrawingTest, DayNamesStandInTheMiddleOfTheirColumnsAtEvenDistances) {
     DateForm form;
     form.date.DropDown();
     const Look look(form.date);
+    double before = 0;
     for (int column = 1; column <= 7; ++column) {
         const int left = ToPixels((column - 1) * 350 + 25);
         const int margin = column == 1 || column == 7 ? 1 : 0;
         const QRect area(left + margin, 41, 23 - margin, 11);
         const auto [first, last] = look.Columns(area, Band());
-        EXPECT_NEAR((first + last) / 2.0, left + 11.5, 2) << column;
+        const double middle = (first + last + 1) / 2.0;
+        EXPECT_NEAR(middle, ((column - 1) * 350 + 25 + 175) / 15.0, 1) << column;
+        EXPECT_TRUE(column == 1 || std::abs(middle - before - 350 / 15.0) <= 1) << column << ", " << before;
+        before = middle;
     }
 }
 
@@ -230,7 +321,7 @@ TEST(DateDrawingTest, DayNamesStandApart) {
         for (int x = left - 4; x <= left + 4; ++x) {
             bare += isBare(x) ? 1 : 0;
         }
-        EXPECT_GE(bare, 2) << column;
+        EXPECT_GE(bare, 3) << column;
     }
 }
 
@@ -358,6 +449,65 @@ TEST(DateDrawingTest, TheTitleCanBeReadOnAPaleBand) {
     const auto dark = [](const QColor& pixel) { return pixel.lightness() < 150; };
     EXPECT_GT(look.Count(QRect(33, 24, 100, 12), dark), 30);
     EXPECT_GT(look.Count(QRect(5, 41, 150, 11), dark), 30);
+}
+
+/// The contrast of two colours as the guidelines for accessible contents reckon it, from 1 to 21.
+double ContrastOf(const QColor& one, const QColor& other) {
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](int channel) {
+            const double share = channel / 255.0;
+            return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) +
+               0.0722 * linear(colour.blue());
+    };
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+TEST(DateDrawingTest, TheChosenDayStandsOutOnLightAndDarkDesktops) {
+    QPalette dark(QColor(40, 40, 40));
+    dark.setColor(QPalette::Base, QColor(20, 20, 20));
+    dark.setColor(QPalette::Text, Qt::white);
+    for (const QPalette& desktop : {QPalette(), dark}) {
+        const AnotherPalette palette(desktop);
+        DateForm form({.IncludeNone = true});
+        form.date.DropDown();
+        const Look look(form.date);
+        QColor ink = white;
+        const QRect cell = Cell(7, 3);
+        for (int y = cell.top(); y <= cell.bottom(); ++y) {
+            for (int x = cell.left(); x <= cell.right(); ++x) {
+                ink = look.At(x, y).lightness() < ink.lightness() ? look.At(x, y) : ink;
+            }
+        }
+        // The digits reach over the edges of the disc.
+        EXPECT_GE(ContrastOf(ink, yellow), 4.5);
+        EXPECT_GE(ContrastOf(ink, white), 4.5);
+        // Disc and ground are nearly alike. The frame tells the day from the others, in yellow and on white.
+        const QColor frame = look.At(cell.left() - 1, cell.center().y());
+        EXPECT_GE(ContrastOf(frame, white), 4.5);
+        EXPECT_GE(ContrastOf(frame, yellow), 4.5);
+        const QRect around(142, 78, 23, 14);
+        for (const QPoint corner :
+             {around.topLeft(), around.topRight(), around.bottomLeft(), around.bottomRight()}) {
+            EXPECT_EQ(look.At(corner.x(), corner.y()), frame) << corner.x() << "," << corner.y();
+        }
+        EXPECT_EQ(look.Count(QRect(1, 54, 164, 75), frame), 2 * (23 + 14) - 4) << "and no other day";
+    }
+}
+
+TEST(DateDrawingTest, DisabledTextStandsOutFromItsGround) {
+    DateForm form({.Enabled = false});
+    const Look look(form.date);
+    QColor ink = white;
+    for (int y = 4; y < 15; ++y) {
+        for (int x = 4; x < 80; ++x) {
+            ink = look.At(x, y).lightness() < ink.lightness() ? look.At(x, y) : ink;
+        }
+    }
+    EXPECT_GE(ContrastOf(ink, look.At(4, 4)), 4.5);
 }
 
 TEST(DateDrawingTest, ButtonsHaveArrowsThatPointTheirWay) {

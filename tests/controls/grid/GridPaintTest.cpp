@@ -274,6 +274,25 @@ TEST_P(GridScaleTest, TheFocusLineIsWholeAndOfOneThicknessAndChangesNothingElse)
     }
 }
 
+TEST_P(GridScaleTest, AllLinesOfTheListAreAsThick) {
+    LoadShown(5);
+    grid->clearFocus();
+    for (int row = 1; row <= 5; ++row) {
+        for (int column = 1; column <= 2; ++column) {
+            grid->SetTextMatrix(row, column, {});
+        }
+    }
+    const QImage picture = Picture(*grid, GetParam());
+    const int thickness = static_cast<int>(GetParam());
+    // Through a row and through a column, and along the last lines of both, which nothing stands out from.
+    const int y = static_cast<int>(25 * GetParam());
+    const int x = static_cast<int>(100 * GetParam());
+    EXPECT_EQ(RunsInRow(picture, y, black), std::vector<int>(3, thickness));
+    EXPECT_EQ(RunsInColumn(picture, x, black), std::vector<int>(6, thickness));
+    EXPECT_EQ(RunsInRow(picture, y, white).size(), 2U);
+    EXPECT_EQ(RunsInColumn(picture, x, white).size(), 5U);
+}
+
 INSTANTIATE_TEST_SUITE_P(Factors, GridScaleTest, ::testing::Values(1.0, 1.25, 1.5, 2.0));
 
 TEST_F(GridPaintTest, AChangeOfManyStepsPaintsOnce) {

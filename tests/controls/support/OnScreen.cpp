@@ -44,6 +44,33 @@ std::set<QRgb> Colours(const QImage& picture) {
     return colours;
 }
 
+namespace {
+
+template <class IsOfColour>
+std::vector<int> Runs(int length, IsOfColour isOfColour) {
+    std::vector<int> runs;
+    for (int place = 0; place < length; ++place) {
+        if (!isOfColour(place)) {
+            continue;
+        }
+        if (place == 0 || !isOfColour(place - 1)) {
+            runs.push_back(0);
+        }
+        ++runs.back();
+    }
+    return runs;
+}
+
+}  // namespace
+
+std::vector<int> RunsInRow(const QImage& picture, int y, const QColor& colour) {
+    return Runs(picture.width(), [&](int x) { return picture.pixelColor(x, y) == colour; });
+}
+
+std::vector<int> RunsInColumn(const QImage& picture, int x, const QColor& colour) {
+    return Runs(picture.height(), [&](int y) { return picture.pixelColor(x, y) == colour; });
+}
+
 QColor PixelAt(QWidget& widget, int x, int y) {
     return Picture(widget).pixelColor(x, y);
 }

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <set>
+#include <vector>
 
 /// Lets a test stand on a display of another density while it lives.
 class AnotherDensity {
@@ -28,6 +29,11 @@ QImage DensePicture(QWidget& widget);
 
 /// The colours of a picture.
 std::set<QRgb> Colours(const QImage& picture);
+
+/// How many pixels of a colour stand beside one another, for each group of them from left to right along a
+/// row, or from top to bottom along a column.
+std::vector<int> RunsInRow(const QImage& picture, int y, const QColor& colour);
+std::vector<int> RunsInColumn(const QImage& picture, int x, const QColor& colour);
 
 /// One pixel of it.
 QColor PixelAt(QWidget& widget, int x, int y);

@@ -145,6 +145,23 @@ TEST_F(TextBoxLooksTest, AFrameShowsTheFocusInEveryStyle) {
     }
 }
 
+TEST_F(TextBoxLooksTest, TheFrameIsAsThickOnAllSidesWhereverTheBoxStands) {
+    Load({.Text = u""_s});
+    const QColor frame = ToQColor(ThePalette().Frame);
+    for (const double factor : {1.25, 1.5, 1.75, 2.0}) {
+        for (int offset = 1; offset <= 8; ++offset) {
+            TheControl().Move(15 * offset, 15 * offset, 15 * (60 + offset), 285);
+            // The whole window: the toolkit cuts the box out of it.
+            const QImage picture = Picture(window, factor);
+            const std::vector both(2, static_cast<int>(factor));
+            EXPECT_EQ(RunsInRow(picture, static_cast<int>((offset + 10) * factor), frame), both)
+                << factor << ", " << offset;
+            EXPECT_EQ(RunsInColumn(picture, static_cast<int>((offset + 30) * factor), frame), both)
+                << factor << ", " << offset;
+        }
+    }
+}
+
 /// A style that leaves the ground of an edit box to others.
 class BareStyle : public QProxyStyle {
 public:
