@@ -1,8 +1,10 @@
 #include "screens/DropDownList.h"
 
+#include "controls/base/AccessibilityBus.h"
 #include "controls/base/Accessible.h"
 #include "screens/ListAccessible.h"
 
+#include <QListView>
 #include <QWheelEvent>
 
 namespace screens {
@@ -17,11 +19,28 @@ DropDownList::DropDownList(QWidget* parent) : QComboBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
 }
 
+void DropDownList::keyPressEvent(QKeyEvent* event) {
+    // The keys of an open list don't come here.
+    const int before = currentIndex();
+    QComboBox::keyPressEvent(event);
+    TellChoiceOtherThan(before);
+}
+
 void DropDownList::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) {
+        const int before = currentIndex();
         QComboBox::wheelEvent(event);
+        TellChoiceOtherThan(before);
     } else {
         event->ignore();
+    }
+}
+
+void DropDownList::TellChoiceOtherThan(int before) {
+    // Of the value alone screen readers say nothing.
+    if (currentIndex() != before && QAccessible::isActive()) {
+        controls::TellBusOfDescendant(*this,
+                                      *QAccessible::queryAccessibleInterface(view())->child(currentIndex()));
     }
 }
 
