@@ -1,5 +1,6 @@
 #include "screens/DropDownList.h"
 
+#include "controls/base/AccessibilityBus.h"
 #include "controls/base/Accessible.h"
 #include "controls/base/ArrowFace.h"
 #include "controls/base/Canvas.h"
@@ -7,6 +8,7 @@
 #include "controls/base/FieldFrame.h"
 #include "screens/ListAccessible.h"
 
+#include <QListView>
 #include <QPainter>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
@@ -55,11 +57,28 @@ void DropDownList::paintEvent(QPaintEvent* /*event*/) {
                  controls::FieldText(state));
 }
 
+void DropDownList::keyPressEvent(QKeyEvent* event) {
+    // The keys of an open list don't come here.
+    const int before = currentIndex();
+    QComboBox::keyPressEvent(event);
+    TellChoiceOtherThan(before);
+}
+
 void DropDownList::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) {
+        const int before = currentIndex();
         QComboBox::wheelEvent(event);
+        TellChoiceOtherThan(before);
     } else {
         event->ignore();
+    }
+}
+
+void DropDownList::TellChoiceOtherThan(int before) {
+    // Of the value alone screen readers say nothing.
+    if (currentIndex() != before && QAccessible::isActive()) {
+        controls::TellBusOfDescendant(*this,
+                                      *QAccessible::queryAccessibleInterface(view())->child(currentIndex()));
     }
 }
 

@@ -16,8 +16,13 @@ public:
     explicit DropDownList(QWidget* parent);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    /// To be spoken, if the closed list has come to another entry.
+    void TellChoiceOtherThan(int before);
 };
 
 }  // namespace screens

@@ -4,6 +4,7 @@
 #include "controls/ctlButton.h"
 #include "platform/MessageBox.h"
 #include "records/Collections.h"
+#include "screens/Page.h"
 #include "screens/Paper.h"
 
 #include <QLabel>
@@ -27,10 +28,9 @@ namespace screens {
 ///   EditFieldOf(dialog)          where the dialog takes the record to be changed
 ///   TakeFrom(dialog, all)        adds what the dialog has made; true if the list has to be shown anew
 template <typename Own>
-class ListPage : public QWidget {
+class ListPage : public Page {
 public:
-    ListPage(QWidget* parent, records::Collections& all) : QWidget(parent), all_(all) {
-        setPalette(PaperPalette());
+    ListPage(QWidget* parent, records::Collections& all) : Page(parent), all_(all) {
         AddLabel(this, QStringLiteral("Label1"), Own::Label, {0, 0, 11000, 300});
         const QString zeros = QStringLiteral("0|").repeated(Own::Headings.count(QLatin1Char('|')));
         akGrid1_ = new controls::akGrid({.ColumnHeadings = Own::Headings,

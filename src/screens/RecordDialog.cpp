@@ -37,33 +37,39 @@ int DialogWindow::TopOfLine(int line) {
     return Margin + line * Pitch;
 }
 
+QLabel* DialogWindow::AddLabelOf(const QString& field, const QString& text, int line) {
+    return AddLabel(this, QStringLiteral("lbl") + field.mid(3), text,
+                    {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
+}
+
 ctlTextBox* DialogWindow::AddTextBox(const QString& name, const QString& label, int line, int width,
                                      const ctlTextBox::Properties& properties) {
-    AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
-             {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
+    QLabel* written = AddLabelOf(name, label, line);
     auto* box = new ctlTextBox(properties, this);
     box->setObjectName(name);
     box->SetLabel(label);
+    written->setBuddy(box->focusProxy());
     PutAt(*box, {LeftOfFields, TopOfLine(line), width, HeightOfFields});
     return box;
 }
 
 akDate* DialogWindow::AddDate(const QString& name, const QString& label, int line,
                               const akDate::Properties& properties) {
-    AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
-             {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
+    QLabel* written = AddLabelOf(name, label, line);
     auto* date = new akDate(properties, this);
     date->setObjectName(name);
     date->SetLabel(label);
+    written->setBuddy(date);
     date->SetBackColor(controls::White);
     date->Move(LeftOfFields, TopOfLine(line));
     return date;
 }
 
 QComboBox* DialogWindow::AddList(const QString& name, const QString& label, int line, int width) {
-    AddLabel(this, QStringLiteral("lbl") + name.mid(3), label,
-             {Margin, TopOfLine(line) + 45, WidthOfLabels, HeightOfFields});
-    return AddPlainList(name, label, {LeftOfFields, TopOfLine(line), width, HeightOfFields});
+    QLabel* written = AddLabelOf(name, label, line);
+    QComboBox* list = AddPlainList(name, label, {LeftOfFields, TopOfLine(line), width, HeightOfFields});
+    written->setBuddy(list);
+    return list;
 }
 
 QComboBox* DialogWindow::AddPlainList(const QString& name, const QString& accessibleName,

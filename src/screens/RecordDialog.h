@@ -55,6 +55,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    /// What screen readers take for the label of a field is not told as a text of the dialog's own as well.
+    QLabel* AddLabelOf(const QString& field, const QString& text, int line);
+
     bool activated_ = false;
 };
 

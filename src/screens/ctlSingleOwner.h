@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include "screens/Page.h"
 
 namespace controls {
 class ctlTextBox;
@@ -14,7 +14,7 @@ namespace screens {
 
 /// The page of owners as a landlord sees it: one name, and no list. Leaving it forward makes the owner anew;
 /// whatever owners were entered before are gone then.
-class ctlSingleOwner : public QWidget {
+class ctlSingleOwner : public Page {
     Q_OBJECT
 
 public:

@@ -90,6 +90,9 @@ void frmTenant::AddMonthDayFields() {
     PutAt(*txtMonthDay_, {LeftOfFields + 2850, top, 600, HeightOfFields});
     lblMonthDay2_ = AddLabel(this, QStringLiteral("lblMonthDay2"), QStringLiteral("of each month"),
                              {LeftOfFields + 3550, top + 45, 1500, HeightOfFields});
+    for (QLabel* label : {lblMonthDay1_, lblMonthDay2_}) {
+        label->setBuddy(txtMonthDay_->focusProxy());
+    }
 }
 
 void frmTenant::Load() {

@@ -1,15 +1,13 @@
 #include "shell/ctlFinish.h"
 
 #include "records/Collections.h"
-#include "screens/Paper.h"
 #include "shell/StaticText.h"
 
 #include <QLabel>
 
 namespace shell {
 
-ctlFinish::ctlFinish(QWidget* parent) : QWidget(parent) {
-    setPalette(screens::PaperPalette());
+ctlFinish::ctlFinish(QWidget* parent) : Page(parent, Fields::None) {
     lblResult_ = AddOpening(this, QStringLiteral("lblResult"), QString(), 1950);
     AddWarning(this, 2250);
 }

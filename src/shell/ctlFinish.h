@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QWidget>
+#include "screens/Page.h"
 
 class QLabel;
 
 namespace shell {
 
 /// The closing page: what Finish will create, and what it deletes.
-class ctlFinish : public QWidget {
+class ctlFinish : public screens::Page {
     Q_OBJECT
 
 public:

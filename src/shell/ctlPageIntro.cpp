@@ -1,12 +1,10 @@
 #include "shell/ctlPageIntro.h"
 
-#include "screens/Paper.h"
 #include "shell/StaticText.h"
 
 namespace shell {
 
-ctlPageIntro::ctlPageIntro(QWidget* parent) : QWidget(parent) {
-    setPalette(screens::PaperPalette());
+ctlPageIntro::ctlPageIntro(QWidget* parent) : Page(parent, Fields::None) {
     AddOpening(
         this, QStringLiteral("Label2"),
         QStringLiteral(

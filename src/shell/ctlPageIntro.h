@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "screens/Page.h"
 
 namespace shell {
 
 /// The opening page: what the wizard is for and what it deletes.
-class ctlPageIntro : public QWidget {
+class ctlPageIntro : public screens::Page {
     Q_OBJECT
 
 public:

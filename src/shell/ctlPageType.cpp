@@ -13,8 +13,7 @@
 
 namespace shell {
 
-ctlPageType::ctlPageType(QWidget* parent) : QWidget(parent) {
-    setPalette(screens::PaperPalette());
+ctlPageType::ctlPageType(QWidget* parent) : Page(parent) {
     screens::AddLabel(this, QStringLiteral("Label1"), QStringLiteral("What type of user are you?"),
                       {0, 0, 11000, 300});
     AddOptions();
@@ -46,12 +45,14 @@ void ctlPageType::AddManagerFields() {
                                                  this);
     txtManagementFee_->setObjectName(QStringLiteral("txtManagementFee"));
     txtManagementFee_->SetLabel(fee);
+    Label2_->setBuddy(txtManagementFee_->focusProxy());
     screens::PutAt(*txtManagementFee_, {4600, 1650, 1050, 285});
     Label3_ = screens::AddLabel(this, QStringLiteral("Label3"), QStringLiteral("%"), {5730, 1695, 300, 300});
     Label4_ = screens::AddLabel(this, QStringLiteral("Label4"), disbursement, {300, 2145, 4200, 300});
     datLastDisbursement_ = new controls::akDate({.Enabled = false, .IncludeNone = true}, this);
     datLastDisbursement_->setObjectName(QStringLiteral("datLastDisbursement"));
     datLastDisbursement_->SetLabel(disbursement);
+    Label4_->setBuddy(datLastDisbursement_);
     datLastDisbursement_->SetBackColor(controls::White);
     datLastDisbursement_->SetValue(platform::NoDate());
     datLastDisbursement_->Move(4600, 2100);

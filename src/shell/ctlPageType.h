@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include "screens/Page.h"
 
 class QLabel;
 class QRadioButton;
@@ -14,7 +14,7 @@ namespace shell {
 
 /// The page on which the user says whether he is a landlord or a property manager. What was entered stays on
 /// the page for as long as the process lives; it counts from the next Next on.
-class ctlPageType : public QWidget {
+class ctlPageType : public screens::Page {
     Q_OBJECT
 
 public:

@@ -95,6 +95,7 @@ void frmMain::AddPages() {
         constexpr int Top = 1410;
         page.widget = page.kind.Make(this);
         page.widget->setObjectName(page.kind.name);
+        page.widget->setAccessibleName(page.kind.tab);
         page.widget->hide();
         screens::PutAt(*page.widget, {Margin, Top, InnerWidth - 2 * Margin, 6500});
     }

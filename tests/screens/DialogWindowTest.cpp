@@ -6,9 +6,12 @@
 #include "screens/frmTenant.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QLabel>
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -30,6 +33,26 @@ QStringList TabOrder(const QWidget& dialog) {
     return names;
 }
 
+bool IsLabelOf(QLabel& label, QWidget& field) {
+    const auto relations = QAccessible::queryAccessibleInterface(&label)->relations(QAccessible::Labelled);
+    return std::any_of(relations.begin(), relations.end(),
+                       [&field](const auto& relation) { return relation.first->object() == &field; });
+}
+
+/// Screen readers tell a label that belongs to no field as if it were a text of the dialog's own.
+void ExpectLabelsToBelongToTheirFields(const QWidget& dialog) {
+    int fields = 0;
+    for (QLabel* label : dialog.findChildren<QLabel*>()) {
+        for (QWidget* field : dialog.findChildren<QWidget*>()) {
+            if (field->accessibleName() == label->text()) {
+                ++fields;
+                EXPECT_TRUE(IsLabelOf(*label, *field)) << label->text().toStdString();
+            }
+        }
+    }
+    EXPECT_GT(fields, 0);
+}
+
 template <typename Dialog>
 void ExpectWindow(const QString& caption, const QStringList& tabOrder) {
     Dialog dialog(nullptr, records::TheCollections());
@@ -39,6 +62,7 @@ void ExpectWindow(const QString& caption, const QStringList& tabOrder) {
     EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
     EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
     EXPECT_EQ(TabOrder(dialog), tabOrder);
+    ExpectLabelsToBelongToTheirFields(dialog);
     ShowAndActivate(dialog);
     const QPoint off = dialog.geometry().center() - dialog.screen()->availableGeometry().center();
     // In the middle of the screen, up to the frame that the platform draws around it.

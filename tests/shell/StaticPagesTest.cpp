@@ -5,6 +5,7 @@
 #include "records/Collections.h"
 #include "records/ImportSettings.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -39,6 +40,35 @@ TEST_F(StaticPagesTest, TheFirstPageSaysWhatWillHappen) {
                     "tenants."));
     EXPECT_TRUE(Has(page, warning));
     EXPECT_TRUE(Has(page, changeLater));
+}
+
+// A screen reader tells a group's name and its own text when the focus comes into it, and those of a
+// notification when it comes up, since the focus never comes there.
+TEST_F(StaticPagesTest, EachPageIsToldByTheNameOfItsTab) {
+    for (const auto& [page, tab, role] :
+         {std::tuple{"ctlPageIntro1", "Introduction", QAccessible::Notification},
+          std::tuple{"ctlPageAccounts1", "Bank Accounts", QAccessible::Grouping},
+          std::tuple{"ctlPageType1", "User Type", QAccessible::Grouping},
+          std::tuple{"ctlPageOwner1", "Owners", QAccessible::Grouping},
+          std::tuple{"ctlSingleOwner1", "Owners", QAccessible::Grouping},
+          std::tuple{"ctlPageProperty1", "Properties", QAccessible::Grouping},
+          std::tuple{"ctlPageTenant1", "Tenants", QAccessible::Grouping},
+          std::tuple{"ctlFinish1", "Finished", QAccessible::Notification}}) {
+        const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&Find(page));
+        EXPECT_EQ(told->text(QAccessible::Name), QLatin1String(tab)) << page;
+        EXPECT_EQ(told->role(), role) << page;
+    }
+}
+
+// A label that belongs to no field would be told as the page's own text.
+TEST_F(StaticPagesTest, TheLabelsOfFieldsBelongToThem) {
+    for (const auto& [page, name] : {std::pair{"ctlPageType1", "Label2"}, std::pair{"ctlPageType1", "Label4"},
+                                     std::pair{"ctlSingleOwner1", "Label2"}}) {
+        auto* label = Find(page).findChild<QLabel*>(QLatin1String(name));
+        const auto relations = QAccessible::queryAccessibleInterface(label)->relations(QAccessible::Labelled);
+        ASSERT_EQ(relations.size(), 1) << page << name;
+        EXPECT_EQ(relations.front().first->text(QAccessible::Name), label->text()) << page << name;
+    }
 }
 
 // Beside words that all will be deleted.

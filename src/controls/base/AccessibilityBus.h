@@ -1,5 +1,6 @@
 #pragma once
 
+class QAccessibleInterface;
 class QObject;
 class QString;
 
@@ -9,5 +10,9 @@ namespace controls {
 /// accessibility bus. The toolkit passes changes of some states on and keeps others, such as "pressed", to
 /// itself. Nothing happens without such a bus.
 void TellBusOfState(QObject& object, const QString& state, bool on);
+
+/// Tells assistive programs which part of an object that has the focus is the current one now. The toolkit
+/// keeps this to itself as well.
+void TellBusOfDescendant(QObject& object, QAccessibleInterface& descendant);
 
 }  // namespace controls
