@@ -49,6 +49,8 @@ int Main(int argc, char** argv, std::vector<PageKind> kinds) {
     WizardApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("wrenfield-wizard"));
     QApplication::setDesktopFileName(QStringLiteral("wrenfield-wizard"));
+    // All texts are English and all places reckoned from the left, whichever way the desktop writes.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     platform::LoadSystemLocale();
     ScreenMessageBoxes boxes;
     platform::SetMessageBoxPort(&boxes);
