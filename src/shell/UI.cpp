@@ -52,6 +52,8 @@ int Main(int argc, char** argv, std::vector<PageKind> kinds) {
     QApplication::setDesktopFileName(QStringLiteral("wrenfield-wizard"));
     // Of every window, a box before the form shows included.
     QApplication::setWindowIcon(WizardIcon());
+    // All texts are English and all places reckoned from the left, whichever way the desktop writes.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     platform::LoadSystemLocale();
     ScreenMessageBoxes boxes;
     platform::SetMessageBoxPort(&boxes);

@@ -36,6 +36,22 @@ class Begin(Journey):
                          "the task bar shows whose box the first one is")
         self.assert_buttons(wizard, ["Next", "Cancel"], ["Back", "Finish"])
 
+    def user_type_page(self, *arguments):
+        """What the display shows of the page with options, a box, a date and the link."""
+        wizard = self.start(*arguments)
+        wizard.next("Bank Accounts")
+        wizard.next("User Type")
+        self.desktop.settle()
+        file = os.path.join(wizard.folder, "page.ppm")
+        self.desktop.picture(file)
+        with open(file, "rb") as picture:
+            pixels = picture.read()
+        wizard.close()
+        return pixels
+
+    def test_a_desktop_that_writes_from_right_to_left_changes_no_look(self):
+        self.assertTrue(self.user_type_page("-reverse") == self.user_type_page())
+
     def assert_box_is_in_front(self):
         """The box keeps in front of the wizard, since the window manager knows that it belongs to it."""
         hints = [self.desktop.run(["xprop", "-id", window, "WM_TRANSIENT_FOR"]) for window in self.windows_on_screen()]

@@ -92,7 +92,8 @@ void UpDownImage::paintEvent(QPaintEvent* /*event*/) {
     canvas.Line(0, 0, ToTwips(PixelWidth - 1), ToTwips(PixelHeight - 1), colours.Heading,
                 LineForm::FilledBox);
     canvas.Line(0, 0, ToTwips(PixelWidth - 1), ToTwips(PixelHeight - 1), colours.Frame, LineForm::Outline);
-    FillRow(canvas, 0, PixelWidth - 1, DividingRow, colours.Frame);
+    canvas.Line(0, ToTwips(DividingRow), ToTwips(PixelWidth - 1), ToTwips(DividingRow), colours.Frame,
+                LineForm::Line);
     const Colour arrows = isEnabled() ? colours.ButtonOutline : DisabledArrow;
     if (IsDense(painter)) {
         DrawSmoothArrows(painter, ToQColor(arrows));

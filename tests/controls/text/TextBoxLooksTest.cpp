@@ -217,6 +217,21 @@ TEST_F(TextBoxLooksTest, TheImageHasAnArrowInEachHalf) {
     EXPECT_NE(Picture(TheImage()).pixelColor(7, 3), face);
 }
 
+TEST_F(TextBoxLooksTest, TheLinesOfTheImageAreAsThickWhereverItStands) {
+    Load({.ShowUpDown = true});
+    const QColor frame = ToQColor(ThePalette().Frame);
+    for (const double factor : {1.25, 1.5, 1.75, 2.0}) {
+        for (int offset = 1; offset <= 8; ++offset) {
+            TheControl().Move(15 * offset, 15 * offset, 15 * 60, 285);
+            const QImage picture = Picture(window, factor);
+            // Beside the arrows: both edges and the line between the halves.
+            const int x = static_cast<int>((offset + 60 - 14 + 0.5) * factor);
+            EXPECT_EQ(RunsInColumn(picture, x, frame), std::vector<int>(3, static_cast<int>(factor)))
+                << factor << ", " << offset;
+        }
+    }
+}
+
 TEST_F(TextBoxLooksTest, OnADenseDisplayTheEdgesOfTheArrowsAreSmooth) {
     Load({.ShowUpDown = true});
     const QImage coarse = Picture(TheImage());
