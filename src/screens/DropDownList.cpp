@@ -76,7 +76,7 @@ void DropDownList::wheelEvent(QWheelEvent* event) {
 
 void DropDownList::TellChoiceOtherThan(int before) {
     // Of the value alone screen readers say nothing.
-    if (currentIndex() != before && QAccessible::isActive()) {
+    if (currentIndex() != before && currentIndex() >= 0 && QAccessible::isActive()) {
         controls::TellBusOfDescendant(*this,
                                       *QAccessible::queryAccessibleInterface(view())->child(currentIndex()));
     }

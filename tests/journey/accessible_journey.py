@@ -6,7 +6,7 @@ from journey import Journey, main
 
 # What nothing is entered into and nothing can be done with.
 SILENT = {"filler", "label", "panel", "image", "table column header", "list", "list item", "page tab list", "alert",
-          "dialog", "frame"}
+          "dialog", "frame", "notification"}
 
 
 class ScreenReader(Journey):
