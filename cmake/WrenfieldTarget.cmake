@@ -93,18 +93,29 @@ function(wrenfield_long_test name seconds)
 endfunction()
 
 # wrenfield_busy_test(<name> <seconds>)
-# One that computes all the while, as others wait for screens. Where four tests run at a time, it counts as two.
+# One that computes all the while, as others wait for screens. Where five tests run at a time, it counts as two.
 function(wrenfield_busy_test name seconds)
   wrenfield_long_test(${name} ${seconds})
   set_tests_properties(${name} PROPERTIES PROCESSORS 2)
 endfunction()
 
-# wrenfield_test(<name> SOURCES ... USES ... [JET_WITHOUT <tests> ...])
+# wrenfield_test_run(<run> <program> <format> <seconds> <tests> ...)
+# These tests of a program (patterns as GoogleTest has them, a minus before the first to leave out) as a test of ctest.
+function(wrenfield_test_run run program format seconds)
+  list(JOIN ARGN ":" tests)
+  add_test(NAME ${run} COMMAND ${program} --gtest_filter=${tests})
+  wrenfield_busy_test(${run} ${seconds})
+  set_tests_properties(${run} PROPERTIES ENVIRONMENT
+                       "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WRENFIELD_FORMAT=${format}")
+endfunction()
+
+# wrenfield_test(<name> SOURCES ... USES ... [PARTS <part> <tests> ...] [JET_WITHOUT <tests> ...])
+# A program of tests. One that uses widget_test_support has an application with windows, any other one without.
+# With PARTS some of its tests run by themselves, as <name>_<part>, and may do so beside the others.
 # With JET_WITHOUT its tests run twice: <name> on SQLite files, and <name>_jet on Jet files, but for those that speak of
 # what only a SQLite file has (patterns as GoogleTest has them, or NOTHING).
-# A program of tests. One that uses widget_test_support has an application with windows, any other one without.
 function(wrenfield_test name)
-  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES;JET_WITHOUT" ${ARGN})
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES;PARTS;JET_WITHOUT" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 600)
   endif()
@@ -116,15 +127,24 @@ function(wrenfield_test name)
   else()
     wrenfield_precompile(${name} test_support)
   endif()
-  add_test(NAME ${name} COMMAND ${name})
-  wrenfield_busy_test(${name} ${ARG_TIMEOUT})
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT
-                       "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WRENFIELD_FORMAT=sqlite")
+  set(formats sqlite)
   if(ARG_JET_WITHOUT)
-    list(JOIN ARG_JET_WITHOUT ":" without)
-    add_test(NAME ${name}_jet COMMAND ${name} --gtest_filter=-${without})
-    wrenfield_busy_test(${name}_jet ${ARG_TIMEOUT})
-    set_tests_properties(${name}_jet PROPERTIES ENVIRONMENT
-                         "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WRENFIELD_FORMAT=jet")
+    list(APPEND formats jet)
   endif()
+  foreach(format IN LISTS formats)
+    set(end "")
+    set(without NOTHING)
+    if(format STREQUAL jet)
+      set(end _jet)
+      set(without ${ARG_JET_WITHOUT})
+    endif()
+    set(others ${without})
+    set(parts ${ARG_PARTS})
+    while(parts)
+      list(POP_FRONT parts part tests)
+      wrenfield_test_run(${name}_${part}${end} ${name} ${format} ${ARG_TIMEOUT} ${tests}-${without})
+      list(APPEND others ${tests})
+    endwhile()
+    wrenfield_test_run(${name}${end} ${name} ${format} ${ARG_TIMEOUT} -${others})
+  endforeach()
 endfunction()

@@ -24,8 +24,8 @@ constexpr size_t WipeStatements = 37;
 class FaultTest : public ImportJourney {
 protected:
     struct Outcome {
-        QString contents;
-        QStringList labels;  ///< Titles of the boxes shown before the look at the end.
+        QHash<QString, QStringList> rows;  ///< That are in the file at the end.
+        QStringList labels;                ///< Titles of the boxes shown before the look at the end.
         bool endedEarly = false;
         QStringList reports;  ///< In the error log, of the same.
         bool faulted = false;
@@ -77,7 +77,7 @@ protected:
         }
         SetLookAtTheEndAside(outcome, path);
         EXPECT_TRUE(IsSound(path));
-        outcome.contents = Contents(path);
+        outcome.rows = ReadTables(path, Tables());
         return outcome;
     }
 
@@ -169,20 +169,20 @@ TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
         const std::string where = outcome.firstFault + " at operation " + std::to_string(n) + ": " +
                                   outcome.labels.join(QStringLiteral(", ")).toStdString();
         if (!outcome.faulted) {
-            EXPECT_EQ(outcome.contents, whole);
+            EXPECT_EQ(AsText(outcome.rows), whole);
             EXPECT_GT(n, 10);
             break;
         }
         if (outcome.endedEarly) {
             EXPECT_TRUE(outcome.labels.contains(QStringLiteral("Data Create Set"))) << where;
-            EXPECT_TRUE(prefixes.contains(outcome.contents)) << where;
+            EXPECT_TRUE(prefixes.contains(AsText(outcome.rows))) << where;
         } else if (outcome.labels == startFailed) {
-            EXPECT_EQ(outcome.contents, notWiped) << where;
+            EXPECT_EQ(AsText(outcome.rows), notWiped) << where;
         } else if (outcome.labels.isEmpty()) {
-            EXPECT_EQ(outcome.contents, whole) << where;
+            EXPECT_EQ(AsText(outcome.rows), whole) << where;
         } else {
             EXPECT_EQ(outcome.labels.size(), 1) << where;
-            EXPECT_TRUE(withoutOne.contains(outcome.contents)) << where;
+            EXPECT_TRUE(withoutOne.contains(AsText(outcome.rows))) << where;
             ++losses;
         }
     }
@@ -197,7 +197,7 @@ TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
 TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
     UsePortfolio({.tenants = 3, .start = QDate(2026, 10, 5), .balances = true});
     FaultyDisk disk;
-    const QString whole = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).contents;
+    const QString whole = AsText(ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).rows);
     for (const auto fault : {FaultyDisk::Fault::FromThenOn, FaultyDisk::Fault::FullFromThenOn}) {
         for (int n = 1;; ++n) {
             const Outcome outcome = ImportWithFaultAt(disk, n, fault);
@@ -206,7 +206,7 @@ TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
                 break;
             }
             const bool told = !outcome.labels.isEmpty() || outcome.endedEarly;
-            const bool isWhole = outcome.contents == whole;
+            const bool isWhole = AsText(outcome.rows) == whole;
             const bool mayComeBack =
                 FormatUnderTest() == engine::FileFormat::Jet && outcome.firstFault == "sync";
             EXPECT_TRUE(told != isWhole || (told && mayComeBack))
@@ -218,14 +218,12 @@ TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
 // Balances of zero, so that rows are made by one statement each and changed by the last one alone.
 TEST_F(FaultTest, ADiskOfAnySizeHoldsAllRowsButThoseThatWereTold) {
     UsePortfolio({.tenants = 30, .start = QDate(2024, 1, 1)});
-    const QString fresh = FreshDatabase("size.mdb");
-    const auto before = ReadTables(fresh, Tables());
-    const qint64 smallest = QFileInfo(fresh).size();
+    const qint64 smallest = QFileInfo(FreshDatabase("size.mdb")).size();
     FaultyDisk disk;
-    ASSERT_TRUE(ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once).labels.isEmpty());
-    const QString database = workplace.Path(QStringLiteral("faulty.mdb"));
-    const auto whole = ReadTables(database, Tables());
-    const qint64 largest = QFileInfo(database).size();
+    const Outcome undisturbed = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once);
+    ASSERT_TRUE(undisturbed.labels.isEmpty());
+    const auto& whole = undisturbed.rows;
+    const qint64 largest = QFileInfo(workplace.Path(QStringLiteral("faulty.mdb"))).size();
     ASSERT_GT(largest, smallest + 200'000);
 
     int partly = 0;
@@ -235,7 +233,7 @@ TEST_F(FaultTest, ADiskOfAnySizeHoldsAllRowsButThoseThatWereTold) {
         // From one without room for a journal to one that holds everything twice.
         room_ = smallest + (2 * largest - smallest) * size / (Sizes - 1);
         const Outcome outcome = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once);
-        const auto left = ReadTables(database, Tables());
+        const auto& left = outcome.rows;
         bool isWhole = true;
         for (const QString& table : Tables()) {
             const qsizetype losses = LossesOf(QStringLiteral("insert"), table, outcome.reports);
@@ -380,8 +378,7 @@ TEST_P(PairsOfFaultsTest, NoPairCostsMoreThanIsReportedOrPutsAnythingIntoARowTha
             const std::string where = outcome.firstFault + " at operation " + std::to_string(first) +
                                       " and " + std::to_string(second) + " after it";
             if (!outcome.endedEarly && !outcome.labels.contains(QStringLiteral("Start ADO"))) {
-                meant.Check(MeantRows::RowsOf(workplace.Path(QStringLiteral("faulty.mdb"))), outcome.reports,
-                            where);
+                meant.Check(outcome.rows, outcome.reports, where);
             }
             if (!outcome.faultedAgain) {
                 break;

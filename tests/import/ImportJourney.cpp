@@ -1,16 +1,47 @@
 #include "ImportJourney.h"
 
-#include "PrefixFinder.h"
 #include "engine/jet/FileCheck.h"
 #include "platform/Process.h"
 #include "support/JetReader.h"
 #include "tools/import/ImportTool.h"
 #include "tools/schema/CreateTool.h"
 
-#include <QStringList>
+#include <QTemporaryDir>
 
 #include <fcntl.h>
 #include <unistd.h>
+
+namespace {
+
+/// A fresh database of each format, made once for all tests.
+class FreshDatabases {
+public:
+    FreshDatabases() {
+        for (const auto format : {engine::FileFormat::Jet, engine::FileFormat::Sqlite}) {
+            tools::CreateHearthbookDatabase(Path(format), format);
+            // Without a yes or no that nobody has said: a Jet file has none.
+            EXPECT_TRUE(RunElsewhere(Path(format),
+                                     "insert into owner(code, statement_by_email) values('old', 0);"
+                                     "insert into expenses(date, disburse_id) values('2020-01-01', 0);"
+                                     "update glcodes set inactive = 0;"
+                                     "update options set taxincome = -1"));
+        }
+    }
+
+    QString Path(engine::FileFormat format) const {
+        return folder_.filePath(QString::number(static_cast<int>(format)));
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+const FreshDatabases& Originals() {
+    static const FreshDatabases databases;
+    return databases;
+}
+
+}  // namespace
 
 const QStringList& ImportJourney::Tables() {
     static const QStringList tables = {
@@ -21,21 +52,9 @@ const QStringList& ImportJourney::Tables() {
     return tables;
 }
 
+// Before any disk fails, and before anybody traces what is written.
 ImportJourney::ImportJourney() {
-    MakeFresh(engine::FileFormat::Jet);
-    MakeFresh(engine::FileFormat::Sqlite);
-}
-
-void ImportJourney::MakeFresh(engine::FileFormat format) {
-    QString& fresh = fresh_[format];
-    fresh = workplace.Path(QStringLiteral("fresh-%1.mdb").arg(static_cast<int>(format)));
-    tools::CreateHearthbookDatabase(fresh, format);
-    // Without a yes or no that nobody has said: a Jet file has none.
-    EXPECT_TRUE(RunElsewhere(fresh,
-                             "insert into owner(code, statement_by_email) values('old', 0);"
-                             "insert into expenses(date, disburse_id) values('2020-01-01', 0);"
-                             "update glcodes set inactive = 0;"
-                             "update options set taxincome = -1"));
+    Originals();
 }
 
 void ImportJourney::UsePortfolio(const PortfolioSize& size) {
@@ -50,7 +69,7 @@ QString ImportJourney::FreshDatabase(const char* name, engine::FileFormat format
     for (const QString& end : EndsOfFilesBeside()) {
         QFile::remove(path + end);
     }
-    EXPECT_TRUE(QFile::copy(fresh_[format], path));
+    EXPECT_TRUE(QFile::copy(Originals().Path(format), path));
     return path;
 }
 
@@ -83,5 +102,13 @@ int ImportJourney::StartImport(const QString& database, const QString& errors) c
 }
 
 QString ImportJourney::Contents(const QString& database) {
-    return LeftIn(database).contents;
+    return AsText(ReadTables(database, Tables()));
+}
+
+QString ImportJourney::AsText(const QHash<QString, QStringList>& rows) {
+    QString text;
+    for (const QString& table : Tables()) {
+        text += table + QLatin1Char('\n') + rows[table].join(QLatin1Char('\n'));
+    }
+    return text;
 }

@@ -9,11 +9,10 @@
 #include "support/Workplace.h"
 
 #include <QFile>
-#include <QTemporaryDir>
+#include <QHash>
+#include <QStringList>
 
 #include <gtest/gtest.h>
-
-#include <map>
 
 /// The whole batch import, run within this process or in a child of it, on fresh Hearthbook databases.
 class ImportJourney : public ::testing::Test {
@@ -23,6 +22,7 @@ public:
 
     /// All rows of the tables, in one text.
     static QString Contents(const QString& database);
+    static QString AsText(const QHash<QString, QStringList>& rows);
 
 protected:
     ImportJourney();
@@ -47,9 +47,4 @@ protected:
     Workplace workplace;
     RecordingMessageBoxes boxes;
     QString portfolio = workplace.Path(QStringLiteral("portfolio.json"));
-
-private:
-    void MakeFresh(engine::FileFormat format);
-
-    std::map<engine::FileFormat, QString> fresh_;
 };

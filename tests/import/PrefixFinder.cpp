@@ -64,8 +64,8 @@ LeftBehind LeftIn(const QString& database) {
     LeftBehind left;
     for (const QString& table : ImportJourney::Tables()) {
         left.rowCounts += QString::number(rows[table].size());
-        left.contents += table + QLatin1Char('\n') + rows[table].join(QLatin1Char('\n'));
     }
+    left.contents = ImportJourney::AsText(rows);
     return left;
 }
 

@@ -2,6 +2,7 @@
 #include "support/WriteTrace.h"
 
 #include <QDir>
+#include <QTemporaryDir>
 
 #include <sys/wait.h>
 
@@ -25,14 +26,8 @@ struct Moment {
 class ReplacedFileTest : public ImportJourney {
 protected:
     ReplacedFileTest() {
-        // Files that lie ready: one that holds what the import writes as well, and one that holds far less.
         UsePortfolio({.tenants = tenants_, .start = start_});
-        {
-            const WriteTrace count([this](const TracedWrite&) { ++writes_; });
-            EXPECT_EQ(Import(FreshDatabase("same.mdb")), 0);
-        }
-        Commit(FreshDatabase("small.mdb"), 2);
-        Commit(workplace.Path(QStringLiteral("same.mdb")), MoreThanAnyImport);
+        writes_ = Ready().writes;
     }
 
     /// One that holds more.
@@ -69,6 +64,31 @@ protected:
     }
 
 private:
+    /// Files that lie ready for all tests: one that holds what the import writes as well, and one that holds
+    /// far less.
+    struct ReadyFiles {
+        explicit ReadyFiles(ReplacedFileTest& test) {
+            const QString same = test.FreshDatabase("same.mdb");
+            {
+                const WriteTrace count([this](const TracedWrite&) { ++writes; });
+                EXPECT_EQ(test.Import(same), 0);
+            }
+            Commit(same, MoreThanAnyImport);
+            const QString small = test.FreshDatabase("small.mdb");
+            Commit(small, 2);
+            EXPECT_TRUE(QFile::rename(same, folder.filePath(QStringLiteral("same.mdb"))));
+            EXPECT_TRUE(QFile::rename(small, folder.filePath(QStringLiteral("small.mdb"))));
+        }
+
+        QTemporaryDir folder;
+        int writes = 0;  ///< Of the import.
+    };
+
+    const ReadyFiles& Ready() {
+        static const ReadyFiles ready(*this);
+        return ready;
+    }
+
     // The file that is written must not happen to count as many commits as one that lies ready.
     static constexpr int MoreThanThoseOfTheSmallFile = 10;
     static constexpr int MoreThanAnyImport = 500;
@@ -84,8 +104,9 @@ private:
 
     /// The exit status of an import, in the midst of which another program runs this command.
     int ImportStruckBy(const char* command, const Moment& moment) {
-        const QByteArray line =
-            "cd " + workplace.Path({}).toLocal8Bit() + " && " + command + " && touch struck";
+        const QByteArray line = "cd " + workplace.Path({}).toLocal8Bit() + " && " +
+                                "ready=" + Ready().folder.path().toLocal8Bit() + " && " + command +
+                                " && touch struck";
         QDir(workplace.Path(QStringLiteral("moved"))).removeRecursively();
         QDir(workplace.Path({})).mkdir(QStringLiteral("data"));
         const QString database = FreshDatabase("data/property.mdb");
@@ -117,16 +138,16 @@ private:
 };
 
 TEST_F(ReplacedFileTest, AFileThatIsCopiedOver) {
-    ExpectNoticed("cp small.mdb data/property.mdb", DuringTheImport());
-    ExpectNoticed("cp small.mdb data/property.mdb", WhenAllIsOnTheDisk());
+    ExpectNoticed("cp $ready/small.mdb data/property.mdb", DuringTheImport());
+    ExpectNoticed("cp $ready/small.mdb data/property.mdb", WhenAllIsOnTheDisk());
     // What these hold at the end is no less than what was written.
-    ExpectNoticed("cp same.mdb data/property.mdb", DuringTheImport());
+    ExpectNoticed("cp $ready/same.mdb data/property.mdb", DuringTheImport());
     MakeLargeFile();
     ExpectNoticed("cp large.mdb data/property.mdb", DuringTheImport());
 }
 
 TEST_F(ReplacedFileTest, AFileThatAnotherOneIsMovedOver) {
-    const char* command = "cp same.mdb other.mdb && mv other.mdb data/property.mdb";
+    const char* command = "cp $ready/same.mdb other.mdb && mv other.mdb data/property.mdb";
     ExpectNoticed(command, DuringTheImport());
     ExpectNoticed(command, WhenAllIsOnTheDisk());
 }

@@ -12,10 +12,9 @@ class TwoImportsTest : public ImportJourney {
 protected:
     TwoImportsTest() {
         UsePortfolio({.tenants = 100, .start = QDate(2020, 1, 6)});
-        const QString alone = FreshDatabase("alone.mdb");
-        const WriteTrace count([this](const TracedWrite&) { ++writes_; });
-        EXPECT_EQ(Import(alone), 0);
-        contentsOfOne = Contents(alone);
+        static const OneImport one = ImportAlone();
+        contentsOfOne = one.contents;
+        writes_ = one.writes;
     }
 
     ~TwoImportsTest() override {
@@ -55,6 +54,21 @@ protected:
     QString contentsOfOne;
 
 private:
+    /// An import that nobody disturbs.
+    struct OneImport {
+        QString contents;
+        int writes = 0;
+    };
+
+    OneImport ImportAlone() {
+        OneImport one;
+        const QString alone = FreshDatabase("alone.mdb");
+        const WriteTrace count([&one](const TracedWrite&) { ++one.writes; });
+        EXPECT_EQ(Import(alone), 0);
+        one.contents = Contents(alone);
+        return one;
+    }
+
     int writes_ = 0;
 };
 

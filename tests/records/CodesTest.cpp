@@ -1,5 +1,6 @@
 #include "platform/Failure.h"
 #include "records/Codes.h"
+#include "support/AddressSanitizer.h"
 #include "support/RecordsTest.h"
 #include "support/WorkTime.h"
 
@@ -181,7 +182,7 @@ TEST_F(CodesTest, ALongListOfOneNameCostsWhatItsLengthCosts) {
     auto longList = ListsOfOneName(1, 32767);
     const double oneShortList = static_cast<double>(CostOfCodes(shortLists)) / 32;
     const auto oneLongList = static_cast<double>(CostOfCodes(longList));
-#ifndef __SANITIZE_ADDRESS__
+#ifndef WITH_ADDRESS_SANITIZER
     // Under the sanitizer it would be its own bookkeeping that is timed.
     EXPECT_LE(oneLongList, 50 * oneShortList);
 #endif

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "support/AddressSanitizer.h"
+
 #include <cstddef>
 #include <cstdint>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef WITH_ADDRESS_SANITIZER
 // The compiler brings the function but not always the header that declares it.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #else
@@ -12,7 +14,7 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 
 /// How many bytes this process has asked for and not given back.
 inline std::int64_t HeapInUse() {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef WITH_ADDRESS_SANITIZER
     return static_cast<std::int64_t>(__sanitizer_get_current_allocated_bytes());
 #else
     const struct mallinfo2 info = mallinfo2();

@@ -1,5 +1,7 @@
 #include "ProcessLimits.h"
 
+#include "AddressSanitizer.h"
+
 #include <pthread.h>
 #include <sys/resource.h>
 
@@ -18,7 +20,7 @@ void LimitWork() {
 }  // namespace
 
 void LimitProcesses() {
-#ifndef __SANITIZE_ADDRESS__
+#ifndef WITH_ADDRESS_SANITIZER
     constexpr rlim_t Bytes = 4'000'000'000;
     Limit(RLIMIT_AS, Bytes);
 #endif

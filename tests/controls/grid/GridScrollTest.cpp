@@ -17,6 +17,19 @@ protected:
         QCoreApplication::sendEvent(grid.get(), &event);
         return event.isAccepted();
     }
+
+    /// What the first handler sees in the window at the end of the list while this row is removed.
+    QStringList SeenAtRemovalOf(int row) {
+        LoadShown(20);
+        grid->SetTopRow(16);
+        grid->SetRow(2);
+        QStringList seen;
+        const auto look = [&] { seen = seen.isEmpty() ? FirstColumn() : seen; };
+        const auto looking = QObject::connect(grid.get(), &akGrid::RowColumnChange, &window, look);
+        grid->RemoveItem(row);
+        QObject::disconnect(looking);
+        return seen;
+    }
 };
 
 TEST_F(GridScrollTest, TheValueRunsFromTheRowsOnViewToAllRows) {
@@ -125,6 +138,16 @@ TEST_F(GridScrollTest, ARemovedRowAtTheEndRunsTheHandlerToo) {
     grid->RemoveItem(7);
     EXPECT_EQ(Events(), (QStringList{u"RowColumnChange 2 1 1 1"_s, u"RowColumnChange 2 1 2 1"_s}));
     EXPECT_EQ(grid->AbsoluteRow(), 3);
+}
+
+// The window is pulled back before its cells are filled again, and so a handler sees whether they were
+// emptied.
+TEST_F(GridScrollTest, ARemoveFarAboveTheEndLeavesTheCellsAsTheyAreToTheHandler) {
+    EXPECT_EQ(SeenAtRemovalOf(3), (QStringList{u"r16"_s, u"r17"_s, u"r18"_s, u"r19"_s, u"r20"_s}));
+}
+
+TEST_F(GridScrollTest, ARemoveAsFarFromTheEndAsTheWindowFromTheTopEmptiesThemBefore) {
+    EXPECT_EQ(SeenAtRemovalOf(4), QStringList(5, QString()));
 }
 
 TEST_F(GridScrollTest, AListThatFitsAgainStartsAtItsTop) {
