@@ -59,7 +59,7 @@ class Desktop:
         os.makedirs(self.environment["XDG_RUNTIME_DIR"], mode=0o700)
         try:
             self._start_screen(width, height)
-            self._add_letters()
+            virtual_screen.put_on_keys([f"U{ord(letter):04X}" for letter in LETTERS], self.environment)
             self._start_bus()
             self._start_window_manager()
         except BaseException:
@@ -75,17 +75,6 @@ class Desktop:
     def _start_screen(self, width, height):
         server, self.environment["DISPLAY"] = virtual_screen.start_server(f"{width}x{height}", self.environment)
         self.processes.append(server)
-
-    def _add_letters(self):
-        """Puts letters beyond ASCII on keys that nobody needs, so that they can be typed like all others."""
-        free = [line.split()[1] for line in self.run(["xmodmap", "-pke"]).splitlines()
-                if line.endswith("=") or "= XF86" in line]
-        codes = [f"U{ord(letter):04X}" for letter in LETTERS]
-        pairs = [" ".join(codes[place:place + 2]) for place in range(0, len(codes), 2)]
-        command = ["xmodmap"]
-        for key, pair in zip(free[:len(pairs)], pairs, strict=True):
-            command += ["-e", f"keycode {key} = {pair}"]
-        self.run(command)
 
     def _start_bus(self):
         process = self._start(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE)

@@ -4,6 +4,10 @@
 #include "support/RecordsTest.h"
 #include "support/WorkTime.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 namespace {
 
 using records::TheCollections;
@@ -155,9 +159,9 @@ TEST_F(CodesTest, NumbersEndWhereSixteenBitsEnd) {
     EXPECT_EQ(FailureOf([&] { codes.MakeUniqueCode(u"Bob"_s); }), platform::FailureNumber::Overflow);
 }
 
-/// What it costs to make the codes of all these lists.
+/// What it costs to make the codes of all these lists, once.
 std::int64_t CostOfCodes(std::vector<records::Tenants>& lists) {
-    return LeastWork(25, [&lists] {
+    return LeastWork(1, [&lists] {
         for (records::Tenants& list : lists) {
             list.GenerateCodes();
         }
@@ -180,8 +184,16 @@ TEST_F(CodesTest, ALongListOfOneNameCostsWhatItsLengthCosts) {
     // As many records on both sides, so that the memory they take up slows down both alike.
     auto shortLists = ListsOfOneName(32, 1024);
     auto longList = ListsOfOneName(1, 32767);
-    const double oneShortList = static_cast<double>(CostOfCodes(shortLists)) / 32;
-    const auto oneLongList = static_cast<double>(CostOfCodes(longList));
+    // By turns, so that other programs can't slow down all runs of the one and none of the other.
+    constexpr int Runs = 25;
+    auto ofShortLists = std::numeric_limits<std::int64_t>::max();
+    auto ofLongList = ofShortLists;
+    for (int run = 0; run < Runs; ++run) {
+        ofShortLists = std::min(ofShortLists, CostOfCodes(shortLists));
+        ofLongList = std::min(ofLongList, CostOfCodes(longList));
+    }
+    const double oneShortList = static_cast<double>(ofShortLists) / 32;
+    const auto oneLongList = static_cast<double>(ofLongList);
 #ifndef WITH_ADDRESS_SANITIZER
     // Under the sanitizer it would be its own bookkeeping that is timed.
     EXPECT_LE(oneLongList, 50 * oneShortList);

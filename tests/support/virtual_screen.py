@@ -44,6 +44,18 @@ def start_server(size, environment):
     return server, f":{int(number)}"
 
 
+def put_on_keys(names, environment):
+    """Puts letters, by their names, on keys that nobody needs, so that they can be pressed like all others. One that no
+    key has would be put on one for each press, and a program that is late to hear of that reads another letter."""
+    keys = subprocess.run(["xmodmap", "-pke"], env=environment, check=True, stdout=subprocess.PIPE, text=True).stdout
+    free = [line.split()[1] for line in keys.splitlines() if line.endswith("=") or "= XF86" in line]
+    pairs = [" ".join(names[place:place + 2]) for place in range(0, len(names), 2)]
+    command = ["xmodmap"]
+    for key, pair in zip(free[:len(pairs)], pairs, strict=True):
+        command += ["-e", f"keycode {key} = {pair}"]
+    subprocess.run(command, env=environment, check=True)
+
+
 def window_manager(folder):
     """The command that starts the window manager, with its settings in this folder. It says "managing" once it does."""
     settings = os.path.join(folder, "openbox.xml")

@@ -24,6 +24,7 @@ import virtual_screen  # noqa: E402
 
 # Somewhat more than the toolkit takes for one.
 DOUBLE_CLICK_SECONDS = 0.5
+DEAD_KEYS = ["dead_acute", "dead_diaeresis"]
 
 LONGEST_WAIT_SECONDS = virtual_screen.LONGEST_WAIT_SECONDS
 
@@ -131,6 +132,7 @@ class Screen:
         try:
             self._environment = self._plain_environment()
             self._server, self._environment["DISPLAY"] = virtual_screen.start_server(self._size, self._environment)
+            virtual_screen.put_on_keys(DEAD_KEYS, self._environment)
             self.start(*virtual_screen.window_manager(self._home.name)).wait_for("managing")
         except BaseException:
             self.__exit__()
