@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QWidget>
 
+#include <algorithm>
 #include <memory>
 
 namespace screens {
@@ -82,8 +83,9 @@ private:
         for (int column = 1; column <= akGrid1_->Cols(); ++column) {
             all += akGrid1_->ColWidth(column);
         }
+        const double stretch = static_cast<double>(Width - WidthBesideColumns) / std::max(all, 1);
         for (int column = 1; column <= akGrid1_->Cols(); ++column) {
-            akGrid1_->SetColWidth(column, akGrid1_->ColWidth(column) * (Width - WidthBesideColumns) / all);
+            akGrid1_->SetColWidth(column, static_cast<int>(akGrid1_->ColWidth(column) * stretch));
         }
     }
 

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
-#include <QProxyStyle>
 #include <QPushButton>
 #include <QTimer>
 
@@ -42,20 +41,9 @@ TEST(ScreenMessageBoxesTest, AreLetteredAsTheWizardIs) {
     EXPECT_TRUE(looked);
 }
 
-/// A desktop that puts pictures on the buttons of boxes.
-class PicturesOnButtons : public QProxyStyle {
-public:
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* returned) const override {
-        return hint == SH_DialogButtonBox_ButtonsHaveIcons
-                   ? 1
-                   : QProxyStyle::styleHint(hint, option, widget, returned);
-    }
-};
-
 TEST(ScreenMessageBoxesTest, NoButtonHasAPictureAsNoneOfTheWizardHas) {
-    const QString usual = QApplication::style()->name();
-    QApplication::setStyle(new PicturesOnButtons);
+    // As on a desktop that puts pictures there.
+    qApp->setStyleSheet(QStringLiteral("* { dialogbuttonbox-buttons-have-icons: 1 }"));
     for (const platform::Buttons buttons : {platform::Buttons::Ok, platform::Buttons::YesNo}) {
         const auto look = [](const QMessageBox& box) {
             for (const QAbstractButton* button : box.buttons()) {
@@ -65,7 +53,7 @@ TEST(ScreenMessageBoxesTest, NoButtonHasAPictureAsNoneOfTheWizardHas) {
         Show({.text = QStringLiteral("Correct?"), .title = QString(), .buttons = buttons},
              buttons == platform::Buttons::Ok ? QMessageBox::Ok : QMessageBox::No, look);
     }
-    QApplication::setStyle(usual);
+    qApp->setStyleSheet(QString());
 }
 
 TEST(ScreenMessageBoxesTest, NoIsAtHandInAQuestion) {
