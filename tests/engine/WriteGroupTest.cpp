@@ -1,5 +1,5 @@
-#include "EngineTest.h"
-#include "engine/Waiting.h"
+#include "WriteGroupTest.h"
+
 #include "engine/execution/WriteGroup.h"
 #include "platform/MessageBox.h"
 #include "support/FaultyDisk.h"
@@ -9,45 +9,9 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <atomic>
-#include <thread>
-
 namespace engine {
 
 namespace {
-
-class WriteGroupTest : public EngineTest {
-protected:
-    WriteGroupTest() { Listen(); }
-
-    void Listen() {
-        database->OnLostWrite([this](const Error& error, const QString& write) {
-            lost += write;
-            EXPECT_NE(error.Number(), 0);
-        });
-    }
-
-    void OpenAnew(const char* cleaning) {
-        ASSERT_TRUE(RunElsewhere(path, cleaning));
-        lost.clear();
-        database = DBEngine::Instance().OpenDatabase(path);
-        Listen();
-    }
-
-    void Insert(int number) {
-        database->Execute(QStringLiteral("insert into notes(text) values('n%1')").arg(number));
-    }
-
-    QString Journal() const { return path + QStringLiteral("-journal"); }
-
-    /// Brings the group to the disk as the course of time does, with more to follow.
-    void LetTheGroupEnd() {
-        std::this_thread::sleep_for(std::chrono::milliseconds(60));
-        Dynaset("select * from things");
-    }
-
-    QStringList lost;
-};
 
 TEST_F(WriteGroupTest, WritesReachTheDiskInGroups) {
     FaultyDisk disk;
@@ -384,155 +348,6 @@ TEST_F(WriteGroupTest, AReaderThatHoldsUpACommitCostsNothing) {
     database->Flush();
     EXPECT_TRUE(lost.isEmpty()) << lost.join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("3")});
-}
-
-/// A program that is told of waiting, and says whether it goes on.
-class Listener : public WaitingListener {
-public:
-    Listener() { SetWaitingListener(this); }
-    ~Listener() override { SetWaitingListener(nullptr); }
-
-    bool GoesOn() override { return goesOn; }
-    void HeldUp(bool isHeldUp) override { told.push_back(isHeldUp); }
-
-    std::atomic<bool> goesOn = true;
-    std::vector<bool> told;
-};
-
-/// Another program that begins to read and doesn't end.
-class Reader {
-public:
-    explicit Reader(const QString& path)
-        : database_(DBEngine::Instance().OpenDatabase(path)),
-          rows_(database_->OpenRecordset(QStringLiteral("select * from notes"), dbOpenForwardOnly,
-                                         dbReadOnly)) {}
-    void LetGo() { rows_.reset(); }
-
-private:
-    std::unique_ptr<Database> database_;
-    std::unique_ptr<Recordset> rows_;
-};
-
-class HeldUpTest : public WriteGroupTest {
-protected:
-    HeldUpTest() {
-        Insert(0);
-        database->Flush();
-    }
-
-    /// A group whose time is over, which a reader holds up.
-    void BeHeldUp() {
-        Insert(1);
-        std::this_thread::sleep_for(std::chrono::milliseconds(60));
-        Insert(2);
-    }
-
-    Listener listener;
-};
-
-TEST_F(HeldUpTest, AReaderIsWaitedForOnceAndThenTheWritesGoOnInMemory) {
-    Reader reader(path);
-    QElapsedTimer timer;
-    timer.start();
-    for (int i = 1; i <= 100; ++i) {
-        Insert(i);
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    }
-    database->Execute(QStringLiteral("update notes set text = 'changed'"));
-    EXPECT_GE(timer.elapsed(), 5000);
-    EXPECT_LE(timer.elapsed(), 7000) << "one lock is waited for once";
-    EXPECT_EQ(listener.told, std::vector<bool>{true});
-    reader.LetGo();
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    Insert(101);
-    EXPECT_EQ(listener.told, (std::vector<bool>{true, false}));
-    EXPECT_EQ(ReadRows(path, "select count(*) from notes where text = 'changed'"),
-              QStringList{QStringLiteral("101")});
-    EXPECT_TRUE(lost.isEmpty());
-}
-
-TEST_F(HeldUpTest, AMessageBoxCostsNothing) {
-    Reader reader(path);
-    BeHeldUp();
-    platform::ShowMessageBox(QStringLiteral("anything"));
-    reader.LetGo();
-    database->Flush();
-    EXPECT_TRUE(lost.isEmpty());
-    EXPECT_EQ(ReadRows(path, "select count(*) from notes"), QStringList{QStringLiteral("3")});
-}
-
-TEST_F(HeldUpTest, WhatWasHeldUpIsLookedForWhenItIsInTheFile) {
-    Reader reader(path);
-    BeHeldUp();
-    ASSERT_EQ(listener.told, std::vector<bool>{true});
-    reader.LetGo();
-    EXPECT_TRUE(database->CheckWritten().empty());
-    ASSERT_TRUE(RunElsewhere(path, "delete from notes"));
-    const std::vector<Error> differences = database->CheckWritten();
-    ASSERT_EQ(differences.size(), 1U);
-    EXPECT_EQ(differences[0].Description(),
-              QStringLiteral("Rows of the table 'notes' are missing: 3 were written, 0 are there."));
-}
-
-TEST_F(HeldUpTest, WhatAReaderKeepsOutForGoodIsToldAndNotLookedFor) {
-    const Reader reader(path);
-    Insert(1);
-    EXPECT_TRUE(database->CheckWritten().empty());
-    EXPECT_EQ(lost.size(), 1);
-}
-
-TEST_F(HeldUpTest, AWriteBeyondTheRoomInMemoryMeetsALock) {
-    Reader reader(path);
-    BeHeldUp();
-    const QString large(1'000'000, QLatin1Char('x'));
-    int stored = 0;
-    int number = 0;
-    while (stored < 200 && number == 0) {
-        number = ErrorOf([&] {
-            database->Execute(
-                QStringLiteral("insert into things(code, memo) values('%1', '%2')").arg(stored).arg(large));
-        });
-        stored += number == 0 ? 1 : 0;
-    }
-    EXPECT_EQ(number, ErrorNumber::Locked);
-    EXPECT_GT(stored, 10);
-    EXPECT_LT(stored, 40) << "64 MiB: the text of the statement, and the page that holds it";
-    reader.LetGo();
-    database->Flush();
-    EXPECT_TRUE(lost.isEmpty());
-    EXPECT_EQ(ReadRows(path, "select count(*) from things"), QStringList{QString::number(stored)});
-}
-
-TEST_F(HeldUpTest, AProgramThatIsToEndDoesNotWait) {
-    Reader reader(path);
-    BeHeldUp();
-    Insert(3);
-    listener.goesOn = false;
-    QElapsedTimer timer;
-    timer.start();
-    Insert(4);
-    database->Flush();
-    EXPECT_LT(timer.elapsed(), 1000);
-    ASSERT_EQ(lost.size(), 1) << "one report for all";
-    EXPECT_TRUE(lost[0].contains(QStringLiteral("(4)"))) << lost[0].toStdString();
-    EXPECT_TRUE(lost[0].contains(QStringLiteral("'n1'"))) << lost[0].toStdString();
-    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("n0")});
-}
-
-TEST_F(HeldUpTest, AProgramThatIsToEndDoesNotWaitForTheFirstTimeEither) {
-    Reader reader(path);
-    std::thread user([this] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        listener.goesOn = false;
-    });
-    QElapsedTimer timer;
-    timer.start();
-    BeHeldUp();
-    database->Flush();
-    user.join();
-    EXPECT_LT(timer.elapsed(), 2000);
-    EXPECT_EQ(lost.size(), 1);
-    EXPECT_TRUE(listener.told.empty()) << "nobody reads that any more";
 }
 
 TEST_F(WriteGroupTest, AProgramThatIsToEndCutsTheSecondRunShort) {
