@@ -33,6 +33,10 @@ DataPage::DataPage(const Page& page, PageNumber number, std::uint32_t owner)
     }
 }
 
+std::uint32_t DataPage::OwnerOf(const Page& page, PageNumber number) {
+    return Bytes(page, number).U32(OwnerAt);
+}
+
 void DataPage::RaiseNoRow(int row) const {
     RaiseDamaged(bytes_.OfPage(), QStringLiteral("has %1 rows, and so no row %2").arg(rows_).arg(row));
 }
@@ -138,6 +142,9 @@ void ChangeableDataPage::Resize(int row, std::size_t size) {
         RaiseNoRoom(bytes_.OfPage());
     }
     const Bytes old = Row(row);
+    if (size == old.Size()) {
+        return;
+    }
     const std::size_t begin = RowBegin(row);
     const std::size_t lowest = RowBegin(rows_ - 1);
     const std::size_t kept = std::min(size, old.Size());

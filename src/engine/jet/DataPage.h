@@ -46,6 +46,9 @@ public:
     /// Fails if it is no data page, or one of another owner.
     DataPage(const Page& page, PageNumber number, std::uint32_t owner);
 
+    /// Whom a data page says it belongs to.
+    static std::uint32_t OwnerOf(const Page& page, PageNumber number);
+
     int RowCount() const { return rows_; }
     /// Fails for a row that the page doesn't have, and so do all that name a row.
     RowState State(int row) const { return static_cast<RowState>(Entry(row) & StateBits); }

@@ -43,6 +43,16 @@ public:
 
     /// Gives back a page that nobody names any more.
     virtual void GiveBack(PageNumber number) = 0;
+
+    /// What a usage map has said it would say again as long as this number is the same.
+    std::uint64_t StateOfMaps() const { return stateOfMaps_; }
+
+protected:
+    /// To be called before each change of a page that may hold usage maps, by an undo as well.
+    void NoteChangeOfMaps() { ++stateOfMaps_; }
+
+private:
+    std::uint64_t stateOfMaps_ = 0;
 };
 
 }  // namespace engine::jet

@@ -2,6 +2,7 @@
 
 #include "engine/Error.h"
 #include "engine/jet/Damage.h"
+#include "engine/jet/DataPage.h"
 #include "engine/jet/FileHeader.h"
 
 #include <algorithm>
@@ -17,6 +18,11 @@ constexpr std::size_t MostCleanPages = 2048;
 
 std::uint64_t PlaceOf(PageNumber number) {
     return std::uint64_t{number} * PageSize;
+}
+
+bool MayHoldUsageMaps(const Page& page, PageNumber number) {
+    return page[0] == PageKind::UsageBits ||
+           (page[0] == PageKind::Data && DataPage::OwnerOf(page, number) == PageOwner::Nobody);
 }
 
 }  // namespace
@@ -47,6 +53,7 @@ void PagedFile::CountPages() {
 }
 
 void PagedFile::Reopen() {
+    NoteChangeOfMaps();
     cache_.clear();
     CountPages();
 }
@@ -96,6 +103,9 @@ const Page& PagedFile::Read(PageNumber number) {
 
 PagedFile::Cached& PagedFile::ChangeCached(PageNumber number) {
     Cached& cached = Load(number);
+    if (MayHoldUsageMaps(cached.page, number)) {
+        NoteChangeOfMaps();
+    }
     if (isMarked_ && cached.keptFor != lastMark_) {
         undo_.push_back({number, cached.page, cached.isTaken});
         cached.keptFor = lastMark_;
@@ -131,6 +141,8 @@ PageNumber PagedFile::Append() {
             ErrorNumber::DiskFull,
             QStringLiteral("Disk full: '%1' has the largest size that its format allows.").arg(path_));
     }
+    // A map may name pages that weren't there until now.
+    NoteChangeOfMaps();
     const PageNumber number = count_++;
     Cached& cached = Hold(number, std::make_unique<Cached>());
     cached.isTaken = true;
@@ -154,6 +166,7 @@ PagedFile::Mark PagedFile::SetMark() {
 }
 
 void PagedFile::UndoTo(const Mark& mark) {
+    NoteChangeOfMaps();
     while (undo_.size() > mark.undo) {
         const Undo& kept = undo_.back();
         if (kept.number < mark.count) {
@@ -341,6 +354,7 @@ void PagedFile::Settle() {
 }
 
 void PagedFile::GiveUpGroup() {
+    NoteChangeOfMaps();
     for (const PageNumber number : changed_) {
         if (number >= countBefore_) {
             LetGo(number);

@@ -60,13 +60,15 @@ QByteArray Signpost(const Bytes& old, RowPlace to) {
 }  // namespace
 
 Table::Table(PageStore& pages, TableLayout layout)
-    : pages_(pages), layout_(std::move(layout)), maker_(layout_) {
+    : pages_(pages),
+      layout_(std::move(layout)),
+      rows_(pages_, layout_.page, layout_.pages, layout_.pagesWithRoom),
+      maker_(layout_) {
 }
 
 std::optional<RowPlace> Table::NextFrom(RowPlace place) const {
-    const RowPages rows = Rows();
-    for (auto page = rows.FirstPage(place.page); page; page = rows.FirstPage(*page + 1)) {
-        const DataPage rowsOfPage = rows.PageOf(*page);
+    for (auto page = rows_.FirstPage(place.page); page; page = rows_.FirstPage(*page + 1)) {
+        const DataPage rowsOfPage = rows_.PageOf(*page);
         for (int row = *page == place.page ? place.row : 0; row < rowsOfPage.RowCount(); ++row) {
             const RowState state = rowsOfPage.State(row);
             if (state == RowState::Here || state == RowState::MovedAway) {
@@ -82,19 +84,18 @@ std::optional<RowPlace> Table::RowBehind(RowPlace key) const {
 }
 
 Table::Whereabouts Table::Locate(RowPlace key) const {
-    const RowPages rows = Rows();
     Whereabouts found{key, key, {}, false};
-    if (!rows.Owns(key.page)) {
+    if (!rows_.Owns(key.page)) {
         found.isDeleted = true;
         return found;
     }
-    const DataPage page = rows.PageOf(key.page);
+    const DataPage page = rows_.PageOf(key.page);
     RowState state = key.row < page.RowCount() ? page.State(key.row) : RowState::Deleted;
     found.isDeleted = state == RowState::Deleted || state == RowState::MovedHere;
     while (state == RowState::MovedAway) {
         const RowPlace from = found.last;
-        const RowPlace to = ReadRowPlace(rows.PageOf(from.page).Row(from.row), 0);
-        state = rows.PageOf(to.page).State(to.row);
+        const RowPlace to = ReadRowPlace(rows_.PageOf(from.page).Row(from.row), 0);
+        state = rows_.PageOf(to.page).State(to.row);
         found.last = to;
         found.moves.push_back(to);
         if (state == RowState::Here || state == RowState::Deleted || found.moves.size() >= MostHops) {
@@ -221,7 +222,7 @@ RowPlace Table::Insert(RowCells& cells) {
     for (RowObserver* observer : observers_) {
         observer->MayCome(nullptr, made_);
     }
-    const RowPlace key = Rows().Add(made_.Whole(), RowState::Here);
+    const RowPlace key = rows_.Add(made_.Whole(), RowState::Here);
     for (RowObserver* observer : observers_) {
         observer->Came(key, made_);
     }
@@ -275,18 +276,17 @@ void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells
 
 // Its own place is tried first, so that rows that have moved come back when they can.
 void Table::Put(const Whereabouts& old, const Bytes& row) {
-    RowPages rows = Rows();
     const RowPlace key = old.key;
-    if (rows.Replace(key, row, RowState::Here)) {
+    if (rows_.Replace(key, row, RowState::Here)) {
         LeaveTrail(old);
         return;
     }
-    if (!old.moves.empty() && rows.Replace(old.last, row, RowState::MovedHere)) {
+    if (!old.moves.empty() && rows_.Replace(old.last, row, RowState::MovedHere)) {
         return;
     }
-    const RowPlace to = rows.Add(row, RowState::MovedHere);
-    const QByteArray signpost = Signpost(rows.PageOf(key.page).Row(key.row), to);
-    if (!rows.Replace(key, BytesOf(signpost, key.page), RowState::MovedAway)) {
+    const RowPlace to = rows_.Add(row, RowState::MovedHere);
+    const QByteArray signpost = Signpost(rows_.PageOf(key.page).Row(key.row), to);
+    if (!rows_.Replace(key, BytesOf(signpost, key.page), RowState::MovedAway)) {
         throw Error(ErrorNumber::Other, QStringLiteral("A row of 3 bytes has no room to grow."));
     }
     LeaveTrail(old);
@@ -294,8 +294,7 @@ void Table::Put(const Whereabouts& old, const Bytes& row) {
 
 // Nobody names the places that a row had moved to before.
 void Table::LeaveTrail(const Whereabouts& old) {
-    RowPages rows = Rows();
-    std::for_each(old.moves.begin(), old.moves.end(), [&rows](RowPlace place) { rows.Delete(place); });
+    std::for_each(old.moves.begin(), old.moves.end(), [this](RowPlace place) { rows_.Delete(place); });
 }
 
 void Table::Delete(RowPlace key) {
@@ -308,7 +307,7 @@ void Table::Delete(RowPlace key) {
         FreeLongValue(row, static_cast<int>(column));
     }
     LeaveTrail(whereabouts);
-    Rows().Delete(key);
+    rows_.Delete(key);
     TableFigures figures = Figures();
     figures.SetRows(figures.Rows() - std::min(figures.Rows(), 1U));
 }
@@ -321,7 +320,7 @@ void Table::FreeLongValue(const StoredRow& row, int column) {
 }
 
 void Table::Wipe() {
-    Rows().Wipe(RowPages::Keep::OnePage);
+    rows_.Wipe(RowPages::Keep::OnePage);
     for (const Column& column : layout_.columns) {
         if (IsLongType(column.type)) {
             LongValues(pages_, column).Wipe();

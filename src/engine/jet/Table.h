@@ -78,9 +78,8 @@ private:
     std::optional<RowPlace> NextFrom(RowPlace place) const;
     Whereabouts Locate(RowPlace key) const;
     Whereabouts LocateLive(RowPlace key) const;
-    Bytes BytesAt(RowPlace place) const { return Rows().PageOf(place.page).Row(place.row); }
+    Bytes BytesAt(RowPlace place) const { return rows_.PageOf(place.page).Row(place.row); }
 
-    RowPages Rows() const { return {pages_, layout_.page, layout_.pages, layout_.pagesWithRoom}; }
     void Number(RowCells& cells);
     void PutNextNumber(RowCells& cells, int column);
     void Compose(const RowCells& cells);
@@ -90,6 +89,7 @@ private:
 
     PageStore& pages_;
     TableLayout layout_;
+    RowPages rows_;
     std::vector<RowObserver*> observers_;
     // Only for the row that is being written; its memory serves the next one as well.
     RowMaker maker_;

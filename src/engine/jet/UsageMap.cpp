@@ -83,7 +83,34 @@ bool UsageMap::Has(PageNumber page) const {
     return First(page) == page;
 }
 
+UsageMap::Learnt& UsageMap::LearntByNow() const {
+    if (learnt_.state != pages_.StateOfMaps()) {
+        learnt_ = {pages_.StateOfMaps(), std::nullopt, std::nullopt};
+    }
+    return learnt_;
+}
+
 std::optional<PageNumber> UsageMap::First(PageNumber from) const {
+    Learnt& learnt = LearntByNow();
+    if (learnt.has == from) {
+        return from;
+    }
+    const auto found = Find(from);
+    if (found) {
+        learnt.has = found;
+    }
+    return found;
+}
+
+std::optional<PageNumber> UsageMap::Last() const {
+    Learnt& learnt = LearntByNow();
+    if (!learnt.last) {
+        learnt.last = Last(pages_.Count());
+    }
+    return learnt.last;
+}
+
+std::optional<PageNumber> UsageMap::Find(PageNumber from) const {
     const Bytes row = Row();
     if (row.U8(0) == ByReference) {
         return FirstReferenced(row, from);

@@ -30,8 +30,9 @@ ChangeableBytes BeginBitsPage(Page& page, PageNumber number);
 /// A set of pages of the file: those that belong to a table, an index or a column of long values, or those
 /// of them that have room.
 ///
-/// Keeps nothing in memory, so that it is right after an undo as well. A map that isn't one, or names pages
-/// that the file doesn't have, fails with DatabaseDamaged.
+/// What was learnt from the pages holds until maps change (PageStore::StateOfMaps), so that it is right after
+/// an undo as well. A map that isn't one, or names pages that the file doesn't have, fails with
+/// DatabaseDamaged.
 class UsageMap {
 public:
     UsageMap(PageStore& pages, RowPlace place) : pages_(pages), place_(place) {}
@@ -40,7 +41,7 @@ public:
     /// The lowest page from `from` on, and the highest one below `below`.
     std::optional<PageNumber> First(PageNumber from = 0) const;
     std::optional<PageNumber> Last(PageNumber below) const;
-    std::optional<PageNumber> Last() const { return Last(pages_.Count()); }
+    std::optional<PageNumber> Last() const;
     std::vector<PageNumber> All() const;
 
     /// Takes further pages where the bits don't fit the row any more.
@@ -54,6 +55,15 @@ private:
         std::size_t bit = 0;
     };
 
+    /// Rows are read and added one by one, mostly many of them on one page.
+    struct Learnt {
+        std::uint64_t state = 0;
+        std::optional<PageNumber> has;   ///< A page of the map.
+        std::optional<PageNumber> last;  ///< Its last one.
+    };
+
+    Learnt& LearntByNow() const;
+    std::optional<PageNumber> Find(PageNumber from) const;
     Bytes Row() const;
     ChangeableBytes ChangeRow();
     PageNumber Inside(PageNumber page) const;
@@ -68,6 +78,7 @@ private:
 
     PageStore& pages_;
     RowPlace place_;
+    mutable Learnt learnt_;
 };
 
 }  // namespace engine::jet

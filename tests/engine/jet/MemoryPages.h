@@ -23,6 +23,7 @@ public:
         if (!pages_[number]) {
             pages_[number] = std::make_unique<Page>();
         }
+        NoteChangeOfMaps();
         return *pages_[number];
     }
     /// New pages come from the end, and so behind all others.
