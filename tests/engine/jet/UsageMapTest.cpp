@@ -1,4 +1,6 @@
+#include "BareFile.h"
 #include "JetTest.h"
+#include "engine/jet/PagedFile.h"
 #include "engine/jet/UsageBits.h"
 #include "engine/jet/UsageMap.h"
 
@@ -169,6 +171,79 @@ RC_GTEST_PROP(JetUsageMapProperty, AMapHoldsWhatASetHolds, ()) {
                   (behind == expected.begin() ? std::nullopt : std::optional(*std::prev(behind))));
     }
     RC_ASSERT(map.All() == std::vector<PageNumber>(expected.begin(), expected.end()));
+}
+
+/// A map in a file, with page 4 in it, of which all has been asked.
+class JetUsageMapOfAFile : public ::testing::Test {
+protected:
+    JetUsageMapOfAFile() {
+        ChangeableDataPage page =
+            ChangeableDataPage::Begin(file->Change(MapsPage), MapsPage, PageOwner::Nobody);
+        const QByteArray row(UsageMapForm::UsualSize, '\0');
+        page.Add(BytesOf(row, MapsPage), RowState::Here);
+        map.Add(4);
+        file->EndGroup(GroupKind::Adds);
+        EXPECT_TRUE(map.Has(4));
+        EXPECT_EQ(map.Last(), 4U);
+    }
+
+    void ExpectPage(PageNumber page) const {
+        EXPECT_EQ(map.First(), page);
+        EXPECT_EQ(map.Last(), page);
+        EXPECT_TRUE(map.Has(page));
+    }
+
+    BareFile bare;
+    std::unique_ptr<PagedFile> file = bare.Open();
+    UsageMap map{*file, {MapsPage, 0}};
+};
+
+TEST_F(JetUsageMapOfAFile, SaysWhatAnotherOneHasWritten) {
+    UsageMap other(*file, {MapsPage, 0});
+    other.Remove(4);
+    EXPECT_FALSE(map.Has(4));
+    EXPECT_EQ(map.Last(), std::nullopt);
+    other.Add(5);
+    ExpectPage(5);
+}
+
+TEST_F(JetUsageMapOfAFile, SaysWhatItWasAfterAnUndo) {
+    const PagedFile::Mark mark = file->SetMark();
+    map.Add(5);
+    map.Remove(4);
+    ExpectPage(5);
+    file->UndoTo(mark);
+    ExpectPage(4);
+}
+
+TEST_F(JetUsageMapOfAFile, SaysWhatItWasWhenTheGroupIsGivenUp) {
+    map.Add(5);
+    map.Remove(4);
+    ExpectPage(5);
+    file->GiveUpGroup();
+    ExpectPage(4);
+}
+
+TEST_F(JetUsageMapOfAFile, SaysWhatOthersHaveWrittenIntoTheFile) {
+    const QByteArray with4 = bare.Content();
+    map.Add(5);
+    map.Remove(4);
+    file->EndGroup(GroupKind::Adds);
+    ExpectPage(5);
+    bare.Content() = with4;
+    file->Reopen();
+    ExpectPage(4);
+}
+
+// Bits for pages that aren't there come to mean something once there are so many.
+TEST_F(JetUsageMapOfAFile, SaysWhatIsThereWhenTheFileGrows) {
+    const PageNumber next = file->Count();
+    ChangeableDataPage page(file->Change(MapsPage), MapsPage, PageOwner::Nobody);
+    ChangeableBytes row = page.ChangeableRow(0);
+    SetBit(row.ChangeablePart(UsageMapForm::InlineBitsAt, 64), next, true);
+    EXPECT_EQ(map.Last(), 4U);
+    EXPECT_EQ(file->Take(), next);
+    EXPECT_EQ(map.Last(), next);
 }
 
 }  // namespace
