@@ -136,6 +136,24 @@ void RowMaker::Make(const TableLayout& layout, const RowCells& cells, StoredRow&
     }
 }
 
+bool RowMaker::TryReplace(const TableLayout& layout, const StoredRow& old, const std::vector<int>& columns,
+                          const RowCells& changed, StoredRow& row) {
+    const auto staysInPlace = [&](int column) {
+        const Column& known = layout.columns[static_cast<std::size_t>(column)];
+        return known.isFixed && old.Has(column) && changed.Has(column) &&
+               changed.BytesOf(column).Size() == known.size;
+    };
+    if (!std::all_of(columns.begin(), columns.end(), staysInPlace)) {
+        return false;
+    }
+    row = old;
+    ChangeableBytes bytes(row.row_.data(), row.row_.size(), row.page_);
+    for (const int column : columns) {
+        bytes.PutBytes(row.cells_[static_cast<std::size_t>(column)].at, changed.BytesOf(column));
+    }
+    return true;
+}
+
 // And the null mask.
 void RowMaker::PutFixedPart(const TableLayout& layout, const RowCells& cells, StoredRow& row) const {
     ChangeableBytes bytes(row.row_.data(), row.row_.size(), layout.page);

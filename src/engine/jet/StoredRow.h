@@ -66,6 +66,11 @@ public:
     /// had been taken apart.
     void Make(const TableLayout& layout, const RowCells& cells, StoredRow& row) const;
 
+    /// The same row with other values in these columns, where that takes no more than other bytes in the same
+    /// places: all of them are fixed, and neither null before nor now. Otherwise false, and no row was made.
+    static bool TryReplace(const TableLayout& layout, const StoredRow& old, const std::vector<int>& columns,
+                           const RowCells& changed, StoredRow& row);
+
 private:
     void PutFixedPart(const TableLayout& layout, const RowCells& cells, StoredRow& row) const;
     void PutVariablePart(std::size_t at, const RowCells& cells, StoredRow& row) const;

@@ -231,21 +231,13 @@ RowPlace Table::Insert(RowCells& cells) {
     return key;
 }
 
-void Table::Update(RowPlace key, const std::vector<CellChange>& changes) {
-    RowCells changed;
-    changed.Clear(layout_.columns.size());
-    std::vector<int> columns;
-    LocateLive(key);
-    for (const CellChange& change : changes) {
-        PutCell(changed, change.column, change.value);
-        columns.push_back(change.column);
+// Of the old row, with these columns changed.
+void Table::ComposeChanged(const std::vector<int>& columns, const RowCells& changed) {
+    const bool isAnyNumbered = std::any_of(columns.begin(), columns.end(),
+                                           [this](int column) { return IsNumbered(ColumnAt(column)); });
+    if (!isAnyNumbered && RowMaker::TryReplace(layout_, old_, columns, changed, made_)) {
+        return;
     }
-    Update(key, columns, changed);
-}
-
-void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells& changed) {
-    const Whereabouts whereabouts = LocateLive(key);
-    old_.TakeApart(layout_, BytesAt(whereabouts.last));
     cells_.Clear(layout_.columns.size());
     for (int column = 0; column < static_cast<int>(cells_.Count()); ++column) {
         if (std::find(columns.begin(), columns.end(), column) != columns.end()) {
@@ -262,6 +254,24 @@ void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells
         }
     }
     Compose(cells_);
+}
+
+void Table::Update(RowPlace key, const std::vector<CellChange>& changes) {
+    RowCells changed;
+    changed.Clear(layout_.columns.size());
+    std::vector<int> columns;
+    LocateLive(key);
+    for (const CellChange& change : changes) {
+        PutCell(changed, change.column, change.value);
+        columns.push_back(change.column);
+    }
+    Update(key, columns, changed);
+}
+
+void Table::Update(RowPlace key, const std::vector<int>& columns, const RowCells& changed) {
+    const Whereabouts whereabouts = LocateLive(key);
+    old_.TakeApart(layout_, BytesAt(whereabouts.last));
+    ComposeChanged(columns, changed);
     for (RowObserver* observer : observers_) {
         observer->MayCome(&old_, made_);
     }

@@ -83,6 +83,7 @@ private:
     void Number(RowCells& cells);
     void PutNextNumber(RowCells& cells, int column);
     void Compose(const RowCells& cells);
+    void ComposeChanged(const std::vector<int>& columns, const RowCells& changed);
     void FreeLongValue(const StoredRow& row, int column);
     void Put(const Whereabouts& old, const Bytes& row);
     void LeaveTrail(const Whereabouts& old);

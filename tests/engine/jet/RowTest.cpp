@@ -48,7 +48,7 @@ StoredRow RowOf(const TableLayout& layout, const QByteArray& bytes) {
     return {layout, BytesOf(bytes, 12)};
 }
 
-StoredRow MakeRow(const TableLayout& layout, const std::vector<Cell>& cells) {
+RowCells RowCellsOf(const std::vector<Cell>& cells) {
     RowCells made;
     made.Clear(cells.size());
     for (std::size_t column = 0; column < cells.size(); ++column) {
@@ -56,8 +56,12 @@ StoredRow MakeRow(const TableLayout& layout, const std::vector<Cell>& cells) {
             made.Set(static_cast<int>(column), *cells[column]);
         }
     }
+    return made;
+}
+
+StoredRow MakeRow(const TableLayout& layout, const std::vector<Cell>& cells) {
     StoredRow row;
-    RowMaker(layout).Make(layout, made, row);
+    RowMaker(layout).Make(layout, RowCellsOf(cells), row);
     return row;
 }
 
@@ -89,6 +93,36 @@ TEST(JetRow, ARowIsTakenApartByItsNullMaskAndOffsets) {
 TEST(JetRow, ARowIsPutTogetherAsItWas) {
     const TableLayout layout = MixedLayout();
     EXPECT_EQ(PutRowTogether(layout, CellsOf(RowOf(layout, MixedRow))), MixedRow);
+}
+
+/// The row with another value in one column, if that is put in the place of the old one.
+std::optional<QByteArray> Replaced(const StoredRow& old, int column, const Cell& cell) {
+    const TableLayout layout = MixedLayout();
+    std::vector<Cell> cells(layout.columns.size());
+    cells[static_cast<std::size_t>(column)] = cell;
+    StoredRow row;
+    const bool isReplaced = RowMaker::TryReplace(layout, old, {column}, RowCellsOf(cells), row);
+    EXPECT_TRUE(!isReplaced || CellsOf(row)[static_cast<std::size_t>(column)] == cell);
+    return isReplaced ? std::optional(row.Whole().Copy()) : std::nullopt;
+}
+
+TEST(JetRow, AFixedValueIsReplacedInItsPlaceAndNothingElse) {
+    const StoredRow old = RowOf(MixedLayout(), MixedRow);
+    QByteArray expected = MixedRow;
+    expected.replace(2, 4, "abcd");
+    EXPECT_EQ(Replaced(old, 0, QByteArray("abcd")), expected);
+    EXPECT_EQ(old.Whole().Copy(), MixedRow);
+}
+
+TEST(JetRow, WhatChangesMoreThanBytesIsNotReplacedInItsPlace) {
+    const TableLayout layout = MixedLayout();
+    const StoredRow old = RowOf(layout, MixedRow);
+    EXPECT_EQ(Replaced(old, 0, std::nullopt), std::nullopt) << "null";
+    EXPECT_EQ(Replaced(old, 0, QByteArray("ab")), std::nullopt) << "of another length";
+    EXPECT_EQ(Replaced(old, 1, QByteArray()), std::nullopt) << "a boolean has no bytes";
+    EXPECT_EQ(Replaced(old, 2, QByteArray("c\0d\0", 4)), std::nullopt) << "not fixed";
+    EXPECT_EQ(Replaced(MakeRow(layout, std::vector<Cell>(4)), 0, QByteArray("abcd")), std::nullopt)
+        << "was null";
 }
 
 TEST(JetRow, WithoutItsBitAColumnIsNullAndABooleanIsNo) {
