@@ -171,6 +171,7 @@ TEST_F(FaultTest, ASingleFaultCostsWhatIsReportedAndNothingElse) {
         if (!outcome.faulted) {
             EXPECT_EQ(AsText(outcome.rows), whole);
             EXPECT_GT(n, 10);
+            RecordProperty("faults", n - 1);
             break;
         }
         if (outcome.endedEarly) {
@@ -390,6 +391,7 @@ TEST_P(PairsOfFaultsTest, NoPairCostsMoreThanIsReportedOrPutsAnythingIntoARowTha
         }
     }
     EXPECT_GT(imports, 20);
+    RecordProperty("pairs", imports);
 }
 
 }  // namespace
