@@ -45,7 +45,7 @@ TEST_F(WriteGroupTest, AGroupOfAJetFileEitherAddsOrRemoves) {
     const WriteTrace trace([](const TracedWrite&) {}, [&groups] { ++groups; });
     database.reset();
     database = DBEngine::Instance().OpenDatabase(path);
-    execution::WriteGroup::EndByTime(false);
+    execution::WriteGroup::EndAfter(SIZE_MAX);
     Insert(1);
     database->Flush();
     EXPECT_EQ(groups, 1);
@@ -63,7 +63,7 @@ TEST_F(WriteGroupTest, AGroupOfAJetFileEitherAddsOrRemoves) {
     EXPECT_EQ(groups, isJet ? 5 : 1) << "an insert that may wait for others";
     database->Flush();
     EXPECT_EQ(groups, isJet ? 6 : 2);
-    execution::WriteGroup::EndByTime(true);
+    execution::WriteGroup::EndAfter({});
 }
 
 TEST_F(WriteGroupTest, ReadingBringsAGroupWhoseTimeIsOverToTheDiskToo) {

@@ -352,8 +352,8 @@ private:
 /// group nobody can tell.
 class PairsOfFaultsTest : public FaultTest, public ::testing::WithParamInterface<int> {
 protected:
-    PairsOfFaultsTest() { engine::execution::WriteGroup::EndByTime(false); }
-    ~PairsOfFaultsTest() override { engine::execution::WriteGroup::EndByTime(true); }
+    PairsOfFaultsTest() { engine::execution::WriteGroup::EndAfter(SIZE_MAX); }
+    ~PairsOfFaultsTest() override { engine::execution::WriteGroup::EndAfter({}); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Operations, PairsOfFaultsTest, ::testing::Values(1, 6));

@@ -6,7 +6,11 @@
 #include <QtGlobal>
 
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <csignal>
+#include <cstdlib>
+#include <functional>
 #include <set>
 #include <string_view>
 
@@ -59,8 +63,22 @@ bool FailsAgain() {
     return after >= 0 && after < state.failAgain;
 }
 
+// The process is gone at once, as one that is killed.
+[[noreturn]] void EndProcess() {
+    kill(getpid(), SIGKILL);
+    std::abort();
+}
+
+// So much of a write is done when the process ends in the middle of it.
+template <class Bytes>
+auto FirstHalf(Bytes size) {
+    constexpr Bytes SectorSize = 512;
+    return size / 2 / SectorSize * SectorSize;
+}
+
 // Whether this operation is to fail. A full disk stops only what needs more room.
-bool Fails(const char* kind, bool needsRoom) {
+// Of a write, `doHalf` does the first half.
+bool Fails(const char* kind, bool needsRoom, const std::function<void()>& doHalf = {}) {
     ++state.operations;
     const bool reached = state.failAt > 0 && state.operations >= state.failAt;
     bool fails = false;
@@ -73,6 +91,15 @@ bool Fails(const char* kind, bool needsRoom) {
             break;
         case FaultyDisk::Fault::FullFromThenOn:
             fails = reached && needsRoom;
+            break;
+        case FaultyDisk::Fault::EndBefore:
+        case FaultyDisk::Fault::EndWithin:
+            if (reached && state.fault == FaultyDisk::Fault::EndWithin && doHalf) {
+                doHalf();
+            }
+            if (reached) {
+                EndProcess();
+            }
             break;
     }
     if (fails && state.faults++ == 0) {
@@ -104,7 +131,8 @@ int Write(sqlite3_file* file, const void* bytes, int amount, sqlite3_int64 offse
         ++state.faults;
         return SQLITE_FULL;
     }
-    if (Fails("write", more > 0)) {
+    const auto doHalf = [&] { Real(file)->pMethods->xWrite(Real(file), bytes, FirstHalf(amount), offset); };
+    if (Fails("write", more > 0, doHalf)) {
         return state.fault == FaultyDisk::Fault::FullFromThenOn ? SQLITE_FULL : SQLITE_IOERR_WRITE;
     }
     return Real(file)->pMethods->xWrite(Real(file), bytes, amount, offset);
@@ -220,7 +248,8 @@ public:
         const auto more = static_cast<sqlite3_int64>(at + bytes.size()) - static_cast<sqlite3_int64>(Size());
         const bool isFull = roomInAll > 0 && more > 0 && !Fits(more);
         state.faults += isFull ? 1 : 0;
-        if (isFull || Fails("write", more > 0)) {
+        const auto doHalf = [&] { file_->Write(at, bytes.first(FirstHalf(bytes.size()))); };
+        if (isFull || Fails("write", more > 0, doHalf)) {
             if (isFull || state.fault == FaultyDisk::Fault::FullFromThenOn) {
                 throw engine::Error(engine::ErrorNumber::DiskFull, QStringLiteral("Disk full."));
             }

@@ -215,17 +215,21 @@ void WriteGroup::CommitIfDue(Clock::duration expected) {
         // A failing read can make SQLite give up the group as well.
         GiveUp();
     }
-    if (!transaction_.IsOpen() || !endByTime_) {
-        return;
-    }
-    const Clock::time_point now = Clock::now();
-    if (now - began_ + expected < LongestGroup || (IsHeldUp() && now - triedAt_ < LongestGroup)) {
+    if (!transaction_.IsOpen() || !IsDue(expected)) {
         return;
     }
     RunBatch();
     if (TryCommit()) {
         LetOthersWrite();
     }
+}
+
+bool WriteGroup::IsDue(Clock::duration expected) const {
+    if (endAfter_) {
+        return log_.Size() >= *endAfter_;
+    }
+    const Clock::time_point now = Clock::now();
+    return now - began_ + expected >= LongestGroup && (!IsHeldUp() || now - triedAt_ >= LongestGroup);
 }
 
 void WriteGroup::CommitBefore(Clock::duration expected) {

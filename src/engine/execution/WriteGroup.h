@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace engine::execution {
@@ -63,8 +64,9 @@ public:
 
     HeldKeysList& Held() { return held_; }
 
-    /// For tests, as the clock says nothing on a busy machine: whether a group ends when its time is over.
-    static void EndByTime(bool on) { endByTime_ = on; }
+    /// For tests, as the clock says nothing on a busy machine: groups end when they have done so many writes,
+    /// and not when their time is over. Without a number they go by the time again.
+    static void EndAfter(std::optional<size_t> writes) { endAfter_ = writes; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -72,6 +74,7 @@ private:
     /// Brings the group to the disk if its time is over, or will be when what comes next has taken as long as
     /// expected. A reader in another program may hold that up; the group then goes on.
     void CommitIfDue(Clock::duration expected = {});
+    bool IsDue(Clock::duration expected) const;
     void CommitBefore(Clock::duration expected);
     bool TryCommit();
     bool IsHeldUp() const;
@@ -93,7 +96,7 @@ private:
     void LetOthersWrite();
     void TellOfLosses();
 
-    static inline bool endByTime_ = true;
+    static inline std::optional<size_t> endAfter_;
 
     Connection& connection_;
     WriteExecutor& executor_;

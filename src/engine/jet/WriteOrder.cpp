@@ -2,6 +2,7 @@
 
 #include "engine/jet/Bytes.h"
 #include "engine/jet/DataPage.h"
+#include "engine/jet/MoveOrder.h"
 
 #include <algorithm>
 #include <tuple>
@@ -12,9 +13,20 @@ namespace engine::jet {
 namespace {
 
 // In the order in which they are written where rows are added. Where they are removed, indexes come before
-// maps and rows: an entry must not lead to a row that isn't there. Long values come before the rows that
-// refer to them, and go after them.
-enum Stage { New, FreeMap, IndexOfRemoved, LongValues, Map, Rows, LostLongValues, Index, Definition };
+// rows, as an entry must not lead to a row that isn't there, and maps behind all that leads to pages that
+// they lose. Long values come before the rows that refer to them, and go after them.
+enum Stage {
+    New,
+    FreeMap,
+    IndexOfRemoved,
+    LongValues,
+    Map,
+    Rows,
+    LostLongValues,
+    Index,
+    MapOfRemoved,
+    Definition
+};
 
 constexpr std::size_t OwnerAt = 4;
 constexpr std::size_t IndexLinksAt = 12;
@@ -81,10 +93,14 @@ bool HasLostRows(const PageWrite& write) {
     return false;
 }
 
-Stage StageOfData(const PageWrite& write) {
+Stage StageOfMap(GroupKind kind) {
+    return kind == GroupKind::Removes ? MapOfRemoved : Map;
+}
+
+Stage StageOfData(const PageWrite& write, GroupKind kind) {
     const std::uint32_t owner = Bytes(*write.page, write.number).U32(OwnerAt);
     if (owner == PageOwner::Nobody) {
-        return Map;
+        return StageOfMap(kind);
     }
     if (owner == PageOwner::LongValues) {
         return HasLostRows(write) ? LostLongValues : LongValues;
@@ -104,11 +120,11 @@ Stage StageOf(const PageWrite& write, GroupKind kind) {
         case PageKind::IndexLeaf:
             return kind == GroupKind::Removes ? IndexOfRemoved : Index;
         case PageKind::UsageBits:
-            return Map;
+            return StageOfMap(kind);
         case PageKind::Definition:
             return Definition;
         case PageKind::Data:
-            return StageOfData(write);
+            return StageOfData(write, kind);
         default:
             return Rows;
     }
@@ -119,16 +135,20 @@ Stage StageOf(const PageWrite& write, GroupKind kind) {
 // before those that have lost entries to it. A row is written where it has moved to before it goes from where
 // it was. Maps that are longer than a row are mostly those of all pages of a table, and come before those
 // with room.
-int RankInStage(const PageWrite& write, Stage stage, PageStore& pages) {
+int RankInStage(const PageWrite& write, Stage stage, PageStore& pages,
+                const std::map<PageNumber, int>& moves) {
     switch (stage) {
         case IndexOfRemoved:
             return HeightOf(write, pages);
         case Index:
             return (*write.page)[0] == PageKind::IndexNode ? -HeightOf(write, pages)
                                                            : static_cast<int>(HasOtherEntries(write));
-        case Rows:
-            return static_cast<int>((*write.page)[0] == PageKind::Data && HasLostRows(write));
+        case Rows: {
+            const auto rank = moves.find(write.number);
+            return rank == moves.end() ? 0 : rank->second;
+        }
         case Map:
+        case MapOfRemoved:
             return static_cast<int>((*write.page)[0] != PageKind::UsageBits);
         default:
             return 0;
@@ -148,10 +168,12 @@ void OrderWrites(std::vector<PageWrite>& writes, GroupKind kind, PageStore& page
             return std::tie(stage, rank, number) < std::tie(other.stage, other.rank, other.number);
         }
     };
+    const std::map<PageNumber, int> moves = RanksOfMoves(writes);
     std::vector<Place> order;
     for (std::size_t write = 0; write < writes.size(); ++write) {
         const Stage stage = StageOf(writes[write], kind);
-        order.push_back({stage, RankInStage(writes[write], stage, pages), writes[write].number, write});
+        order.push_back(
+            {stage, RankInStage(writes[write], stage, pages, moves), writes[write].number, write});
     }
     std::sort(order.begin(), order.end());
     std::vector<PageWrite> ordered;

@@ -283,6 +283,10 @@ TEST_F(JetFileCheck, EachEntryIsThatOfARow) {
     AddTo(page + 480 + EndOf(page, 0) - 1, 100);
     EXPECT_TRUE(Tells("lacks an entry"));
     EXPECT_TRUE(Tells("has an entry of no row"));
+    file = sound;
+    AddTo(page + 480 + EndOf(page, 0) - 5, 1);
+    EXPECT_TRUE(Tells("lacks an entry"));
+    EXPECT_TRUE(Tells("has an entry that isn't its row's"));
 }
 
 TEST_F(JetFileCheck, TextsAreStoredAsUsual) {

@@ -37,6 +37,9 @@ public:
         PutBytes(file_->bytes, static_cast<qsizetype>(at), written);
         file_->written.emplace_back(static_cast<qsizetype>(at), written);
         StopIf(isCut);
+        if (disk_.afterWrite) {
+            disk_.afterWrite(*file_);
+        }
     }
 
     void Resize(std::uint64_t size) override {

@@ -49,6 +49,9 @@ public:
     int failUntil = 0;
     int failure = ErrorNumber::DiskError;
 
+    /// Told of each file that was written to.
+    std::function<void(const File& file)> afterWrite;
+
     /// What a power cut leaves of each file: what was synced, and of the writes since then those that it
     /// happens to have done, each asked for by `isDone`.
     void CutPower(const std::function<bool()>& isDone);

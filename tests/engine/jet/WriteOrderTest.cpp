@@ -1,5 +1,6 @@
 #include "JetTest.h"
 #include "engine/jet/DataPage.h"
+#include "engine/jet/RowPlace.h"
 #include "engine/jet/WriteOrder.h"
 
 #include <map>
@@ -66,13 +67,13 @@ TEST_F(JetWriteOrder, WhatNobodyNamesYetComesFirstAndTheDefinitionLast) {
     EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{16, 1, 15, 14, 13, 12, 11, 10}));
 }
 
-TEST_F(JetWriteOrder, EntriesGoBeforeTheRowsThatTheyLeadTo) {
+TEST_F(JetWriteOrder, EntriesGoBeforeTheRowsThatTheyLeadToAndRowsBeforeTheMapOfTheirPages) {
     Add(10, Kind(PageKind::Definition));
     Add(11, Kind(PageKind::IndexLeaf));
     Add(12, Kind(PageKind::Data));
     Add(13, Kind(PageKind::Data, 0));
     Add(16, Kind(PageKind::Data), true);
-    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{16, 11, 13, 12, 10}));
+    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{16, 11, 12, 13, 10}));
 }
 
 TEST_F(JetWriteOrder, ParentsComeBeforeTheirChildren) {
@@ -120,15 +121,74 @@ TEST_F(JetWriteOrderOfRows, LongValuesComeBeforeTheRowsThatReferToThemAndGoAfter
     AddRow(12, PageOwner::LongValues, RowState::Deleted, RowState::Here);
     Add(13, Kind(PageKind::Data, 0));
     EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{12, 13, 10, 11}));
-    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{12, 13, 10, 11}));
+    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{12, 10, 11, 13}));
 }
 
-TEST_F(JetWriteOrderOfRows, ARowIsWhereItMovesToBeforeItGoesFromWhereItWas) {
-    AddRow(10, 9, RowState::Here, RowState::MovedAway);
-    AddRow(11, 9, RowState::MovedHere, RowState::Deleted);
-    AddRow(12, 9, RowState::Deleted, RowState::MovedHere);
-    AddRow(13, 9, RowState::MovedAway, RowState::Here);
+/// A row, and where it has moved away to: to the row of the same number there.
+struct Row {
+    RowState state;
+    PageNumber to = 0;
+};
+
+/// Pages of rows of which some have moved.
+class JetWriteOrderOfMoves : public JetWriteOrder {
+protected:
+    static constexpr Row Here{RowState::Here};
+    static constexpr Row Deleted{RowState::Deleted};
+    static constexpr Row MovedHere{RowState::MovedHere};
+    static constexpr Row MovedTo(PageNumber page) { return {RowState::MovedAway, page}; }
+
+    void AddPage(PageNumber number, const std::vector<Row>& then, const std::vector<Row>& now) {
+        before[number] = PageWith(number, then);
+        AddWrite(number, PageWith(number, now), &before[number], false);
+    }
+
+private:
+    static Page PageWith(PageNumber number, const std::vector<Row>& states) {
+        Page page{};
+        ChangeableDataPage rows = ChangeableDataPage::Begin(page, number, 9);
+        for (const Row& row : states) {
+            QByteArray bytes(40, 'r');
+            PutRowPlace(ChangeableBytesOf(bytes, number), 0,
+                        {row.to, static_cast<std::uint8_t>(rows.RowCount())});
+            rows.Add(BytesOf(bytes, number), row.state);
+        }
+        return page;
+    }
+};
+
+TEST_F(JetWriteOrderOfMoves, ARowIsWhereItMovesToBeforeItGoesFromWhereItWas) {
+    AddPage(10, {Here}, {MovedTo(12)});
+    AddPage(11, {MovedHere}, {Deleted});
+    AddPage(12, {Deleted}, {MovedHere});
+    AddPage(13, {MovedTo(11)}, {Here});
     EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{12, 13, 10, 11}));
+}
+
+TEST_F(JetWriteOrderOfMoves, APageThatRowsMoveToAndFromComesBetweenTheOthers) {
+    AddPage(10, {Here, Deleted}, {MovedTo(11), Deleted});
+    AddPage(11, {Deleted, Here}, {MovedHere, MovedTo(12)});
+    AddPage(12, {Deleted, Deleted}, {Deleted, MovedHere});
+    EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{12, 11, 10}));
+}
+
+TEST_F(JetWriteOrderOfMoves, ARowThatMovesOnGoesFromItsOldPlaceLast) {
+    AddPage(10, {MovedHere}, {Deleted});
+    AddPage(11, {MovedTo(10)}, {MovedTo(12)});
+    AddPage(12, {Deleted}, {MovedHere});
+    EXPECT_EQ(Order(GroupKind::Adds), (std::vector<PageNumber>{12, 11, 10}));
+}
+
+TEST_F(JetWriteOrderOfMoves, TheKeyOfADeletedRowGoesBeforeItsBytes) {
+    AddPage(10, {MovedHere}, {Deleted});
+    AddPage(11, {MovedTo(10)}, {Deleted});
+    EXPECT_EQ(Order(GroupKind::Removes), (std::vector<PageNumber>{11, 10}));
+}
+
+TEST_F(JetWriteOrderOfMoves, MovesThatCrossHaveSomeOrder) {
+    AddPage(10, {Here, Deleted}, {MovedTo(11), MovedHere});
+    AddPage(11, {Deleted, Here}, {MovedHere, MovedTo(10)});
+    EXPECT_EQ(Order(GroupKind::Adds).size(), 2U);
 }
 
 TEST_F(JetWriteOrder, ATreeThatRunsInACircleHasSomeOrder) {

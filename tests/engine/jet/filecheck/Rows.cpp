@@ -190,7 +190,7 @@ private:
             throw Unreadable(column.name + " has " + std::to_string(size) + " bytes");
         }
         if (IsLong(column.type)) {
-            found_.longValues.push_back(pieces_.at(column.number).Read(cell.bytes, key));
+            found_.longValues.push_back(ReadLong(column, key, cell.bytes));
             cell.bytes = View(found_.longValues.back());
         }
         if (column.type == ColumnType::Text || column.type == ColumnType::Memo) {
@@ -202,6 +202,17 @@ private:
             if (!std::isfinite(number)) {
                 findings_.Fault(WhereIn(key), column.name + " is no number");
             }
+        }
+    }
+
+    // The row is one without it, too.
+    std::vector<std::uint8_t> ReadLong(const ColumnOfFile& column, const Place& key, const View& reference) {
+        try {
+            return pieces_.at(column.number).Read(reference, key);
+        } catch (const Unreadable& error) {
+            findings_.Fault(WhereIn(key),
+                            std::string("has a long value that can't be read: ") + error.what());
+            return {};
         }
     }
 

@@ -263,6 +263,7 @@ private:
         std::vector<KeyBytes> keys;
         bool areKeysKnown = true;
         for (const RowOfFile& row : rows) {
+            rows_.insert(NumberOf(row.key));
             const bool isAllNull = IsAllNull(table_, index_, row);
             if (index_.ignoresNulls && isAllNull) {
                 continue;
@@ -284,8 +285,11 @@ private:
         }
     }
 
+    // As entries name a row.
+    static std::uint32_t NumberOf(const Place& row) { return row.page * 256 + row.row; }
+
     static void AppendPlace(KeyBytes& entry, const Place& row) {
-        const std::uint32_t number = row.page * 256 + row.row;
+        const std::uint32_t number = NumberOf(row);
         for (const unsigned shift : {24U, 16U, 8U, 0U}) {
             entry.push_back(static_cast<std::uint8_t>(number >> shift));
         }
@@ -303,7 +307,12 @@ private:
         std::sort(expected.begin(), expected.end());
         std::sort(found.begin(), found.end());
         Tell("lacks an entry", Difference(expected, found));
-        Tell("has an entry of no row", Difference(found, expected));
+        std::vector<KeyBytes> tooMany = Difference(found, expected);
+        const auto ofNoRow = std::partition(tooMany.begin(), tooMany.end(), [this](const KeyBytes& entry) {
+            return rows_.contains(High(entry, entry.size() - RowSize));
+        });
+        Tell("has an entry of no row", {ofNoRow, tooMany.end()});
+        Tell("has an entry that isn't its row's", {tooMany.begin(), ofNoRow});
     }
 
     static std::vector<KeyBytes> Difference(const std::vector<KeyBytes>& left,
@@ -338,6 +347,7 @@ private:
     Findings& findings_;
     std::string where_;
     TreeWalk tree_;
+    std::set<std::uint32_t> rows_;
 };
 
 }  // namespace
