@@ -108,6 +108,15 @@ void LoadSystemLocale() {
     CurrentAnswers() = AskLocale();
 }
 
+bool LoadLocale(const QString& name) {
+    // An empty name would mean the environment's.
+    if (name.isEmpty() || std::setlocale(LC_ALL, name.toUtf8().constData()) == nullptr) {
+        return false;
+    }
+    CurrentAnswers() = AskLocale();
+    return true;
+}
+
 std::optional<QString> LocaleMoney(MoneyItem item) {
     const QString& text = MoneyText(item);
     return text.isEmpty() ? std::nullopt : std::optional<QString>(text);

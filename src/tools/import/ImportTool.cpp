@@ -5,6 +5,7 @@
 #include "engine/NewFile.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "platform/Locale.h"
 #include "platform/Process.h"
 #include "records/Collections.h"
 #include "records/ImportRun.h"
@@ -21,6 +22,12 @@ namespace {
 
 int Refuse(const QString& message) {
     PrintError(QStringLiteral("wrenfield-import: ") + message + QLatin1Char('\n'));
+    return ExitStatus::NothingDone;
+}
+
+int RefuseUsage(const QString& fault) {
+    Refuse(fault);
+    PrintError(QStringLiteral("wrenfield-import --help tells how it is used.\n"));
     return ExitStatus::NothingDone;
 }
 
@@ -159,15 +166,17 @@ int RunImportTool(const QStringList& arguments) {
     QString fault;
     const std::optional<ImportOptions> options = ParseImportOptions(arguments, fault);
     if (!options) {
-        Refuse(fault);
-        PrintError(QStringLiteral("wrenfield-import --help tells how it is used.\n"));
-        return ExitStatus::NothingDone;
+        return RefuseUsage(fault);
     }
     if (options->wantsHelp) {
         return Show(ImportHelpText());
     }
     if (options->wantsVersion) {
         return Show(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
+    }
+    if (!options->locale.isEmpty() && !platform::LoadLocale(options->locale)) {
+        return RefuseUsage(QStringLiteral("--locale takes a locale that this system has, such as C, not %1")
+                               .arg(options->locale));
     }
     return Run(*options);
 }
