@@ -4,6 +4,7 @@
 #include "database/ErrorReport.h"
 #include "engine/NewFile.h"
 #include "platform/Clock.h"
+#include "platform/Console.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"
@@ -59,7 +60,7 @@ QString Objection(const ImportOptions& options) {
     if (options.isDryRun || options.isYes) {
         return {};
     }
-    if (!IsInputATerminal()) {
+    if (!platform::IsInputATerminal()) {
         return QStringLiteral(
             "this deletes existing data, and there is no terminal to ask on; say --yes to go on");
     }
@@ -135,7 +136,7 @@ int Run(const ImportOptions& options) {
     if (const Faults faults = ReadPortfolioFile(options.portfolio); !faults.empty()) {
         return ListFaults(options.portfolio, faults);
     }
-    ProgressBar progressBar(AreErrorsATerminal());
+    ProgressBar progressBar(platform::AreErrorsATerminal());
     const WaitingIsTold waitingIsTold(progressBar);
     ConsoleMessageBoxes boxes(progressBar);
     platform::HandleEndSignals();
