@@ -32,8 +32,8 @@ QString NumberText(const QByteArray& bytes) {
 
 QString GetRegistrySetting(const QString& section, const QString& name, const QString& defaultValue) {
     QString value;
-    if (!ReadRegistryValue(platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Hearthbook\\") + section,
-                           name, value)) {
+    if (!ReadRegistryValue(platform::LocalMachine, QStringLiteral("SOFTWARE\\Hearthbook\\") + section, name,
+                           value)) {
         value = defaultValue;
     }
     if (value == QLatin1String("vbNullString")) {
@@ -52,9 +52,9 @@ bool ReadRegistryValue(quint32 rootKey, const QString& subKey, const QString& na
     if (stored->bytes.endsWith('\0')) {
         stored->bytes.chop(1);
     }
-    if (stored->type == platform::RegistryType::REG_SZ) {
+    if (stored->type == platform::RegistryType::Text) {
         value = platform::TextFromUtf8(stored->bytes);
-    } else if (stored->type == platform::RegistryType::REG_DWORD) {
+    } else if (stored->type == platform::RegistryType::DoubleWord) {
         value = NumberText(stored->bytes);
     }
     return true;

@@ -3,8 +3,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <string>
-
 namespace engine {
 
 /// A file that grows out of sight and takes its name when it is whole: nobody ever finds half of it, or reads
@@ -34,7 +32,7 @@ public:
 
 private:
     QString name_;
-    std::string folder_;
+    QString folder_;
     QString path_;
 };
 

@@ -54,8 +54,9 @@ public:
     std::optional<LockHolder> Holder() const;
 
 private:
-    int file_;
+    qintptr file_;  ///< As the system names it.
     FileIdentity identity_;
+    mutable bool isTaken_ = false;
 };
 
 }  // namespace platform

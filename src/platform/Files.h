@@ -24,6 +24,9 @@ QString WithPlatformSeparators(QString path);
 std::optional<QString> AbsoluteName(const QString& name);
 QString WhyNoName();
 
+/// Whether two names from the root on are spelt alike, as far as the system tells spellings apart.
+bool IsSameName(const QString& one, const QString& other);
+
 /// True for an existing file. A folder is no file, and a failing test counts as a file not found.
 bool FileExists(const QString& path);
 

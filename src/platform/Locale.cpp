@@ -1,90 +1,23 @@
 #include "platform/Locale.h"
 
-#include "platform/DateFormat.h"
 #include "platform/Failure.h"
+#include "platform/LocaleAnswers.h"
 
 #include <QLocale>
-
-#include <langinfo.h>
-
-#include <array>
-#include <climits>
-#include <clocale>
-#include <cwchar>
 
 namespace platform {
 
 namespace {
 
-/// The locale answers in its own encoding. Text that isn't in it is no answer.
-QString FromLocaleBytes(const char* bytes) {
-    std::mbstate_t state{};
-    const char* rest = bytes;
-    const size_t length = std::mbsrtowcs(nullptr, &rest, 0, &state);
-    if (length == static_cast<size_t>(-1)) {
-        return {};
-    }
-    std::wstring wide(length, L'\0');
-    rest = bytes;
-    state = std::mbstate_t{};
-    std::mbsrtowcs(wide.data(), &rest, length, &state);
-    return QString::fromStdWString(wide);
-}
-
-QString FractionDigits(char digits) {
-    return digits == CHAR_MAX || digits < 0 ? QString() : QString::number(digits);
-}
-
-/// Answers are kept because an import asks for some of them with every statement. At first they are those of
-/// the "C" locale, whatever libraries have done to the process's own locale by then.
-struct Answers {
-    Answers() {
-        for (size_t place = 0; place < months.size(); ++place) {
-            months[place] = QLocale::c().monthName(static_cast<int>(place) + 1, QLocale::ShortFormat);
-        }
-    }
-
-    QString thousandSeparator;
-    QString decimalSeparator;
-    QString currencySymbol;
-    QString currencyDigits;
-    QString decimalMark = QStringLiteral(".");
-    DateFormat dateFormat;
-    std::array<QString, 12> months;
-};
-
-Answers AskLocale() {
-    Answers answers;
-    const std::lconv* conventions = std::localeconv();
-    answers.thousandSeparator = FromLocaleBytes(conventions->mon_thousands_sep);
-    answers.decimalSeparator = FromLocaleBytes(conventions->mon_decimal_point);
-    answers.currencySymbol = FromLocaleBytes(conventions->currency_symbol);
-    answers.currencyDigits = FractionDigits(conventions->frac_digits);
-    const QString decimalMark = FromLocaleBytes(conventions->decimal_point);
-    if (!decimalMark.isEmpty()) {
-        answers.decimalMark = decimalMark;
-    }
-    answers.dateFormat = ReadDateFormat(FromLocaleBytes(nl_langinfo(D_FMT)));
-    static constexpr std::array<nl_item, 12> MonthItems{ABMON_1, ABMON_2,  ABMON_3,  ABMON_4,
-                                                        ABMON_5, ABMON_6,  ABMON_7,  ABMON_8,
-                                                        ABMON_9, ABMON_10, ABMON_11, ABMON_12};
-    for (size_t place = 0; place < MonthItems.size(); ++place) {
-        // Some locales pad the names to one width.
-        const QString name = FromLocaleBytes(nl_langinfo(MonthItems[place])).trimmed();
-        if (!name.isEmpty()) {
-            answers.months[place] = name;
-        }
-    }
-    return answers;
-}
-
-Answers& CurrentAnswers() {
-    static Answers answers;
+/// Kept because an import asks for some of them with every statement. At first they are those of the "C"
+/// locale, whatever libraries have done to the process's own locale by then.
+LocaleAnswers& CurrentAnswers() {
+    static LocaleAnswers answers;
     return answers;
 }
 
 const QString& MoneyText(MoneyItem item) {
-    const Answers& answers = CurrentAnswers();
+    const LocaleAnswers& answers = CurrentAnswers();
     switch (item) {
         case MoneyItem::ThousandSeparator:
             return answers.thousandSeparator;
@@ -100,12 +33,22 @@ const QString& MoneyText(MoneyItem item) {
 
 }  // namespace
 
-void LoadSystemLocale() {
-    if (std::setlocale(LC_ALL, "") == nullptr) {
-        // The environment names a locale that isn't installed: what was in force before must not linger.
-        std::setlocale(LC_ALL, "C");
+LocaleAnswers::LocaleAnswers() : decimalMark(QStringLiteral(".")) {
+    for (size_t place = 0; place < months.size(); ++place) {
+        months[place] = QLocale::c().monthName(static_cast<int>(place) + 1, QLocale::ShortFormat);
     }
-    CurrentAnswers() = AskLocale();
+}
+
+void LoadSystemLocale() {
+    CurrentAnswers() = AskUsersLocale();
+}
+
+bool LoadLocale(const QString& name) {
+    std::optional<LocaleAnswers> answers = name.isEmpty() ? std::nullopt : AskLocale(name);
+    if (answers) {
+        CurrentAnswers() = *std::move(answers);
+    }
+    return answers.has_value();
 }
 
 std::optional<QString> LocaleMoney(MoneyItem item) {

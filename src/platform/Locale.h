@@ -11,6 +11,11 @@ namespace platform {
 /// locale is "C". Tests call it again after changing the environment.
 void LoadSystemLocale();
 
+/// Puts the locale in force that the system knows by this name. "C" is known everywhere: a point before the
+/// decimals, the month first in dates, English months. False if there is none of this name; nothing changes
+/// then.
+bool LoadLocale(const QString& name);
+
 /// How the locale writes money.
 enum class MoneyItem { ThousandSeparator, DecimalSeparator, CurrencySymbol, CurrencyDigits };
 

@@ -1,6 +1,7 @@
 #include "platform/MessageBox.h"
 
-#include <cstdio>
+#include "platform/Console.h"
+
 #include <vector>
 
 namespace platform {
@@ -11,9 +12,8 @@ namespace {
 class StandardErrorPort : public MessageBoxPort {
 public:
     Answer Show(const MessageBoxRequest& request) override {
-        const QByteArray line = (request.title + QLatin1String(": ") + request.text).toLocal8Bit() + '\n';
-        std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stderr);
-        std::fflush(stderr);
+        static_cast<void>(WriteText(Stream::Errors,
+                                    request.title + QLatin1String(": ") + request.text + QLatin1Char('\n')));
         return request.buttons == Buttons::Ok ? Answer::Ok : Answer::No;
     }
 };

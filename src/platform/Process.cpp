@@ -1,12 +1,11 @@
 #include "platform/Process.h"
 
+#include "platform/EndRequest.h"
 #include "platform/Failure.h"
 #include "platform/MessageBox.h"
+#include "platform/ProcessStart.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <csignal>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -20,38 +19,13 @@ namespace platform {
 
 namespace {
 
-volatile std::sig_atomic_t requestedEnd = 0;
+// Without a lock, which a handler of signals couldn't wait for.
+std::atomic<int> requestedEnd = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
 
 std::vector<std::function<void()>>& EndActions() {
     static std::vector<std::function<void()>> actions;
     return actions;
-}
-
-void NoteEndSignal(int signalNumber) {
-    requestedEnd = signalNumber;
-}
-
-// A reader that went away, or a file that grew too large for its owner's limit, makes the one write fail and
-// must not tear the process down in the middle of its work. A handler, unlike an ignored signal, isn't handed
-// on to programs that are started.
-void LetWritesFail() {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};
-    action.sa_flags = SA_RESTART;
-    sigemptyset(&action.sa_mask);
-    for (const int signalNumber : {SIGPIPE, SIGXFSZ}) {
-        sigaction(signalNumber, &action, nullptr);
-    }
-}
-
-// The first files that are opened would take the places of streams that the program was started without, and
-// what is printed would go into them. Nothing can be written to what stands there now.
-void HoldStandardStreams() {
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (fcntl(stream, F_GETFD) == -1) {
-            static_cast<void>(open("/dev/null", O_RDONLY));
-        }
-    }
 }
 
 void RunEndActions() {
@@ -100,8 +74,7 @@ void EndByFailure() {
 }
 
 void RunProcess(const std::function<int()>& program) {
-    LetWritesFail();
-    HoldStandardStreams();
+    PrepareProcess();
     try {
         EndProcess(program());
     } catch (...) {
@@ -109,20 +82,8 @@ void RunProcess(const std::function<int()>& program) {
     }
 }
 
-void HandleEndSignals() {
-    for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction before {};
-        sigaction(signalNumber, nullptr, &before);
-        // Whoever started the program with a signal ignored (nohup) wants it to outlive that.
-        if (before.sa_handler == SIG_IGN) {
-            continue;
-        }
-        // Without SA_RESTART: a question that waits for its answer has to end too.
-        struct sigaction action {};
-        action.sa_handler = NoteEndSignal;
-        sigemptyset(&action.sa_mask);
-        sigaction(signalNumber, &action, nullptr);
-    }
+void RequestEnd(int signalNumber) {
+    requestedEnd = signalNumber;
 }
 
 bool IsEndRequested() {

@@ -68,13 +68,13 @@ RegistryValue DoubleWord(QStringView digits) {
     for (int shift = 0; shift < 32; shift += 8) {
         bytes.append(static_cast<char>((number >> shift) & 0xFFU));
     }
-    return {RegistryType::REG_DWORD, bytes};
+    return {RegistryType::DoubleWord, bytes};
 }
 
 bool HoldsText(quint32 type) {
     constexpr quint32 ExpandableText = 2;
     constexpr quint32 TextList = 7;
-    return type == RegistryType::REG_SZ || type == ExpandableText || type == TextList;
+    return type == RegistryType::Text || type == ExpandableText || type == TextList;
 }
 
 /// Exported texts are two-byte characters; the store hands out UTF-8. What can't be such text stays as it is.
@@ -90,7 +90,7 @@ QByteArray TextBytes(const QByteArray& bytes) {
 
 /// "hex:" stands for "hex(3):".
 RegistryValue Bytes(QStringView text) {
-    quint32 type = RegistryType::REG_BINARY;
+    quint32 type = RegistryType::Binary;
     const qsizetype colon = text.indexOf(QLatin1Char(':'));
     if (colon < 0) {
         throw Unparsable();
@@ -118,7 +118,7 @@ RegistryValue ReadValue(QStringView data) {
         if (!data.isEmpty()) {
             throw Unparsable();
         }
-        return {RegistryType::REG_SZ, WithTerminatingZero(text.toUtf8())};
+        return {RegistryType::Text, WithTerminatingZero(text.toUtf8())};
     }
     if (data.startsWith(QLatin1String("dword:"), Qt::CaseInsensitive)) {
         return DoubleWord(data.sliced(6));

@@ -1,6 +1,6 @@
+#include "platform/CommandLine.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"
-#include "tools/import/CommandLine.h"
 #include "tools/schema/CreateTool.h"
 
 #include <QCoreApplication>
@@ -9,6 +9,6 @@ int main(int argc, char** argv) {
     platform::RunProcess([&argc, argv] {
         const QCoreApplication application(argc, argv);
         platform::LoadSystemLocale();
-        return tools::RunCreateTool(tools::Arguments(argc, argv));
+        return tools::RunCreateTool(platform::Arguments(argc, argv));
     });
 }

@@ -30,7 +30,7 @@ protected:
     /// The value "v" as read over the text "as it was".
     static QString Read() {
         QString value = QStringLiteral("as it was");
-        read = ReadRegistryValue(platform::HKEY_LOCAL_MACHINE, SettingsKey, QStringLiteral("v"), value);
+        read = ReadRegistryValue(platform::LocalMachine, SettingsKey, QStringLiteral("v"), value);
         return value;
     }
 

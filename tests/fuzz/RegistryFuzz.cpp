@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
             std::abort();
         }
         for (auto value = key->begin(); value != key->end(); ++value) {
-            const bool isDoubleWord = value->type == platform::RegistryType::REG_DWORD;
+            const bool isDoubleWord = value->type == platform::RegistryType::DoubleWord;
             if (value.key() != value.key().toLower() ||
                 (!isDoubleWord && value->bytes.size() > static_cast<qsizetype>(2 * size) + 1)) {
                 std::abort();

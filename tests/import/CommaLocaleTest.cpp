@@ -54,4 +54,17 @@ TEST_F(CommaLocaleTest, AmountsWithCentsInStatementsAreRefusedAndReported) {
     EXPECT_TRUE(workplace.ErrorLog().contains(QStringLiteral("200,5,0,0,0)")));
 }
 
+TEST_F(CommaLocaleTest, AmountsWithCentsGoInWithALocaleThatHasAPoint) {
+    const CommaLocale commas;
+    WritePortfolio(
+        "{\"Name\":\"Cents\",\"PropertyName\":\"1 Road\",\"StartDate\":\"2026-11-08\",\"CurrentRent\":200.5,"
+        "\"BondHeld\":400.5}");
+    const QString database = FreshDatabase("point.mdb");
+    EXPECT_EQ(Import(database, {QStringLiteral("--locale"), QStringLiteral("C")}), 0);
+    EXPECT_EQ(ReadRows(database, "select tenant_code, rent_due from rent_periods order by rowid"),
+              (QStringList{QStringLiteral("Cents|200.5"), QStringLiteral("Cents|200.5")}));
+    EXPECT_EQ(ReadRows(database, "select tenant_code, amount from tenant_bond"),
+              QStringList{QStringLiteral("Cents|400.5")});
+}
+
 }  // namespace

@@ -85,9 +85,11 @@ bool ImportJourney::IsSound(const QString& database) {
     return faults.empty();
 }
 
-int ImportJourney::Import(const QString& database) const {
-    return tools::RunImportTool({portfolio, QStringLiteral("--database"), database, QStringLiteral("--yes"),
-                                 QStringLiteral("--today"), QStringLiteral("2026-11-21")});
+int ImportJourney::Import(const QString& database, const QStringList& more) const {
+    return tools::RunImportTool(QStringList{portfolio, QStringLiteral("--database"), database,
+                                            QStringLiteral("--yes"), QStringLiteral("--today"),
+                                            QStringLiteral("2026-11-21")} +
+                                more);
 }
 
 int ImportJourney::StartImport(const QString& database, const QString& errors) const {

@@ -37,8 +37,8 @@ protected:
     /// undone is taken back first, as by any program that opens the file.
     static bool IsSound(const QString& database);
 
-    /// Runs the import in this process as of 2026-11-21, and gives its exit status.
-    int Import(const QString& database) const;
+    /// Runs the import in this process as of 2026-11-21, with more options, and gives its exit status.
+    int Import(const QString& database, const QStringList& more = {}) const;
 
     /// Runs the import in a child process, which ends with the import's exit status. What it tells on
     /// standard error goes into a file. Gives the child's process number.

@@ -93,6 +93,25 @@ TEST(LoadedLocale, StaysUntilTheNextLoad) {
     EXPECT_EQ(platform::ShortMonthName(3), QStringLiteral("Mär"));
 }
 
+TEST(LoadedLocale, CanBeAnotherByItsName) {
+    const CommaLocale german;
+    EXPECT_TRUE(platform::LoadLocale(QStringLiteral("C")));
+    EXPECT_EQ(platform::DecimalMark(), QStringLiteral("."));
+    EXPECT_EQ(platform::DateSeparator(), QStringLiteral("/"));
+    EXPECT_EQ(platform::ShortMonthName(3), QStringLiteral("Mar"));
+    EXPECT_EQ(LocaleMoney(MoneyItem::DecimalSeparator), std::nullopt);
+    EXPECT_TRUE(platform::LoadLocale(QStringLiteral("de_DE.UTF-8")));
+    EXPECT_EQ(platform::DecimalMark(), QStringLiteral(","));
+}
+
+TEST(LoadedLocale, StaysIfThereIsNoneOfTheName) {
+    const CommaLocale german;
+    for (const char* name : {"xx_XX.UTF-8", "", "de", "../de_DE.UTF-8"}) {
+        EXPECT_FALSE(platform::LoadLocale(QLatin1String(name))) << name;
+        EXPECT_EQ(platform::DecimalMark(), QStringLiteral(",")) << name;
+    }
+}
+
 TEST(LoadedLocale, IsPlainIfTheEnvironmentNamesNoInstalledOne) {
     const CommaLocale german;
     const QByteArray before = qgetenv("LC_ALL");

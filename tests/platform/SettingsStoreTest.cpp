@@ -12,7 +12,7 @@
 
 namespace {
 
-using platform::HKEY_LOCAL_MACHINE;
+using platform::LocalMachine;
 using platform::OpenRegistryKey;
 
 const QString Settings = QStringLiteral("SOFTWARE\\Hearthbook\\Settings");
@@ -33,7 +33,7 @@ void WriteFile(const QString& path, const QByteArray& text) {
 
 /// The setting "APPPath" as the store has it; "none" if it has none.
 QByteArray StoredPath() {
-    const auto key = OpenRegistryKey(HKEY_LOCAL_MACHINE, Settings);
+    const auto key = OpenRegistryKey(LocalMachine, Settings);
     const auto value = key ? key->Query(QStringLiteral("APPPath"), 1024) : std::nullopt;
     return value ? QByteArray(value->bytes.constData()) : QByteArray("none");
 }
@@ -49,19 +49,19 @@ private:
 };
 
 TEST_F(SettingsStore, WithoutAFileHasNoKeys) {
-    EXPECT_FALSE(OpenRegistryKey(HKEY_LOCAL_MACHINE, Settings).has_value());
+    EXPECT_FALSE(OpenRegistryKey(LocalMachine, Settings).has_value());
 }
 
 TEST_F(SettingsStore, OpensTheKeysOfTheLocalMachine) {
     workplace_.WriteSettings(TextWith("/data"));
-    EXPECT_TRUE(OpenRegistryKey(HKEY_LOCAL_MACHINE, Settings).has_value());
-    EXPECT_FALSE(OpenRegistryKey(HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Other")).has_value());
+    EXPECT_TRUE(OpenRegistryKey(LocalMachine, Settings).has_value());
+    EXPECT_FALSE(OpenRegistryKey(LocalMachine, QStringLiteral("SOFTWARE\\Other")).has_value());
     EXPECT_FALSE(OpenRegistryKey(0x80000001, Settings).has_value()) << "the current user's root";
 }
 
 TEST_F(SettingsStore, ComparesNamesWithoutCase) {
     workplace_.WriteSettings(TextWith("/data"));
-    const auto key = OpenRegistryKey(HKEY_LOCAL_MACHINE, QStringLiteral("software\\HEARTHBOOK\\settings"));
+    const auto key = OpenRegistryKey(LocalMachine, QStringLiteral("software\\HEARTHBOOK\\settings"));
     ASSERT_TRUE(key.has_value());
     EXPECT_TRUE(key->Query(QStringLiteral("apppath"), 1024).has_value());
     EXPECT_FALSE(key->Query(QStringLiteral("APPPaths"), 1024).has_value());
@@ -69,7 +69,7 @@ TEST_F(SettingsStore, ComparesNamesWithoutCase) {
 
 TEST_F(SettingsStore, AValueMayFillTheBufferButNotMore) {
     workplace_.WriteSettings(TextWith(QByteArray(9, 'x')));
-    const auto key = OpenRegistryKey(HKEY_LOCAL_MACHINE, Settings);
+    const auto key = OpenRegistryKey(LocalMachine, Settings);
     ASSERT_TRUE(key.has_value());
     EXPECT_TRUE(key->Query(QStringLiteral("APPPath"), 10).has_value());
     EXPECT_FALSE(key->Query(QStringLiteral("APPPath"), 9).has_value());

@@ -141,6 +141,15 @@ TEST_F(ImportRefusal, BadUsage) {
     EXPECT_TRUE(RunImport({}).errors.contains("--help"));
 }
 
+TEST_F(ImportRefusal, ALocaleThatTheSystemDoesNotHave) {
+    const ProgramResult result =
+        Import({QStringLiteral("--locale"), QStringLiteral("xx_XX"), QStringLiteral("--yes")});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors,
+              "wrenfield-import: --locale takes a locale that this system has, such as C, not xx_XX\n"
+              "wrenfield-import --help tells how it is used.\n");
+}
+
 TEST_F(ImportRefusal, HelpAndVersionChangeNothing) {
     EXPECT_EQ(Import({QStringLiteral("--help")}).status, 0);
     EXPECT_TRUE(Import({QStringLiteral("--help")}).output.startsWith("Usage: wrenfield-import "));

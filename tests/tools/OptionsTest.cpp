@@ -25,12 +25,14 @@ QStringList Words(const char* text) {
 TEST(Options, AllOfThem) {
     QString fault;
     const auto options = ParseImportOptions(
-        Words("--database /a.mdb --backup=b.mdb p.json --today 2026-02-28 --yes --dry-run"), fault);
+        Words("--database /a.mdb --backup=b.mdb p.json --today 2026-02-28 --locale de_DE --yes --dry-run"),
+        fault);
     ASSERT_TRUE(options.has_value());
     EXPECT_EQ(options->portfolio, QStringLiteral("p.json"));
     EXPECT_EQ(options->database, QStringLiteral("/a.mdb"));
     EXPECT_EQ(options->backup, QDir::currentPath() + QStringLiteral("/b.mdb"));
     EXPECT_EQ(options->today, QDate(2026, 2, 28));
+    EXPECT_EQ(options->locale, QStringLiteral("de_DE"));
     EXPECT_TRUE(options->isYes);
     EXPECT_TRUE(options->isDryRun);
 }
@@ -42,6 +44,7 @@ TEST(Options, OnlyThePortfolioIsNeeded) {
     EXPECT_FALSE(options->isYes);
     EXPECT_FALSE(options->isDryRun);
     EXPECT_FALSE(options->today.has_value());
+    EXPECT_EQ(options->locale, QString());
     EXPECT_EQ(options->database, QString());
 }
 
@@ -67,13 +70,15 @@ TEST(Options, BadUsageSaysWhatIsWrong) {
 TEST(Options, AnEmptyValueIsNoValue) {
     EXPECT_EQ(FaultOf({QStringLiteral("p.json"), QStringLiteral("--database"), QString()}),
               QStringLiteral("--database has an empty value"));
+    EXPECT_EQ(FaultOf({QStringLiteral("p.json"), QStringLiteral("--locale"), QString()}),
+              QStringLiteral("--locale has an empty value"));
     EXPECT_EQ(FaultOf({QStringLiteral("p.json"), QStringLiteral("--backup=")}),
               QStringLiteral("--backup has an empty value"));
 }
 
 TEST(Options, HelpTellsEveryOption) {
-    for (const char* option :
-         {"--database", "--backup", "--today", "--yes", "--dry-run", "--help", "--version", "Exit status"}) {
+    for (const char* option : {"--database", "--backup", "--today", "--locale", "--yes", "--dry-run",
+                               "--help", "--version", "Exit status"}) {
         EXPECT_TRUE(tools::ImportHelpText().contains(QLatin1String(option))) << option;
     }
 }

@@ -1,11 +1,10 @@
 #include "engine/sqlite/SideFiles.h"
 
 #include "engine/Error.h"
+#include "platform/FileStatus.h"
 
 #include <QFile>
 #include <QtEndian>
-
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <chrono>
@@ -121,32 +120,33 @@ Objection ObjectionToIndex(QFile& index) {
     return IsDone(start) || isIndex ? std::nullopt : Objection(QStringLiteral("it is no index of a log"));
 }
 
-Objection ObjectionToKind(const QByteArray& path) {
-    struct stat status {};
-    if (::lstat(path.constData(), &status) != 0) {
+Objection ObjectionToKind(const QString& path) {
+    const std::optional<platform::NamedThing> found = platform::WhatHasName(path);
+    if (!found) {
         return std::nullopt;
     }
-    switch (status.st_mode & S_IFMT) {
-        case S_IFREG:
+    switch (found->kind) {
+        case platform::FileKind::Regular:
             // SQLite would write over the one and remove the other.
-            return status.st_nlink == 1 ? std::nullopt
-                                        : Objection(QStringLiteral("it has another name as well"));
-        case S_IFLNK:
+            return found->hasOtherNames ? Objection(QStringLiteral("it has another name as well"))
+                                        : std::nullopt;
+        case platform::FileKind::Link:
             return QStringLiteral("it is a link");
-        case S_IFDIR:
+        case platform::FileKind::Folder:
             return QStringLiteral("it is a folder");
-        case S_IFIFO:
+        case platform::FileKind::Pipe:
             return QStringLiteral("it is a pipe");
-        default:
-            return QStringLiteral("it is not a regular file");
+        case platform::FileKind::Other:
+            break;
     }
+    return QStringLiteral("it is not a regular file");
 }
 
-Objection ObjectionTo(const QByteArray& path, Objection (*look)(QFile&)) {
+Objection ObjectionTo(const QString& path, Objection (*look)(QFile&)) {
     if (Objection kind = ObjectionToKind(path)) {
         return kind;
     }
-    QFile file(QFile::decodeName(path));
+    QFile file(path);
     if (!file.exists()) {
         return std::nullopt;
     }
@@ -156,7 +156,8 @@ Objection ObjectionTo(const QByteArray& path, Objection (*look)(QFile&)) {
     return look(file);
 }
 
-void Check(const QByteArray& path, Objection (*look)(QFile&)) {
+void Check(const char* name, Objection (*look)(QFile&)) {
+    const QString path = QString::fromUtf8(name);
     Objection objection = ObjectionTo(path, look);
     for (int again = 1; objection && again < Looks; ++again) {
         std::this_thread::sleep_for(BetweenLooks);
@@ -165,7 +166,7 @@ void Check(const QByteArray& path, Objection (*look)(QFile&)) {
     if (objection) {
         throw Error(ErrorNumber::DatabaseDamaged,
                     QStringLiteral("The database can't be used with the file '%1' beside it: %2.")
-                        .arg(QFile::decodeName(path), *objection));
+                        .arg(path, *objection));
     }
 }
 
@@ -175,8 +176,8 @@ void CheckSideFiles(sqlite3* handle) {
     const char* database = sqlite3_db_filename(handle, "main");
     const QByteArray log = sqlite3_filename_wal(database);
     Check(sqlite3_filename_journal(database), ObjectionToJournal);
-    Check(log, ObjectionToLog);
-    Check(log.chopped(3) + "shm", ObjectionToIndex);
+    Check(log.constData(), ObjectionToLog);
+    Check((log.chopped(3) + "shm").constData(), ObjectionToIndex);
 }
 
 }  // namespace engine::sqlite

@@ -3,12 +3,12 @@
 #include "engine/Error.h"
 #include "engine/sqlite/SqlText.h"
 #include "platform/DeepStack.h"
+#include "platform/FileStatus.h"
 
 #include <QString>
 
-#include <sys/stat.h>
-
-#include <tuple>
+#include <optional>
+#include <utility>
 
 namespace engine::sqlite {
 
@@ -99,25 +99,19 @@ void CheckIntegrity(execution::Connection& connection) {
     }
 }
 
-/// Tells whether a file has been changed.
-using FileState = std::tuple<dev_t, ino_t, off_t, time_t, long>;
-
-FileState StateOf(const char* path) {
-    struct stat status {};
-    return ::stat(path, &status) == 0 ? FileState(status.st_dev, status.st_ino, status.st_size,
-                                                  status.st_ctim.tv_sec, status.st_ctim.tv_nsec)
-                                      : FileState();
-}
-
 /// The file and its log, which may hold what the file doesn't hold yet.
-using FileStates = std::pair<FileState, FileState>;
+using FileStates = std::pair<std::optional<platform::FileStatus>, std::optional<platform::FileStatus>>;
+
+std::optional<platform::FileStatus> StatusOf(const char* path) {
+    return platform::StatusOf(QString::fromUtf8(path));
+}
 
 }  // namespace
 
 void RequireSound(execution::Connection& connection) {
     static FileStates lastFoundSound;
     const char* database = sqlite3_db_filename(connection.Handle(), "main");
-    const FileStates states(StateOf(database), StateOf(sqlite3_filename_wal(database)));
+    const FileStates states(StatusOf(database), StatusOf(sqlite3_filename_wal(database)));
     if (states == lastFoundSound) {
         return;
     }

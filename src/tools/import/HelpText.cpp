@@ -14,6 +14,8 @@ file are written with their rent history.
   --database FILE      the database to fill; without it, the one that Hearthbook's settings name
   --backup FILE        keep a copy of the database in FILE before anything is deleted
   --today YYYY-MM-DD   work as if it were this day
+  --locale NAME        write numbers and dates as this locale of the system does; C, which every system knows,
+                       has a point before the decimals, as amounts with cents need it
   --yes                do not ask before deleting (needed where there is no terminal to ask on)
   --dry-run            check everything, tell what would be written, and change nothing
   --help               show this text

@@ -4,7 +4,9 @@
 #include "database/ErrorReport.h"
 #include "engine/NewFile.h"
 #include "platform/Clock.h"
+#include "platform/Console.h"
 #include "platform/Files.h"
+#include "platform/Locale.h"
 #include "platform/Process.h"
 #include "records/Collections.h"
 #include "records/ImportRun.h"
@@ -21,6 +23,12 @@ namespace {
 
 int Refuse(const QString& message) {
     PrintError(QStringLiteral("wrenfield-import: ") + message + QLatin1Char('\n'));
+    return ExitStatus::NothingDone;
+}
+
+int RefuseUsage(const QString& fault) {
+    Refuse(fault);
+    PrintError(QStringLiteral("wrenfield-import --help tells how it is used.\n"));
     return ExitStatus::NothingDone;
 }
 
@@ -52,7 +60,7 @@ QString Objection(const ImportOptions& options) {
     if (options.isDryRun || options.isYes) {
         return {};
     }
-    if (!IsInputATerminal()) {
+    if (!platform::IsInputATerminal()) {
         return QStringLiteral(
             "this deletes existing data, and there is no terminal to ask on; say --yes to go on");
     }
@@ -128,7 +136,7 @@ int Run(const ImportOptions& options) {
     if (const Faults faults = ReadPortfolioFile(options.portfolio); !faults.empty()) {
         return ListFaults(options.portfolio, faults);
     }
-    ProgressBar progressBar(AreErrorsATerminal());
+    ProgressBar progressBar(platform::AreErrorsATerminal());
     const WaitingIsTold waitingIsTold(progressBar);
     ConsoleMessageBoxes boxes(progressBar);
     platform::HandleEndSignals();
@@ -159,15 +167,17 @@ int RunImportTool(const QStringList& arguments) {
     QString fault;
     const std::optional<ImportOptions> options = ParseImportOptions(arguments, fault);
     if (!options) {
-        Refuse(fault);
-        PrintError(QStringLiteral("wrenfield-import --help tells how it is used.\n"));
-        return ExitStatus::NothingDone;
+        return RefuseUsage(fault);
     }
     if (options->wantsHelp) {
         return Show(ImportHelpText());
     }
     if (options->wantsVersion) {
         return Show(QStringLiteral("wrenfield-import " WRENFIELD_VERSION "\n"));
+    }
+    if (!options->locale.isEmpty() && !platform::LoadLocale(options->locale)) {
+        return RefuseUsage(QStringLiteral("--locale takes a locale that this system has, such as C, not %1")
+                               .arg(options->locale));
     }
     return Run(*options);
 }

@@ -14,6 +14,7 @@ constexpr const char* VersionOption = "version";
 constexpr const char* DatabaseOption = "database";
 constexpr const char* BackupOption = "backup";
 constexpr const char* TodayOption = "today";
+constexpr const char* LocaleOption = "locale";
 constexpr const char* YesOption = "yes";
 constexpr const char* DryRunOption = "dry-run";
 
@@ -70,7 +71,8 @@ void ReadPortfolioName(const QCommandLineParser& parser, ImportOptions& options,
 std::optional<ImportOptions> ParseImportOptions(const QStringList& arguments, QString& fault) {
     QCommandLineParser parser;
     parser.addOptions({Flag(HelpOption), Flag(VersionOption), Flag(YesOption), Flag(DryRunOption),
-                       WithValue(DatabaseOption), WithValue(BackupOption), WithValue(TodayOption)});
+                       WithValue(DatabaseOption), WithValue(BackupOption), WithValue(TodayOption),
+                       WithValue(LocaleOption)});
     // The parser takes the first one for the program's name.
     if (!parser.parse(QStringList(QString()) + arguments)) {
         fault = parser.errorText();
@@ -88,6 +90,7 @@ std::optional<ImportOptions> ParseImportOptions(const QStringList& arguments, QS
     options.database = FileValue(parser, DatabaseOption, fault);
     options.backup = FileValue(parser, BackupOption, fault);
     ReadToday(parser, options, fault);
+    options.locale = SingleValue(parser, LocaleOption, fault);
     return fault.isEmpty() ? std::optional(options) : std::nullopt;
 }
 

@@ -14,6 +14,7 @@ struct ImportOptions {
     QString database;  ///< Absolute. Empty: found through Hearthbook's settings.
     QString backup;    ///< Absolute. Empty: none is made.
     std::optional<QDate> today;
+    QString locale;  ///< Empty: the user's.
     bool isYes = false;
     bool isDryRun = false;
     bool wantsHelp = false;

@@ -4,11 +4,7 @@
 
 namespace tools {
 
-bool IsInputATerminal();
-bool AreErrorsATerminal();
-
-/// Text in UTF-8, whatever the locale: names of a portfolio are of many languages. False if it did not arrive
-/// on standard output, which has been told on standard error then.
+/// False if the text did not arrive on standard output, which has been told on standard error then.
 [[nodiscard]] bool PrintOut(const QString& text);
 void PrintError(const QString& text);
 

@@ -3,11 +3,11 @@
 #include "engine/Error.h"
 #include "engine/ImportLock.h"
 #include "platform/FileLock.h"
+#include "platform/Files.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
 namespace engine::jet {
@@ -24,16 +24,14 @@ FilesByIdentity& OpenFiles() {
 
 // A link may lead to a file elsewhere, and what is kept beside a file lies beside that one.
 QString PlaceOf(const QString& path) {
-    std::error_code failure;
-    const std::string place =
-        std::filesystem::canonical(QFile::encodeName(path).toStdString(), failure).string();
-    if (failure) {
+    const QString place = QFileInfo(path).canonicalFilePath();
+    if (place.isEmpty()) {
         throw Error(ErrorNumber::CannotOpenDatabase, QStringLiteral("Could not find file '%1'.").arg(path));
     }
-    if (!QByteArrayView(place).isValidUtf8()) {
+    if (!platform::AbsoluteName(place)) {
         RaiseNoName();
     }
-    return QFile::decodeName(place.c_str());
+    return place;
 }
 
 // A journal that stands there is that of a killed program, unless one that is alone is just writing it. Only

@@ -1,4 +1,4 @@
-#include "engine/Error.h"
+#include "engine/jet/DiskFailure.h"
 #include "engine/jet/LockFile.h"
 
 #include <QFile>
@@ -14,25 +14,12 @@ namespace engine::jet {
 
 namespace {
 
-[[noreturn]] void Raise(const QString& path, const QString& why) {
-    throw Error(ErrorNumber::DiskError,
-                QStringLiteral("Disk error: '%1' can't be opened: %2.").arg(path, why));
-}
-
-[[noreturn]] void RaiseReadOnly(const QString& path, const QString& why) {
-    throw Error(
-        ErrorNumber::ReadOnlyDatabase,
-        QStringLiteral(
-            "Cannot update. Database or object is read-only: its lock file '%1' can't be written: %2.")
-            .arg(path, why));
-}
-
-QString Words(int systemError) {
-    return QString::fromStdString(std::generic_category().message(systemError));
+std::error_code Reason(int systemError) {
+    return {systemError, std::generic_category()};
 }
 
 bool IsForbidden(int systemError) {
-    return systemError == EACCES || systemError == EPERM || systemError == EROFS;
+    return jet::IsForbidden(Reason(systemError));
 }
 
 struct flock LockOf(LockFile::Range range, bool isExclusive) {
@@ -114,10 +101,10 @@ private:
 void RequireLockFile(const QString& path, int file, qint64 longest) {
     struct stat found {};
     if (fstat(file, &found) != 0) {
-        Raise(path, Words(errno));
+        RaiseUnopenedLockFile(path, Reason(errno));
     }
     if (!S_ISREG(found.st_mode) || found.st_nlink > 1 || found.st_size > longest) {
-        Raise(path, QStringLiteral("it is no lock file of a database"));
+        RaiseNoLockFile(path);
     }
 }
 
@@ -160,7 +147,7 @@ std::unique_ptr<LockFile> LockFile::OpenOrMake(const QString& path, const QStrin
         }
     }
     if (file < 0) {
-        IsForbidden(errno) ? RaiseReadOnly(path, Words(errno)) : Raise(path, Words(errno));
+        RaiseUnopenedLockFile(path, Reason(errno));
     }
     auto opened = std::make_unique<SystemLockFile>(name, file, wasMade, isWritable);
     RequireLockFile(path, file, longest);

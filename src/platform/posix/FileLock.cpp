@@ -24,6 +24,10 @@ namespace {
 // Behind anything that a file holds, and not one of the bytes that database engines lock.
 constexpr off_t LockedByte = off_t{1} << 62;
 
+int DescriptorOf(qintptr file) {
+    return static_cast<int>(file);
+}
+
 FileIdentity ToIdentity(const struct stat& status) {
     return {status.st_dev, status.st_ino};
 }
@@ -45,6 +49,16 @@ bool TryTakeByte(int file) {
     byte.l_len = 1;
     // Of the open file and not of the process: a database engine that closes the file doesn't let go of it.
     return fcntl(file, F_OFD_SETLK, &byte) == 0 || (errno != EAGAIN && errno != EACCES);
+}
+
+bool TryTakeFile(int file) {
+    if (AreFileLocksByteLocks(file)) {
+        return TryTakeByte(file);
+    }
+    if (flock(file, LOCK_EX | LOCK_NB) == 0) {
+        return true;
+    }
+    return errno != EWOULDBLOCK && TryTakeByte(file);
 }
 
 QByteArray ReadSystemFile(const QString& path) {
@@ -83,7 +97,7 @@ std::optional<FileIdentity> IdentityOf(const QString& path) {
 FileLock::FileLock(const QString& path)
     : file_(open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC)) {
     struct stat status {};
-    if (file_ < 0 || fstat(file_, &status) != 0) {
+    if (file_ < 0 || fstat(DescriptorOf(file_), &status) != 0) {
         throw Failure(FailureNumber::FileNotFound,
                       QStringLiteral("Could not open file '%1': %2.").arg(path, qt_error_string(errno)));
     }
@@ -91,17 +105,12 @@ FileLock::FileLock(const QString& path)
 }
 
 FileLock::~FileLock() {
-    close(file_);
+    close(DescriptorOf(file_));
 }
 
 bool FileLock::TryTake() const {
-    if (AreFileLocksByteLocks(file_)) {
-        return TryTakeByte(file_);
-    }
-    if (flock(file_, LOCK_EX | LOCK_NB) == 0) {
-        return true;
-    }
-    return errno != EWOULDBLOCK && TryTakeByte(file_);
+    isTaken_ = isTaken_ || TryTakeFile(DescriptorOf(file_));
+    return isTaken_;
 }
 
 std::optional<LockHolder> FileLock::Holder() const {

@@ -55,18 +55,19 @@ QHash<QString, RegistryValues> ReadSettingsFile() {
     return text.size() > MostBytes ? QHash<QString, RegistryValues>() : ParseRegistryText(text);
 }
 
-}  // namespace
-
-std::optional<RegistryValue> RegistryKey::Query(const QString& name, qsizetype bufferSize) const {
-    const auto found = values_.constFind(name.toLower());
-    if (found == values_.constEnd() || found->bytes.size() > bufferSize) {
+std::optional<RegistryValue> ValueOf(const RegistryValues& values, const QString& name,
+                                     qsizetype bufferSize) {
+    const auto found = values.constFind(name.toLower());
+    if (found == values.constEnd() || found->bytes.size() > bufferSize) {
         return std::nullopt;
     }
     return *found;
 }
 
+}  // namespace
+
 std::optional<RegistryKey> OpenRegistryKey(quint32 root, const QString& subKey) {
-    if (root != HKEY_LOCAL_MACHINE) {
+    if (root != LocalMachine) {
         return std::nullopt;
     }
     const QHash<QString, RegistryValues> keys = ReadSettingsFile();
@@ -74,7 +75,9 @@ std::optional<RegistryKey> OpenRegistryKey(quint32 root, const QString& subKey) 
     if (found == keys.constEnd()) {
         return std::nullopt;
     }
-    return RegistryKey(*found);
+    return RegistryKey([values = *found](const QString& name, qsizetype bufferSize) {
+        return ValueOf(values, name, bufferSize);
+    });
 }
 
 }  // namespace platform

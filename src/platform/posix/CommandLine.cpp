@@ -1,15 +1,15 @@
-#include "tools/import/CommandLine.h"
+#include "platform/CommandLine.h"
 
 #include "platform/Utf8.h"
 
-namespace tools {
+namespace platform {
 
 QStringList Arguments(int argc, char** argv) {
     QStringList arguments;
     for (int place = 1; place < argc; ++place) {
-        arguments += platform::TextFromUtf8(argv[place]);
+        arguments += TextFromUtf8(argv[place]);
     }
     return arguments;
 }
 
-}  // namespace tools
+}  // namespace platform

@@ -1,5 +1,5 @@
-#include "engine/Error.h"
 #include "engine/jet/Disk.h"
+#include "engine/jet/DiskFailure.h"
 
 #include <QFile>
 
@@ -25,36 +25,10 @@ std::string FolderOf(const std::string& name) {
     return end == std::string::npos ? std::string(".") : name.substr(0, end + 1);
 }
 
-struct Complaint {
-    int number;
-    const char* words;
-};
-
-Complaint ComplaintOf(int systemError) {
-    switch (systemError) {
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return {ErrorNumber::DiskFull, "Disk full"};
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case ENAMETOOLONG:
-            return {ErrorNumber::ReadOnlyDatabase, "Cannot update. Database or object is read-only"};
-        default:
-            return {ErrorNumber::DiskError, "Disk error"};
-    }
-}
-
 [[noreturn]] void Raise(const QString& path, const char* what, int systemError) {
-    const Complaint complaint = ComplaintOf(systemError);
-    throw Error(complaint.number,
-                QStringLiteral("%1: '%2' can't be %3: %4.")
-                    .arg(QLatin1String(complaint.words), path, QLatin1String(what),
-                         QString::fromStdString(std::generic_category().message(systemError))));
+    const bool isFull = systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
+    RaiseDiskFailure(path, what, {systemError, std::generic_category()}, isFull);
 }
-
-Disk* diskInUse = nullptr;
 
 class SystemFile : public DiskFile {
 public:
@@ -206,14 +180,6 @@ private:
 Disk& SystemDisk() {
     static RealDisk& disk = *new RealDisk;
     return disk;
-}
-
-Disk& DiskInUse() {
-    return diskInUse != nullptr ? *diskInUse : SystemDisk();
-}
-
-void UseDisk(Disk* disk) {
-    diskInUse = disk;
 }
 
 }  // namespace engine::jet
