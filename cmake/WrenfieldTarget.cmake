@@ -42,6 +42,14 @@ function(wrenfield_compile_options target)
     target_compile_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS}
                            -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND NOT WRENFIELD_FUZZERS)
+      # As GCC does by itself: what is loaded before the program, such as a pinned clock, needs the runtime too early for
+      # one that is part of the program.
+      execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so
+                      OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+      get_filename_component(runtime_folder ${runtime} DIRECTORY)
+      target_link_options(${target} PUBLIC -shared-libasan -Wl,-rpath,${runtime_folder})
+    endif()
   endif()
   if(WRENFIELD_FUZZERS)
     # The fuzzer finds its way by the branches taken in our own code.
