@@ -11,10 +11,8 @@ namespace engine::jet {
 
 namespace {
 
-constexpr std::size_t OwnerAt = 4;
-
 DataPage RowsOf(const Page& page, PageNumber number) {
-    return {page, number, Bytes(page, number).U32(OwnerAt)};
+    return {page, number, DataPage::OwnerOf(page, number)};
 }
 
 std::optional<RowPlace> MovedTo(const DataPage& page, int row) {

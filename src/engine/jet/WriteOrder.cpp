@@ -28,7 +28,6 @@ enum Stage {
     Definition
 };
 
-constexpr std::size_t OwnerAt = 4;
 constexpr std::size_t IndexLinksAt = 12;
 constexpr std::size_t IndexLinksEnd = 20;
 constexpr std::size_t IndexTailAt = 20;
@@ -82,9 +81,9 @@ bool HasLostRows(const PageWrite& write) {
     if ((*write.before)[0] != PageKind::Data) {
         return false;
     }
-    const std::uint32_t owner = Bytes(*write.page, write.number).U32(OwnerAt);
+    const std::uint32_t owner = DataPage::OwnerOf(*write.page, write.number);
     const DataPage now(*write.page, write.number, owner);
-    const DataPage before(*write.before, write.number, Bytes(*write.before, write.number).U32(OwnerAt));
+    const DataPage before(*write.before, write.number, DataPage::OwnerOf(*write.before, write.number));
     for (int row = 0; row < before.RowCount(); ++row) {
         if (IsRow(before.State(row)) && (row >= now.RowCount() || !IsRow(now.State(row)))) {
             return true;
@@ -98,7 +97,7 @@ Stage StageOfMap(GroupKind kind) {
 }
 
 Stage StageOfData(const PageWrite& write, GroupKind kind) {
-    const std::uint32_t owner = Bytes(*write.page, write.number).U32(OwnerAt);
+    const std::uint32_t owner = DataPage::OwnerOf(*write.page, write.number);
     if (owner == PageOwner::Nobody) {
         return StageOfMap(kind);
     }
