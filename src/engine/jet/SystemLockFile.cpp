@@ -32,7 +32,8 @@ QString Words(int systemError) {
 }
 
 bool IsForbidden(int systemError) {
-    return systemError == EACCES || systemError == EPERM || systemError == EROFS;
+    return systemError == EACCES || systemError == EPERM || systemError == EROFS ||
+           systemError == ENAMETOOLONG;
 }
 
 struct flock LockOf(LockFile::Range range, bool isExclusive) {
