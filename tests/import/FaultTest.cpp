@@ -3,6 +3,7 @@
 #include "database/CurrentDatabase.h"
 #include "database/ErrorReport.h"
 #include "engine/execution/WriteGroup.h"
+#include "engine/jet/PagedFile.h"
 #include "platform/Clock.h"
 #include "platform/Failure.h"
 #include "records/Collections.h"
@@ -134,6 +135,36 @@ protected:
                            [](const QString& report) { return report.trimmed().endsWith(u'.'); });
     }
 
+    /// Whether an import that ran out of room has left all rows nevertheless. What is missing must have been
+    /// told, and nothing else.
+    static bool IsWhole(const Outcome& outcome, const QHash<QString, QStringList>& whole, int size) {
+        const auto& left = outcome.rows;
+        bool isWhole = true;
+        for (const QString& table : Tables()) {
+            const qsizetype losses = LossesOf(QStringLiteral("insert"), table, outcome.reports);
+            // Where not even a journal finds room, the database isn't opened anew, and so nothing is deleted.
+            const bool isWiped = LossesOf(QStringLiteral("delete"), table, outcome.reports) == 0 &&
+                                 !outcome.labels.contains(QStringLiteral("Start ADO"));
+            QStringList missing = whole[table];
+            for (const QString& row : left[table]) {
+                EXPECT_TRUE(missing.removeOne(row) || missing.removeOne(AsDisbursed(row)) || !isWiped ||
+                            outcome.endedEarly)
+                    << size << ": nobody meant " << row.toStdString() << " in " << table.toStdString();
+            }
+            if (!outcome.endedEarly) {
+                EXPECT_TRUE(missing.isEmpty() || losses > 0 || IsStepTold(outcome.reports))
+                    << size << ": nothing told of " << table.toStdString();
+                EXPECT_TRUE(table != QLatin1String("rent_periods") || missing.size() == losses)
+                    << size << ": " << missing.size() << " periods missing, " << losses << " told";
+            }
+            isWhole = isWhole && left[table] == whole[table];
+        }
+        if (!outcome.endedEarly) {
+            EXPECT_EQ(outcome.reports.isEmpty(), isWhole) << size;
+        }
+        return isWhole;
+    }
+
     struct {
         int after = 0;
         int operations = 0;
@@ -234,34 +265,40 @@ TEST_F(FaultTest, ADiskOfAnySizeHoldsAllRowsButThoseThatWereTold) {
         // From one without room for a journal to one that holds everything twice.
         room_ = smallest + (2 * largest - smallest) * size / (Sizes - 1);
         const Outcome outcome = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once);
-        const auto& left = outcome.rows;
-        bool isWhole = true;
-        for (const QString& table : Tables()) {
-            const qsizetype losses = LossesOf(QStringLiteral("insert"), table, outcome.reports);
-            // Where not even a journal finds room, the database isn't opened anew, and so nothing is deleted.
-            const bool isWiped = LossesOf(QStringLiteral("delete"), table, outcome.reports) == 0 &&
-                                 !outcome.labels.contains(QStringLiteral("Start ADO"));
-            QStringList missing = whole[table];
-            for (const QString& row : left[table]) {
-                EXPECT_TRUE(missing.removeOne(row) || missing.removeOne(AsDisbursed(row)) || !isWiped ||
-                            outcome.endedEarly)
-                    << size << ": nobody meant " << row.toStdString() << " in " << table.toStdString();
-            }
-            if (!outcome.endedEarly) {
-                EXPECT_TRUE(missing.isEmpty() || losses > 0 || IsStepTold(outcome.reports))
-                    << size << ": nothing told of " << table.toStdString();
-                EXPECT_TRUE(table != QLatin1String("rent_periods") || missing.size() == losses)
-                    << size << ": " << missing.size() << " periods missing, " << losses << " told";
-            }
-            isWhole = isWhole && left[table] == whole[table];
-        }
-        if (!outcome.endedEarly) {
-            EXPECT_EQ(outcome.reports.isEmpty(), isWhole) << size;
-        }
+        const bool isWhole = IsWhole(outcome, whole, size);
         (isWhole ? wholly : partly) += 1;
     }
     EXPECT_GT(partly, 3);
     EXPECT_GT(wholly, 1);
+}
+
+// The format allows 2 GiB. With less, a small import comes to the limit as well.
+TEST_F(FaultTest, AFileThatMayNotGrowHoldsAllRowsButThoseThatWereTold) {
+    using namespace engine::jet;
+    constexpr auto Format = engine::FileFormat::Jet;
+    UsePortfolio({.tenants = 30, .start = QDate(2024, 1, 1), .balances = false});
+    const auto pagesOf = [](const QString& path) {
+        return static_cast<PageNumber>(QFileInfo(path).size() / qint64{PageSize});
+    };
+    const auto smallest = pagesOf(FreshDatabase("size.mdb", Format));
+    FaultyDisk disk;
+    const auto whole = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once, Format).rows;
+    const auto largest = pagesOf(workplace.Path(QStringLiteral("faulty.mdb")));
+    ASSERT_GT(largest, smallest + 50);
+
+    constexpr int Sizes = 6;
+    for (int size = 0; size < Sizes; ++size) {
+        PagedFile::LimitTo(smallest + (largest - smallest) * static_cast<unsigned>(size) / (Sizes - 1));
+        const Outcome outcome = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once, Format);
+        PagedFile::LimitTo(MostPages);
+        EXPECT_FALSE(outcome.endedEarly);
+        EXPECT_EQ(IsWhole(outcome, whole, size), size == Sizes - 1);
+        for (const QString& report : outcome.reports) {
+            EXPECT_TRUE(report.contains(QStringLiteral("3183 - Disk full")) &&
+                        report.contains(QStringLiteral("has the largest size that its format allows")))
+                << report.toStdString();
+        }
+    }
 }
 
 /// Everything that the rows of a small import were at some time, and what they are at its end.

@@ -52,19 +52,19 @@ class Comparison:
 
     def differences(self, scenario):
         """What the tool and the model disagree on, as lines of text."""
-        self._prepare(scenario)
+        self.prepare(scenario)
         before = hearthbook_model.read_tables(self.database)
         try:
             expected = hearthbook_model.import_portfolio(before, scenario.portfolio, scenario.today)
         except OutsideTheRules as situation:
             return [f"the model has no rule: {situation}"]
-        return list(_compare(expected, self._run(scenario), before))
+        return list(_compare(expected, self.run(scenario), before))
 
     def _environment(self):
         return {**os.environ, "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": str(self._folder),
                 "XDG_CONFIG_DIRS": str(self._folder)}
 
-    def _prepare(self, scenario):
+    def prepare(self, scenario):
         shutil.copy2(self._fresh, self.database)
         for log in self._folder.glob("err*.log"):
             log.unlink()
@@ -79,7 +79,7 @@ class Comparison:
         subprocess.run([self._writer, self.database], input="".join(f"{line}\0" for line in statements).encode("utf-8"),
                        check=True, timeout=_TIME_LIMIT_SECONDS)
 
-    def _run(self, scenario):
+    def run(self, scenario):
         command = [self._tool, self.portfolio, "--yes", "--today", scenario.today.iso(), "--database",
                    self.database]
         finished = subprocess.run(command, capture_output=True, env=self._environment(), check=False,
@@ -89,7 +89,7 @@ class Comparison:
         return ToolResult(finished.returncode, finished.stderr.decode("utf-8"), log, tables)
 
 
-def _as_the_format_can_hold_it(portfolio):
+def as_jet_can_hold_it(portfolio):
     """A Jet file can't hold a text that begins with U+FEFF and has a character whose lower byte is 0: portfolios with
     such characters are compared with another one in its place."""
     text = json.dumps(portfolio)
@@ -190,7 +190,7 @@ def main():
         for number in range(arguments.first, arguments.first + count):
             scenario = make(arguments.seed, number)
             if arguments.format == "jet":
-                scenario = replace(scenario, portfolio=_as_the_format_can_hold_it(scenario.portfolio))
+                scenario = replace(scenario, portfolio=as_jet_can_hold_it(scenario.portfolio))
             if not comparison.differences(scenario):
                 continue
             scenario = shrunk(scenario, lambda smaller: bool(comparison.differences(smaller)))

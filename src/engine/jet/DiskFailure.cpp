@@ -15,7 +15,7 @@ Complaint ComplaintOf(const std::error_code& reason, bool isFull) {
     if (isFull) {
         return {ErrorNumber::DiskFull, "Disk full"};
     }
-    if (IsForbidden(reason) || reason == std::errc::filename_too_long) {
+    if (IsForbidden(reason)) {
         return {ErrorNumber::ReadOnlyDatabase, "Cannot update. Database or object is read-only"};
     }
     return {ErrorNumber::DiskError, "Disk error"};
@@ -56,7 +56,7 @@ void RaiseNoLockFile(const QString& path) {
 
 bool IsForbidden(const std::error_code& reason) {
     return reason == std::errc::permission_denied || reason == std::errc::operation_not_permitted ||
-           reason == std::errc::read_only_file_system;
+           reason == std::errc::read_only_file_system || reason == std::errc::filename_too_long;
 }
 
 }  // namespace engine::jet

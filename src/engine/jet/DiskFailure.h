@@ -17,7 +17,7 @@ namespace engine::jet {
 /// For what only has the name of one: DiskError.
 [[noreturn]] void RaiseNoLockFile(const QString& path);
 
-/// Whether it's a matter of permissions.
+/// Whether it can't be written however often it's tried: for want of a permission, or with so long a name.
 bool IsForbidden(const std::error_code& reason);
 
 }  // namespace engine::jet

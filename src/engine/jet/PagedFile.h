@@ -27,7 +27,11 @@ public:
     /// Takes back a group that was left half written (RecoverDatabase), then checks the header. Fails as
     /// these do, with DatabaseDamaged for a file that is cut within a page or too short, and with
     /// UnrecognizedFormat for one that is longer than the format allows. `mostPages` is for tests.
-    PagedFile(Disk& disk, const QString& path, PageNumber mostPages = MostPages);
+    PagedFile(Disk& disk, const QString& path, PageNumber mostPages = mostPagesOfAll_);
+
+    /// For tests that don't open the file by themselves: all files that are opened from here on have no more
+    /// pages.
+    static void LimitTo(PageNumber mostPages) { mostPagesOfAll_ = mostPages; }
 
     PageNumber Count() const override { return count_; }
     const Page& Read(PageNumber number) override;
@@ -99,6 +103,8 @@ private:
         Page page{};
         bool wasTaken = false;
     };
+
+    static inline PageNumber mostPagesOfAll_ = MostPages;
 
     void CountPages();
     void RequireUsable();
