@@ -89,7 +89,8 @@ protected:
             losses += number == 0 ? 0 : 1;
             EXPECT_EQ(Everything(), before) << where;
         }
-        EXPECT_GT(losses, 1);
+        // A copy of a small Jet file is one write, and nothing else needs room.
+        EXPECT_GE(losses, FormatUnderTest() == FileFormat::Jet ? 1 : 2);
     }
 
     QString copy = Path("copy.mdb");
