@@ -45,6 +45,23 @@ QString AsSeparator(const QString& between) {
     return separator.isEmpty() || hasLetters ? QStringLiteral("/") : separator;
 }
 
+/// What strftime calls a run of a letter in a picture; nothing for what isn't day, month or year.
+std::optional<QString> ConversionOf(QChar letter, qsizetype length) {
+    constexpr qsizetype WeekdaysName = 3;
+    switch (letter.unicode()) {
+        case 'd':
+            return length < WeekdaysName ? QStringLiteral("%d") : QStringLiteral("%a");
+        case 'M':
+            return QStringLiteral("%m");
+        case 'y':
+            return QStringLiteral("%Y");
+        case 'g':
+            return QStringLiteral("%C");
+        default:
+            return std::nullopt;
+    }
+}
+
 }  // namespace
 
 DateFormat ReadDateFormat(const QString& pattern) {
@@ -74,6 +91,25 @@ DateFormat ReadDateFormat(const QString& pattern) {
         between.clear();
     }
     return format;
+}
+
+DateFormat ReadDatePicture(const QString& picture) {
+    QString pattern;
+    for (qsizetype place = 0; place < picture.size();) {
+        const QChar letter = picture[place];
+        const qsizetype begin = place;
+        if (letter == QLatin1Char('\'')) {
+            const qsizetype end = picture.indexOf(letter, begin + 1);
+            place = end < 0 ? picture.size() : end + 1;
+            pattern += QString(picture.sliced(begin, place - begin)).remove(letter);
+            continue;
+        }
+        while (place < picture.size() && picture[place] == letter) {
+            ++place;
+        }
+        pattern += ConversionOf(letter, place - begin).value_or(picture.sliced(begin, place - begin));
+    }
+    return ReadDateFormat(pattern);
 }
 
 }  // namespace platform

@@ -18,4 +18,7 @@ struct DateFormat {
 /// be read.
 DateFormat ReadDateFormat(const QString& pattern);
 
+/// The same for a pattern with the letters that Windows uses: "dd.MM.yyyy", "d 'de' MMMM 'de' yyyy".
+DateFormat ReadDatePicture(const QString& picture);
+
 }  // namespace platform

@@ -53,4 +53,25 @@ INSTANTIATE_TEST_SUITE_P(NothingToRead, DateFormatOf,
                                            PatternCase{"d.m.y", DateOrder::MonthDayYear, "/"},
                                            PatternCase{"%d", DateOrder::DayMonthYear, "/"}));
 
+class DatePictureOf : public ::testing::TestWithParam<PatternCase> {};
+
+TEST_P(DatePictureOf, HasOrderAndSeparator) {
+    const platform::DateFormat format = platform::ReadDatePicture(QString::fromUtf8(GetParam().pattern));
+    EXPECT_EQ(format.order, GetParam().order);
+    EXPECT_EQ(format.separator, QString::fromUtf8(GetParam().separator));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pictures, DatePictureOf,
+                         ::testing::Values(PatternCase{"M/d/yyyy", DateOrder::MonthDayYear, "/"},
+                                           PatternCase{"dd.MM.yyyy", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"d. M. yyyy", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"yyyy-MM-dd", DateOrder::YearMonthDay, "-"},
+                                           PatternCase{"dd-MMM-yy", DateOrder::DayMonthYear, "-"},
+                                           PatternCase{"ddd, dd.MM.yyyy", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"gg yyyy/MM/dd", DateOrder::YearMonthDay, "/"},
+                                           PatternCase{"d 'de' MMMM 'de' yyyy", DateOrder::DayMonthYear, "/"},
+                                           PatternCase{"'M' dd.MM.yyyy", DateOrder::DayMonthYear, "."},
+                                           PatternCase{"dd'.MM.yyyy", DateOrder::DayMonthYear, "/"},
+                                           PatternCase{"", DateOrder::MonthDayYear, "/"}));
+
 }  // namespace
