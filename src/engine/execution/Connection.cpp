@@ -82,12 +82,14 @@ void Connection::BeginPart() {
     Run("savepoint part");
 }
 
+// Where a statement fails, SQLite may have taken the whole transaction back, and the savepoint with it.
 void Connection::TakeBackPart() {
-    Run("rollback to part");
+    if (InTransaction()) {
+        Run("rollback to part");
+    }
 }
 
 void Connection::EndPart() {
-    // SQLite may have taken the whole transaction back, and the savepoint with it.
     if (InTransaction()) {
         TryRun("release part");
     }

@@ -141,9 +141,7 @@ void SecondRun::RunCopy(const Write& copy, size_t place) {
             RaiseCopyIsLost();
         }
     } catch (const Error&) {
-        if (connection_.InTransaction()) {
-            part.TakeBack();
-        }
+        part.TakeBack();
         throw;
     }
 }
