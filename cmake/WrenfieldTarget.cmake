@@ -15,6 +15,9 @@ set(wrenfield_test_headers
 set(wrenfield_widget_test_headers
     ${wrenfield_widget_headers} <QClipboard> <QLineEdit> <QMenu> <QRegularExpression> <QTemporaryDir> <QTest>
     <QWindow> <gtest/gtest.h> <random> <sstream> <stdexcept>)
+if(WIN32)
+  list(REMOVE_ITEM wrenfield_test_headers <rapidcheck/gtest.h>)
+endif()
 
 # wrenfield_precompile(<target> <owner> <headers>)
 # The owner reads the headers, and all others that are compiled with the same options take over what it has read. With
@@ -33,6 +36,10 @@ function(wrenfield_compile_options target)
                          -Wundef -Wimplicit-fallthrough -Wzero-as-null-pointer-constant)
   target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                              QT_NO_KEYWORDS)
+  if(WIN32)
+    # Windows 10 and later, and no more of its names than are asked for.
+    target_compile_definitions(${target} PRIVATE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX UNICODE)
+  endif()
   if(WRENFIELD_DEVELOPER)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

@@ -1,3 +1,4 @@
+#include "platform/Files.h"
 #include "support/PrintQt.h"
 #include "tools/import/Options.h"
 
@@ -29,8 +30,8 @@ TEST(Options, AllOfThem) {
         fault);
     ASSERT_TRUE(options.has_value());
     EXPECT_EQ(options->portfolio, QStringLiteral("p.json"));
-    EXPECT_EQ(options->database, QStringLiteral("/a.mdb"));
-    EXPECT_EQ(options->backup, QDir::currentPath() + QStringLiteral("/b.mdb"));
+    EXPECT_EQ(options->database, platform::AbsoluteName(QStringLiteral("/a.mdb")));
+    EXPECT_EQ(options->backup, QDir::toNativeSeparators(QDir::currentPath() + QStringLiteral("/b.mdb")));
     EXPECT_EQ(options->today, QDate(2026, 2, 28));
     EXPECT_EQ(options->locale, QStringLiteral("de_DE"));
     EXPECT_TRUE(options->isYes);

@@ -1,0 +1,55 @@
+# The tests that run on Windows, or under Wine. docs/windows.md says which don't, and why.
+add_library(test_support STATIC support/SecondReader.cpp support/JetReader.cpp
+            support/Workplace.cpp support/windows/TestMain.cpp)
+target_include_directories(test_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(test_support PUBLIC engine platform GTest::gtest PRIVATE SQLite::SQLite3)
+set_source_files_properties(support/JetReader.cpp PROPERTIES
+                            COMPILE_DEFINITIONS JET_READER="${CMAKE_CURRENT_SOURCE_DIR}/support/jet_reader.py")
+wrenfield_test_options(test_support)
+wrenfield_precompile(test_support test_support ${wrenfield_test_headers})
+
+add_executable(write-rows support/WriteRows.cpp)
+target_link_libraries(write-rows PRIVATE engine platform)
+wrenfield_test_options(write-rows)
+
+add_subdirectory(platform/windows)
+add_subdirectory(engine/jet/windows)
+
+wrenfield_test(engine_test
+  SOURCES engine/DynasetTest.cpp engine/GrammarTest.cpp engine/HostileFileTest.cpp engine/HostileSchemaTest.cpp
+          engine/InsertBatchTest.cpp engine/NamesTest.cpp engine/ValueTest.cpp
+  USES engine platform)
+
+wrenfield_test(jet_index_test
+  SOURCES engine/jet/ColumnKeyTest.cpp engine/jet/HostileIndexTest.cpp engine/jet/IndexPageTest.cpp
+          engine/jet/IndexRulesTest.cpp engine/jet/IndexTreeTest.cpp engine/jet/TableIndexTest.cpp
+          engine/jet/TextKeyTest.cpp engine/jet/TreeCheck.cpp
+  USES engine platform)
+
+wrenfield_test(database_test
+  SOURCES database/DataReadTest.cpp database/LookupDateTest.cpp database/RecordAccessTest.cpp
+          database/UpdateRecordTest.cpp
+  USES database engine platform)
+
+wrenfield_test(records_test
+  SOURCES records/CollectionsTest.cpp records/EntryRulesTest.cpp records/RentSplitTest.cpp
+          records/SetFieldDefaultsTest.cpp
+  USES records database engine platform)
+target_include_directories(records_test PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/records)
+
+wrenfield_test(records_database_test
+  SOURCES records/InsertRecordsTest.cpp
+  USES tools records database engine platform)
+target_include_directories(records_database_test PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/records)
+
+wrenfield_test(tools_test
+  SOURCES tools/AcceptedPortfolioTest.cpp tools/CollectionLimitTest.cpp tools/OptionsTest.cpp
+          tools/PortfolioFaultTest.cpp tools/RefusedPortfolioTest.cpp
+  USES tools)
+
+# Programs of this system stand beside those for Windows and run them, so that scripts need not know.
+foreach(name IN ITEMS wrenfield-import hearthbook-create-database write-rows)
+  configure_file(support/windows/under-wine.in ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name} @ONLY
+                 FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+endforeach()
+add_subdirectory(model)
