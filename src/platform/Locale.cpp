@@ -44,9 +44,9 @@ void LoadSystemLocale() {
 }
 
 bool LoadLocale(const QString& name) {
-    std::optional<LocaleAnswers> answers = name.isEmpty() ? std::nullopt : AskLocale(name);
+    const std::optional<LocaleAnswers> answers = name.isEmpty() ? std::nullopt : AskLocale(name);
     if (answers) {
-        CurrentAnswers() = *std::move(answers);
+        CurrentAnswers() = *answers;
     }
     return answers.has_value();
 }

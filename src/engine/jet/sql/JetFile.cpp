@@ -24,7 +24,7 @@ FilesByIdentity& OpenFiles() {
 
 // A link may lead to a file elsewhere, and what is kept beside a file lies beside that one.
 QString PlaceOf(const QString& path) {
-    const QString place = QFileInfo(path).canonicalFilePath();
+    QString place = QFileInfo(path).canonicalFilePath();
     if (place.isEmpty()) {
         throw Error(ErrorNumber::CannotOpenDatabase, QStringLiteral("Could not find file '%1'.").arg(path));
     }
