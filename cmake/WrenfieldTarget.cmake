@@ -19,6 +19,16 @@ if(WIN32)
   list(REMOVE_ITEM wrenfield_test_headers <rapidcheck/gtest.h>)
 endif()
 
+# Clang makes the sanitizers' runtime a part of the program unless it's told to do as GCC does. What is loaded before the
+# program, such as a pinned clock, needs it too early for that.
+set(wrenfield_shared_sanitizer "")
+if(WRENFIELD_SANITIZERS AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND NOT WRENFIELD_FUZZERS)
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so
+                  OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  get_filename_component(runtime_folder ${runtime} DIRECTORY)
+  set(wrenfield_shared_sanitizer -shared-libasan -Wl,-rpath,${runtime_folder})
+endif()
+
 # wrenfield_precompile(<target> <owner> <headers>)
 # The owner reads the headers, and all others that are compiled with the same options take over what it has read. With
 # other options the compiler refuses what was read, and warns.
@@ -49,14 +59,7 @@ function(wrenfield_compile_options target)
     target_compile_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS}
                            -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${WRENFIELD_SANITIZERS})
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND NOT WRENFIELD_FUZZERS)
-      # As GCC does by itself: what is loaded before the program, such as a pinned clock, needs the runtime too early for
-      # one that is part of the program.
-      execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so
-                      OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-      get_filename_component(runtime_folder ${runtime} DIRECTORY)
-      target_link_options(${target} PUBLIC -shared-libasan -Wl,-rpath,${runtime_folder})
-    endif()
+    target_link_options(${target} PUBLIC ${wrenfield_shared_sanitizer})
   endif()
   if(WRENFIELD_FUZZERS)
     # The fuzzer finds its way by the branches taken in our own code.

@@ -1,20 +1,17 @@
 #!/usr/bin/env python3
 """Imports random portfolios into Jet files and compares what mdb-export reads there with what the engine reads."""
 
-import argparse
 import csv
 import io
 import json
-import os
 import re
 import struct
 import subprocess
 import sys
 import tempfile
-from dataclasses import replace
 
-from compare_import import Comparison, as_jet_can_hold_it
-from random_portfolios import random_scenario
+from compare_import import Comparison
+from jet_portfolios import arguments_for, compare_all
 
 _NULL = "\x01null\x01"
 # What mdb-export makes of all days before 1900, and of those that are more than a million days behind that.
@@ -83,38 +80,17 @@ def _compare(reader, database):
     return sum(len(of_table) for of_table in rows.values()), found
 
 
-def _arguments():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--tool", required=True, help="the program wrenfield-import")
-    parser.add_argument("--maker", required=True, help="the program hearthbook-create-database")
-    parser.add_argument("--writer", required=True, help="the program write-rows")
-    parser.add_argument("--reader", required=True, help="the program read-rows")
-    parser.add_argument("--count", type=int, default=int(os.environ.get("WRENFIELD_EXPORTED_PORTFOLIOS", "40")),
-                        help="how many portfolios (default: $WRENFIELD_EXPORTED_PORTFOLIOS, or 40)")
-    parser.add_argument("--seed", default="1", help="another seed gives other portfolios")
-    return parser.parse_args()
-
-
 def main():
-    arguments = _arguments()
-    rows = 0
+    arguments = arguments_for(__doc__, "WRENFIELD_EXPORTED_PORTFOLIOS", 40, reader="read-rows")
     with tempfile.TemporaryDirectory(prefix="compare-mdb-export-") as folder:
         comparison = Comparison(arguments.tool, arguments.maker, arguments.writer, "jet", folder)
-        for number in range(arguments.count):
-            scenario = random_scenario(arguments.seed, number)
-            scenario = replace(scenario, portfolio=as_jet_can_hold_it(scenario.portfolio))
+
+        def compare(scenario):
             comparison.prepare(scenario)
             comparison.run(scenario)
-            more, differences = _compare(arguments.reader, comparison.database)
-            rows += more
-            if differences:
-                print(f"Portfolio {number} of seed {arguments.seed}:", *differences[:8], sep="\n  ")
-                return 1
-    if rows < 10 * arguments.count:
-        print(f"{arguments.count} portfolios left only {rows} rows")
-        return 1
-    print(f"mdb-export and the engine read the same {rows} rows of {arguments.count} portfolios")
-    return 0
+            return _compare(arguments.reader, comparison.database)
+
+        return compare_all(arguments, compare, "mdb-export and the engine read")
 
 
 if __name__ == "__main__":

@@ -13,12 +13,15 @@ struct PatternCase {
     const char* separator;
 };
 
+void ExpectFormat(const platform::DateFormat& format, const PatternCase& expected) {
+    EXPECT_EQ(format.order, expected.order);
+    EXPECT_EQ(format.separator, QString::fromUtf8(expected.separator));
+}
+
 class DateFormatOf : public ::testing::TestWithParam<PatternCase> {};
 
 TEST_P(DateFormatOf, HasOrderAndSeparator) {
-    const platform::DateFormat format = platform::ReadDateFormat(QString::fromUtf8(GetParam().pattern));
-    EXPECT_EQ(format.order, GetParam().order);
-    EXPECT_EQ(format.separator, QString::fromUtf8(GetParam().separator));
+    ExpectFormat(platform::ReadDateFormat(QString::fromUtf8(GetParam().pattern)), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(Patterns, DateFormatOf,
@@ -56,9 +59,7 @@ INSTANTIATE_TEST_SUITE_P(NothingToRead, DateFormatOf,
 class DatePictureOf : public ::testing::TestWithParam<PatternCase> {};
 
 TEST_P(DatePictureOf, HasOrderAndSeparator) {
-    const platform::DateFormat format = platform::ReadDatePicture(QString::fromUtf8(GetParam().pattern));
-    EXPECT_EQ(format.order, GetParam().order);
-    EXPECT_EQ(format.separator, QString::fromUtf8(GetParam().separator));
+    ExpectFormat(platform::ReadDatePicture(QString::fromUtf8(GetParam().pattern)), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(Pictures, DatePictureOf,

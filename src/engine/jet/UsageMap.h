@@ -50,11 +50,6 @@ public:
     void RemoveAll();
 
 private:
-    struct BitsPlace {
-        PageNumber bitsPage = 0;  ///< 0: in the row.
-        std::size_t bit = 0;
-    };
-
     /// Rows are read and added one by one, mostly many of them on one page.
     struct Learnt {
         std::uint64_t state = 0;
