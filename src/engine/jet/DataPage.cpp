@@ -76,9 +76,11 @@ bool DataPage::IsAllDeleted() const {
     return true;
 }
 
-ChangeableDataPage::ChangeableDataPage(Page& page, PageNumber number, std::uint32_t owner)
+ChangeableDataPage::ChangeableDataPage(Page& page, PageNumber number, std::uint32_t owner, bool isKnown)
     : DataPage(page, number, owner), changeable_(page, number) {
-    CheckAllRows();
+    if (!isKnown) {
+        CheckAllRows();
+    }
 }
 
 ChangeableDataPage ChangeableDataPage::Begin(Page& page, PageNumber number, std::uint32_t owner) {
@@ -91,7 +93,7 @@ ChangeableDataPage ChangeableDataPage::Begin(Page& page, PageNumber number, std:
     return {page, number, owner};
 }
 
-// At each change of a page, so that it has to be quick; if a row is amiss, asking for it says what.
+// Quickly; if a row is amiss, asking for it says what.
 void ChangeableDataPage::CheckAllRows() const {
     const Bytes entries = bytes_.Part(DataPageHead, EntryAt(rows_) - DataPageHead);
     std::size_t end = PageSize;

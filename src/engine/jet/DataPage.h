@@ -85,8 +85,9 @@ protected:
 /// The same, for changing the rows. Keeps the page's own count of free bytes right.
 class ChangeableDataPage : public DataPage {
 public:
-    /// Fails for a page in which rows overlap or leave the page, before anything is moved.
-    ChangeableDataPage(Page& page, PageNumber number, std::uint32_t owner);
+    /// Fails for a page in which rows overlap or leave the page, before anything is moved. That they don't
+    /// may be known (PageShape).
+    ChangeableDataPage(Page& page, PageNumber number, std::uint32_t owner, bool isKnown = false);
 
     /// Makes a page without rows of whatever it was.
     static ChangeableDataPage Begin(Page& page, PageNumber number, std::uint32_t owner);

@@ -72,7 +72,6 @@ private:
 
 }  // namespace
 
-// At each look at a page: as fast as memory is compared.
 bool EntryEnds::HasAnyBehind(std::size_t place) const {
     static constexpr std::array<std::uint8_t, IndexForm::EndsSize> NoEnds{};
     const std::size_t byte = place / 8;

@@ -9,31 +9,39 @@
 namespace engine::jet {
 
 EntryList::EntryList(const IndexPage& page, std::size_t place, std::size_t removed,
-                     std::span<const KeyView> added) {
-    bytes_.reserve(2 * PageSize);
-    std::size_t at = 0;
-    for (; at < place; at = page.Behind(at)) {
-        AddFrom(page, at);
-    }
+                     std::span<const KeyView> added)
+    : bytes_(2 * PageSize) {
+    AddFrom(page, 0, place);
     std::for_each(added.begin(), added.end(), [this](KeyView entry) { Add(entry); });
     for (; removed > 0; --removed) {
-        at = page.Behind(at);
+        place = page.Behind(place);
     }
-    for (; at < page.Used(); at = page.Behind(at)) {
-        AddFrom(page, at);
-    }
+    AddFrom(page, place, page.Used());
 }
 
-void EntryList::AddFrom(const IndexPage& page, std::size_t place) {
-    if (place != 0) {
-        Append(bytes_, page.Prefix());
+// The entries between two places.
+void EntryList::AddFrom(const IndexPage& page, std::size_t from, std::size_t to) {
+    while (from < to) {
+        const std::size_t behind = page.Behind(from);
+        if (from != 0) {
+            Append(page.Prefix());
+        }
+        Add(page.StoredBetween(from, behind));
+        from = behind;
     }
-    Add(page.StoredAt(place));
 }
 
 void EntryList::Add(KeyView entry) {
-    Append(bytes_, entry);
-    ends_.push_back(bytes_.size());
+    Append(entry);
+    ends_.push_back(used_);
+}
+
+void EntryList::Append(KeyView bytes) {
+    if (bytes.size() > bytes_.size() - used_) {
+        bytes_.resize(2 * (used_ + bytes.size()));
+    }
+    std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(used_));
+    used_ += bytes.size();
 }
 
 KeyView EntryList::Entry(std::size_t number) const {
@@ -84,7 +92,7 @@ bool EntryList::CanDivide(std::size_t at) const {
 }
 
 std::size_t EntryList::Middle() const {
-    const auto half = std::lower_bound(ends_.begin(), ends_.end(), bytes_.size() / 2);
+    const auto half = std::lower_bound(ends_.begin(), ends_.end(), used_ / 2);
     const auto middle = static_cast<std::size_t>(half - ends_.begin());
     for (std::size_t distance = 0; distance <= Count(); ++distance) {
         if (CanDivide(middle + distance)) {

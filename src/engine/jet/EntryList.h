@@ -33,9 +33,11 @@ private:
     std::size_t SharedBytes(std::size_t from, std::size_t to) const;
     std::size_t StoredSize(std::size_t from, std::size_t to, std::size_t prefix) const;
     void Add(KeyView entry);
-    void AddFrom(const IndexPage& page, std::size_t place);
+    void AddFrom(const IndexPage& page, std::size_t from, std::size_t to);
+    void Append(KeyView bytes);
 
-    Key bytes_;
+    Key bytes_;  ///< Longer than what is used of them.
+    std::size_t used_ = 0;
     std::vector<std::size_t> ends_;
 };
 

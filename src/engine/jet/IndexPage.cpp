@@ -12,7 +12,7 @@ void RaiseDamagedIndex(PageNumber page, const QString& what) {
                 QStringLiteral("The database is damaged: page %1 of an index %2.").arg(page).arg(what));
 }
 
-IndexPage::IndexPage(const Page& page, PageNumber number, PageNumber owner)
+IndexPage::IndexPage(const Page& page, PageNumber number, PageNumber owner, bool isKnown)
     : page_(&page), number_(number), ends_(page) {
     if (!IsLeaf() && page[IndexForm::KindAt] != IndexForm::Node) {
         RaiseDamagedIndex(number, QStringLiteral("is none"));
@@ -26,7 +26,9 @@ IndexPage::IndexPage(const Page& page, PageNumber number, PageNumber owner)
     }
     used_ = IndexForm::Room - free;
     tail_ = IsLeaf() ? 0 : NumberAt(page, IndexForm::TailAt, 4);
-    CheckEnds();
+    if (!isKnown) {
+        CheckEnds();
+    }
     if (used_ > 0) {
         prefix_ = NumberAt(page, IndexForm::PrefixAt, 2);
         if (prefix_ >= Behind(0)) {
@@ -49,16 +51,12 @@ PageNumber IndexPage::Next() const {
     return NumberAt(*page_, IndexForm::NextAt, 4);
 }
 
-KeyView IndexPage::Stored(std::size_t place, std::size_t behind) const {
+KeyView IndexPage::StoredBetween(std::size_t place, std::size_t behind) const {
     return {page_->data() + IndexForm::EntriesAt + place, behind - place};
 }
 
-KeyView IndexPage::StoredAt(std::size_t place) const {
-    return Stored(place, Behind(place));
-}
-
 KeyView IndexPage::Prefix() const {
-    return Stored(0, prefix_);
+    return StoredBetween(0, prefix_);
 }
 
 // Looks at the guess and at its neighbour first. Goes on halfway between two places, wherever an entry lies
@@ -87,7 +85,7 @@ bool IndexPage::IsEntryAt(std::size_t place, KeyView entry) const {
 }
 
 int IndexPage::Compare(std::size_t place, std::size_t behind, KeyView entry) const {
-    const KeyView stored = Stored(place, behind);
+    const KeyView stored = StoredBetween(place, behind);
     const KeyView shared = place == 0 ? KeyView() : Prefix();
     const std::size_t whole = shared.size() + stored.size();
     const std::size_t size = whole - std::min(whole, ChildSize());
@@ -103,11 +101,11 @@ int IndexPage::Compare(std::size_t place, std::size_t behind, KeyView entry) con
 }
 
 void IndexPage::CopyWhole(std::size_t place, Key& into) const {
-    into.clear();
-    if (place != 0) {
-        Append(into, Prefix());
-    }
-    Append(into, StoredAt(place));
+    const KeyView shared = place == 0 ? KeyView() : Prefix();
+    const KeyView stored = StoredAt(place);
+    into.resize(shared.size() + stored.size());
+    std::copy(shared.begin(), shared.end(), into.begin());
+    std::copy(stored.begin(), stored.end(), into.begin() + static_cast<std::ptrdiff_t>(shared.size()));
     if (into.size() <= IndexForm::RowSize + ChildSize()) {
         RaiseDamagedIndex(number_, QStringLiteral("has an entry without a key"));
     }

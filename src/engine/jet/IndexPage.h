@@ -17,8 +17,8 @@ namespace engine::jet {
 class IndexPage {
 public:
     /// Fails with DatabaseDamaged unless this is an index page of the table whose definition begins on page
-    /// `owner`, and the places of its entries agree with one another.
-    IndexPage(const Page& page, PageNumber number, PageNumber owner);
+    /// `owner`, and the places of its entries agree with one another. That they do may be known (PageShape).
+    IndexPage(const Page& page, PageNumber number, PageNumber owner, bool isKnown = false);
 
     PageNumber Number() const { return number_; }
     bool IsLeaf() const { return (*page_)[IndexForm::KindAt] == IndexForm::Leaf; }
@@ -51,14 +51,15 @@ public:
     PageNumber ChildAt(std::size_t place) const;
 
     /// The bytes as they are stored: all entries but the first without the first PrefixSize() ones.
-    KeyView StoredAt(std::size_t place) const;
+    KeyView StoredAt(std::size_t place) const { return StoredBetween(place, Behind(place)); }
+    /// The same where it is known which place is behind.
+    KeyView StoredBetween(std::size_t place, std::size_t behind) const;
     KeyView Prefix() const;
 
 private:
     /// What stands behind the key and the row.
     std::size_t ChildSize() const { return IsLeaf() ? 0 : IndexForm::ChildSize; }
     void CopyWhole(std::size_t place, Key& into) const;
-    KeyView Stored(std::size_t place, std::size_t behind) const;
     int Compare(std::size_t place, std::size_t behind, KeyView entry) const;
     void CheckEnds() const;
 

@@ -128,8 +128,11 @@ std::uint64_t CommitWordsOf(const Page& header) {
 }
 
 JournalMaker::JournalMaker(std::ptrdiff_t pages)
-    : journal_(static_cast<qsizetype>(HeadSize + EntrySize * static_cast<std::size_t>(pages)), '\0'),
+    : journal_(static_cast<qsizetype>(HeadSize + EntrySize * static_cast<std::size_t>(pages)),
+               Qt::Uninitialized),
       end_(HeadSize) {
+    // The pages put the rest.
+    ChangeableBytesOf(journal_, 0).Fill(0, HeadSize, 0);
     Put64(ChangeableBytesOf(journal_, 0), 0, Signature);
     ChangeableBytesOf(journal_, 0).Put32(PageCountAt, static_cast<std::uint32_t>(pages));
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace engine::jet {
 
@@ -13,6 +14,9 @@ using Page = std::array<std::uint8_t, PageSize>;
 /// Counts from 0, where the header of the file lies; so 0 stands for "no page" wherever one page names
 /// another.
 using PageNumber = std::uint32_t;
+
+/// What a page was found to be by whoever has looked at the whole of it.
+enum class PageShape : std::uint8_t { Unknown, Rows, Entries };
 
 /// The pages of one database file, as its tables, indexes and long values see them.
 ///
@@ -47,12 +51,33 @@ public:
     /// What a usage map has said it would say again as long as this number is the same.
     std::uint64_t StateOfMaps() const { return stateOfMaps_; }
 
+    /// Whether a page was looked at as a whole and found in order as one of this shape. Whoever changes a
+    /// page leaves it in order, so that it isn't looked at again until its bytes come from elsewhere.
+    bool HasShape(PageNumber number, PageShape shape) const {
+        return number < shapes_.size() && shapes_[number] == shape;
+    }
+    void NoteShape(PageNumber number, PageShape shape) {
+        if (number >= shapes_.size()) {
+            shapes_.resize(number + 1);
+        }
+        shapes_[number] = shape;
+    }
+
 protected:
+    /// To be called where other bytes take the place of a page's: from the file, by an undo, for a new page.
+    void ForgetShape(PageNumber number) {
+        if (number < shapes_.size()) {
+            shapes_[number] = PageShape::Unknown;
+        }
+    }
+    void ForgetShapes() { shapes_.clear(); }
+
     /// To be called before each change of a page that may hold usage maps, by an undo as well.
     void NoteChangeOfMaps() { ++stateOfMaps_; }
 
 private:
     std::uint64_t stateOfMaps_ = 0;
+    std::vector<PageShape> shapes_;
 };
 
 }  // namespace engine::jet

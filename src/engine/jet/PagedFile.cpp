@@ -54,7 +54,9 @@ void PagedFile::CountPages() {
 
 void PagedFile::Reopen() {
     NoteChangeOfMaps();
+    ForgetShapes();
     cache_.clear();
+    held_ = 0;
     CountPages();
 }
 
@@ -76,25 +78,44 @@ PagedFile::Cached& PagedFile::Load(PageNumber number) {
     if (Cached* const held = Held(number)) {
         return *held;
     }
-    auto cached = std::make_unique<Cached>();
-    file_->Read(PlaceOf(number), cached->page);
-    return Hold(number, std::move(cached));
+    Cached& cached = Hold(number);
+    try {
+        file_->Read(PlaceOf(number), cached.page);
+    } catch (...) {
+        LetGo(number);
+        throw;
+    }
+    return cached;
 }
 
-PagedFile::Cached& PagedFile::Hold(PageNumber number, std::unique_ptr<Cached> page) {
+// With whatever bytes the memory has.
+PagedFile::Cached& PagedFile::Hold(PageNumber number) {
     if (number >= cache_.size()) {
         cache_.resize(number + 1);
     }
+    if (spare_.empty()) {
+        spare_.push_back(std::make_unique<Cached>());
+    }
+    cache_[number] = std::move(spare_.back());
+    spare_.pop_back();
     ++held_;
-    cache_[number] = std::move(page);
     return *cache_[number];
 }
 
 void PagedFile::LetGo(PageNumber number) {
-    if (Held(number) != nullptr) {
-        cache_[number].reset();
-        --held_;
+    Cached* const cached = Held(number);
+    if (cached == nullptr) {
+        return;
     }
+    --held_;
+    ForgetShape(number);
+    if (spare_.size() < MostCleanPages) {
+        copies_.TakeBack(std::move(cached->before));
+        cached->keptFor = 0;
+        cached->isTaken = cached->isChanged = false;
+        spare_.push_back(std::move(cache_[number]));
+    }
+    cache_[number].reset();
 }
 
 const Page& PagedFile::Read(PageNumber number) {
@@ -106,16 +127,17 @@ PagedFile::Cached& PagedFile::ChangeCached(PageNumber number) {
     if (MayHoldUsageMaps(cached.page, number)) {
         NoteChangeOfMaps();
     }
+    const bool isAsInFile = !cached.isChanged && number < countBefore_;
     if (isMarked_ && cached.keptFor != lastMark_) {
-        undo_.push_back({number, cached.page, cached.isTaken});
+        undo_.push_back({number, isAsInFile ? nullptr : copies_.Make(cached.page), cached.isTaken});
         cached.keptFor = lastMark_;
     }
     if (!cached.isChanged) {
         cached.isChanged = true;
         changed_.insert(number);
-        if (number < countBefore_) {
-            cached.before = std::make_unique<Page>(cached.page);
-        }
+    }
+    if (isAsInFile) {
+        cached.before = copies_.Make(cached.page);
     }
     return cached;
 }
@@ -131,6 +153,7 @@ PageNumber PagedFile::TakeBehind(PageNumber page) {
     Cached& cached = ChangeCached(taken);
     cached.isTaken = true;
     cached.page.fill(0);
+    ForgetShape(taken);
     return taken;
 }
 
@@ -144,7 +167,8 @@ PageNumber PagedFile::Append() {
     // A map may name pages that weren't there until now.
     NoteChangeOfMaps();
     const PageNumber number = count_++;
-    Cached& cached = Hold(number, std::make_unique<Cached>());
+    Cached& cached = Hold(number);
+    cached.page.fill(0);
     cached.isTaken = true;
     cached.isChanged = true;
     changed_.insert(number);
@@ -172,10 +196,11 @@ void PagedFile::UndoTo(const Mark& mark) {
         if (kept.number < mark.count) {
             // What has changed is in memory: so this can't fail.
             Cached& cached = *Held(kept.number);
-            cached.page = kept.page;
+            cached.page = kept.page ? *kept.page : *cached.before;
             cached.isTaken = kept.wasTaken;
+            ForgetShape(kept.number);
         }
-        undo_.pop_back();
+        ForgetUndo(undo_.size() - 1);
     }
     for (; count_ > mark.count; --count_) {
         LetGo(count_ - 1);
@@ -186,8 +211,14 @@ void PagedFile::UndoTo(const Mark& mark) {
     ++lastMark_;
 }
 
+void PagedFile::ForgetUndo(std::size_t from) {
+    for (; undo_.size() > from; undo_.pop_back()) {
+        copies_.TakeBack(std::move(undo_.back().page));
+    }
+}
+
 void PagedFile::EndStatement() {
-    undo_.clear();
+    ForgetUndo(0);
     isMarked_ = false;
     Tidy();
 }
@@ -342,7 +373,7 @@ bool PagedFile::TryBringBack() {
 void PagedFile::Settle() {
     for (const PageNumber number : changed_) {
         if (Cached* const cached = Held(number)) {
-            cached->before.reset();
+            copies_.TakeBack(std::move(cached->before));
             cached->isTaken = false;
             cached->isChanged = false;
         }
@@ -361,6 +392,7 @@ void PagedFile::GiveUpGroup() {
         } else {
             Cached& cached = *Held(number);
             cached.page = *cached.before;
+            ForgetShape(number);
         }
     }
     count_ = countBefore_;

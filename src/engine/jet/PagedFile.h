@@ -2,6 +2,7 @@
 
 #include "engine/jet/FreePages.h"
 #include "engine/jet/Journal.h"
+#include "engine/jet/PageCopies.h"
 #include "engine/jet/WriteOrder.h"
 
 #include <QString>
@@ -100,7 +101,7 @@ private:
     };
     struct Undo {
         PageNumber number = 0;
-        Page page{};
+        std::unique_ptr<Page> page;  ///< None if it was as the file has it.
         bool wasTaken = false;
     };
 
@@ -111,11 +112,12 @@ private:
     Cached& Load(PageNumber number);
     /// The page if it is in memory, else null.
     Cached* Held(PageNumber number) const { return number < cache_.size() ? cache_[number].get() : nullptr; }
-    Cached& Hold(PageNumber number, std::unique_ptr<Cached> page);
+    Cached& Hold(PageNumber number);
     void LetGo(PageNumber number);
     Cached& ChangeCached(PageNumber number);
     PageNumber Append();
     void Tidy();
+    void ForgetUndo(std::size_t from);
 
     std::vector<PageWrite> GroupWrites(const std::vector<PageWrite>& written) const;
     QByteArray JournalOf(const std::vector<PageWrite>& writes);
@@ -134,7 +136,9 @@ private:
     PageNumber countBefore_ = 0;  ///< When the group began; so many pages the file has.
     /// By their numbers, null for those that aren't in memory: each step of a statement asks for some.
     std::vector<std::unique_ptr<Cached>> cache_;
-    std::size_t held_ = 0;           ///< How many are in memory.
+    std::size_t held_ = 0;                        ///< How many are in memory.
+    std::vector<std::unique_ptr<Cached>> spare_;  ///< Memory for the next ones.
+    PageCopies copies_;
     std::set<PageNumber> changed_;   ///< By the group.
     std::vector<PageNumber> given_;  ///< Back, by the group.
     std::vector<Undo> undo_;

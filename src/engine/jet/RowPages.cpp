@@ -36,7 +36,9 @@ ChangeableDataPage RowPages::ChangePageOf(PageNumber page) {
 ChangeableDataPage RowPages::ChangeOwn(PageNumber page) {
     // Looked at before it counts as changed.
     PageOf(page);
-    return {pages_.Change(page), page, owner_};
+    const ChangeableDataPage rows(pages_.Change(page), page, owner_, pages_.HasShape(page, PageShape::Rows));
+    pages_.NoteShape(page, PageShape::Rows);
+    return rows;
 }
 
 RowPlace RowPages::Add(const Bytes& row, RowState state) {

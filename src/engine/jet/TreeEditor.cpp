@@ -124,6 +124,11 @@ void TreeEditor::TellParent(std::size_t level, const Change& change) {
         TellParent(level - 1, {.isLast = isLast});
         return;
     }
+    if (change.divided == 0) {
+        const Key entry = ChildEntry(PageOf(level));
+        Apply(level - 1, {parent.place, 1, std::array<KeyView, 1>{entry}}, isLast);
+        return;
+    }
     const bool isNewTail = change.isDividedBehind && pages_.Open(change.divided).IsLeaf();
     const std::vector<Key> entries = EntriesAbove(level, change, isTail, isNewTail);
     if (isNewTail) {
@@ -142,7 +147,7 @@ std::vector<Key> TreeEditor::EntriesAbove(std::size_t level, const Change& chang
     if (isTail ? isNewTail : change.isLast || change.isDividedBehind) {
         entries.push_back(ChildEntry(PageOf(level)));
     }
-    if (change.divided != 0 && !isNewTail) {
+    if (!isNewTail) {
         entries.insert(change.isDividedBehind ? entries.end() : entries.begin(), ChildEntry(change.divided));
     }
     return entries;

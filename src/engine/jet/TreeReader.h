@@ -22,7 +22,11 @@ public:
     TreeReader(PageStore& store, PageNumber table, PageNumber root)
         : store_(store), table_(table), root_(root) {}
 
-    IndexPage Open(PageNumber page) const { return {store_.Read(page), page, table_}; }
+    IndexPage Open(PageNumber page) const {
+        const IndexPage view(store_.Read(page), page, table_, store_.HasShape(page, PageShape::Entries));
+        store_.NoteShape(page, PageShape::Entries);
+        return view;
+    }
 
     /// No walk from page to page meets more of them.
     PageNumber PageCount() const { return store_.Count(); }

@@ -15,16 +15,12 @@ public:
     explicit MemoryPages(PageNumber count = 3) : pages_(count) {}
 
     PageNumber Count() const override { return static_cast<PageNumber>(pages_.size()); }
-    const Page& Read(PageNumber number) override { return Change(number); }
+    const Page& Read(PageNumber number) override { return At(number); }
+    /// Tests damage what they change.
     Page& Change(PageNumber number) override {
-        if (number >= Count()) {
-            RaiseDamaged(number, QStringLiteral("isn't there"));
-        }
-        if (!pages_[number]) {
-            pages_[number] = std::make_unique<Page>();
-        }
         NoteChangeOfMaps();
-        return *pages_[number];
+        ForgetShape(number);
+        return At(number);
     }
     /// New pages come from the end, and so behind all others.
     PageNumber TakeBehind(PageNumber /*page*/) override { return Take(); }
@@ -37,6 +33,16 @@ public:
     std::set<PageNumber> given;
 
 private:
+    Page& At(PageNumber number) {
+        if (number >= Count()) {
+            RaiseDamaged(number, QStringLiteral("isn't there"));
+        }
+        if (!pages_[number]) {
+            pages_[number] = std::make_unique<Page>();
+        }
+        return *pages_[number];
+    }
+
     std::vector<std::unique_ptr<Page>> pages_;
 };
 

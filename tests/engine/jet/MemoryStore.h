@@ -19,14 +19,12 @@ public:
 
     PageNumber Count() const override { return static_cast<PageNumber>(pages_.size()); }
 
-    const Page& Read(PageNumber number) override { return Change(number); }
+    const Page& Read(PageNumber number) override { return At(number); }
 
+    /// Tests damage what they change.
     Page& Change(PageNumber number) override {
-        if (number >= pages_.size()) {
-            throw Error(ErrorNumber::DatabaseDamaged, QStringLiteral("There is no page %1.").arg(number));
-        }
-        EXPECT_TRUE(isDamaged || !free_.contains(number)) << "page " << number << " is used by nobody";
-        return *pages_[number];
+        ForgetShape(number);
+        return At(number);
     }
 
     /// New pages come from the end, and so behind all others.
@@ -39,6 +37,7 @@ public:
         const PageNumber number = *free_.begin();
         free_.erase(free_.begin());
         pages_[number]->fill(0);
+        ForgetShape(number);
         return number;
     }
 
@@ -65,12 +64,21 @@ public:
             *pages_[number] = state.pages[number];
         }
         free_ = state.free;
+        ForgetShapes();
     }
 
     /// How many are in use.
     std::size_t UsedCount() const { return pages_.size() - free_.size(); }
 
 private:
+    Page& At(PageNumber number) {
+        if (number >= pages_.size()) {
+            throw Error(ErrorNumber::DatabaseDamaged, QStringLiteral("There is no page %1.").arg(number));
+        }
+        EXPECT_TRUE(isDamaged || !free_.contains(number)) << "page " << number << " is used by nobody";
+        return *pages_[number];
+    }
+
     std::vector<std::unique_ptr<Page>> pages_;
     std::set<PageNumber> free_;
 };

@@ -85,6 +85,86 @@ TEST(JetPagedFile, MarksLieWithinMarks) {
     EXPECT_EQ(file->Read(5)[0], 0);
 }
 
+TEST(JetPagedFile, APageIsAsInTheFileAgainAfterEachUndo) {
+    BareFile bare;
+    const auto file = bare.Open();
+    const PagedFile::Mark outer = file->SetMark();
+    const PagedFile::Mark inner = file->SetMark();
+    for (const std::uint8_t byte : std::array<std::uint8_t, 2>{1, 2}) {
+        file->Change(5)[0] = byte;
+        file->UndoTo(inner);
+        EXPECT_EQ(file->Read(5)[0], 0);
+    }
+    file->Change(5)[0] = 3;
+    file->UndoTo(outer);
+    EXPECT_EQ(file->Read(5)[0], 0);
+}
+
+TEST(JetPagedFile, AGroupKeepsNothingOfTheOneBefore) {
+    BareFile bare;
+    const auto file = bare.Open();
+    for (const std::uint8_t byte : std::array<std::uint8_t, 3>{1, 2, 3}) {
+        const PagedFile::Mark mark = file->SetMark();
+        file->Change(5)[0] = 99;
+        file->Change(6)[0] = 99;
+        file->UndoTo(mark);
+        EXPECT_EQ(file->Read(5)[0], byte - 1);
+        file->Change(5)[0] = byte;
+        file->EndGroup(GroupKind::Adds);
+        file->Forget();
+        EXPECT_EQ(file->Read(5)[0], byte);
+        EXPECT_EQ(file->Read(6)[0], 0);
+    }
+}
+
+TEST(JetPagedFile, APageIsKnownAsLongAsItsBytesComeFromThoseWhoKnowIt) {
+    BareFile bare;
+    const auto file = bare.Open();
+    const auto isKnown = [&](PageNumber page) { return file->HasShape(page, PageShape::Rows); };
+    const auto note = [&](PageNumber page) {
+        file->Change(page);
+        file->NoteShape(page, PageShape::Rows);
+    };
+    EXPECT_FALSE(isKnown(5));
+    note(5);
+    EXPECT_TRUE(isKnown(5));
+    EXPECT_FALSE(file->HasShape(5, PageShape::Entries));
+    EXPECT_FALSE(isKnown(6));
+    file->Change(5)[100] = 'x';
+    file->EndGroup(GroupKind::Adds);
+    EXPECT_TRUE(isKnown(5));
+
+    const PagedFile::Mark mark = file->SetMark();
+    note(5);
+    const PageNumber taken = file->Take();
+    note(taken);
+    file->UndoTo(mark);
+    EXPECT_FALSE(isKnown(5));
+    EXPECT_EQ(file->Take(), taken);
+    EXPECT_FALSE(isKnown(taken));
+
+    note(5);
+    file->GiveUpGroup();
+    EXPECT_FALSE(isKnown(5));
+    file->NoteShape(5, PageShape::Rows);
+    file->Forget();
+    EXPECT_FALSE(isKnown(5));
+    file->Read(5);
+    file->NoteShape(5, PageShape::Rows);
+    file->Reopen();
+    EXPECT_FALSE(isKnown(5));
+}
+
+TEST(JetPagedFile, AFreePageThatIsTakenIsKnownByNobody) {
+    BareFile bare;
+    const auto file = bare.Open();
+    file->NoteShape(5, PageShape::Rows);
+    file->GiveBack(5);
+    file->EndGroup(GroupKind::Removes);
+    EXPECT_EQ(file->Take(), 5U);
+    EXPECT_FALSE(file->HasShape(5, PageShape::Rows));
+}
+
 TEST(JetPagedFile, APageStaysWhereItIsWhileTheStatementLasts) {
     BareFile bare(40000);
     const auto file = bare.Open();
