@@ -28,7 +28,7 @@ public:
     void SetNull(int column) { At(column) = {}; }
     /// Bytes of another place than these cells.
     void Set(int column, const void* bytes, std::size_t size) {
-        At(column) = {true, used_, 0};
+        At(column) = {true, 0, used_};
         Lengthen(column, bytes, size);
     }
     /// Further bytes for the column that was set last.
@@ -40,7 +40,7 @@ public:
             std::memcpy(bytes_.data() + used_, bytes, size);
         }
         used_ += size;
-        At(column).size += size;
+        At(column).size += static_cast<std::uint32_t>(size);
     }
     void Set(int column, const Bytes& bytes) { Set(column, bytes.Data(), bytes.Size()); }
     void Set(int column, const QByteArray& bytes) {
@@ -55,8 +55,8 @@ public:
 private:
     struct Extent {
         bool isThere = false;
+        std::uint32_t size = 0;
         std::size_t at = 0;
-        std::size_t size = 0;
     };
 
     Extent& At(int column) { return cells_[static_cast<std::size_t>(column)]; }

@@ -1,7 +1,6 @@
 #include "engine/jet/StoredRow.h"
 
 #include "engine/jet/Damage.h"
-#include "engine/jet/UsageBits.h"
 
 #include <algorithm>
 
@@ -55,6 +54,11 @@ inline StoredRow::Extent StoredRow::FindVariable(const Column& column, const Byt
 }
 
 inline StoredRow::Extent StoredRow::Find(const Column& column, const Bytes& row) const {
+    const std::uint16_t bit = column.number;
+    const bool isThere = bit < columns_ && (row.Data()[nullMaskAt_ + bit / 8U] >> bit % 8U & 1U) != 0;
+    if (!isThere) {
+        return {};
+    }
     if (column.type == ColumnType::Boolean) {
         return {true, 0, 0};
     }
@@ -68,7 +72,7 @@ inline StoredRow::Extent StoredRow::Find(const Column& column, const Bytes& row)
     return {true, static_cast<std::uint16_t>(at), column.size};
 }
 
-void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
+void StoredRow::Begin(const TableLayout& layout, const Bytes& row) {
     page_ = row.OfPage();
     row_.assign(row.Data(), row.Data() + row.Size());
     variableColumns_ = 0;
@@ -84,26 +88,46 @@ void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
     if (layout.variableColumns > 0) {
         variableColumns_ = row.U16(nullMaskAt_ - OffsetSize);
     }
+}
+
+void StoredRow::TakeApart(const TableLayout& layout, const Bytes& row) {
+    Begin(layout, row);
+    layout_ = nullptr;
     cells_.resize(layout.columns.size());
-    const std::uint8_t* const mask = row.Data() + nullMaskAt_;
     auto cell = cells_.begin();
     for (const Column& column : layout.columns) {
-        const std::uint16_t bit = column.number;
-        const bool isThere = bit < columns_ && (mask[bit / 8] >> bit % 8 & 1) != 0;
-        *cell++ = isThere ? Find(column, row) : Extent();
+        *cell++ = Find(column, row);
     }
 }
 
+StoredRow::Extent StoredRow::FindCell(const Column& column) const {
+    return Find(column, Whole());
+}
+
+void StoredRow::TakeWhole(const TableLayout& layout, const Bytes& row) {
+    Begin(layout, row);
+    layout_ = &layout;
+}
+
 Bytes StoredRow::BytesOf(int column) const {
-    const Extent& extent = cells_[static_cast<std::size_t>(column)];
+    const Extent extent = ExtentOf(column);
     return Whole().Part(extent.at, extent.size);
+}
+
+std::optional<Bytes> StoredRow::FindBytes(int column) const {
+    const Extent extent = ExtentOf(column);
+    return extent.isThere ? std::optional(Whole().Part(extent.at, extent.size)) : std::nullopt;
 }
 
 RowMaker::RowMaker(const TableLayout& layout)
     : fixedEnd_(FixedEnd(layout)), variable_(layout.variableColumns, NoColumn) {
     for (std::size_t column = 0; column < layout.columns.size(); ++column) {
         const Column& known = layout.columns[column];
-        if (!known.isFixed && known.type != ColumnType::Boolean) {
+        const bool hasBytes = known.type != ColumnType::Boolean;
+        places_.push_back({static_cast<std::uint16_t>(known.number / 8U),
+                           static_cast<std::uint8_t>(1U << known.number % 8U), known.isFixed && hasBytes,
+                           static_cast<std::uint16_t>(ColumnCountSize + known.fixedAt), known.size});
+        if (!known.isFixed && hasBytes) {
             variable_[known.variablePlace] = static_cast<int>(column);
         }
     }
@@ -123,6 +147,7 @@ std::size_t RowMaker::VariableSize(const RowCells& cells) const {
 void RowMaker::Make(const TableLayout& layout, const RowCells& cells, StoredRow& row) const {
     const std::size_t variableAt = ColumnCountSize + fixedEnd_;
     const std::size_t maskSize = NullMaskSize(layout.rowColumns);
+    row.layout_ = nullptr;
     row.page_ = layout.page;
     row.columns_ = layout.rowColumns;
     row.variableColumns_ = static_cast<std::uint16_t>(variable_.size());
@@ -130,7 +155,7 @@ void RowMaker::Make(const TableLayout& layout, const RowCells& cells, StoredRow&
     row.row_.assign(row.nullMaskAt_ + maskSize, 0);
     row.cells_.assign(layout.columns.size(), {});
     ChangeableBytes(row.row_.data(), row.row_.size(), layout.page).Put16(0, layout.rowColumns);
-    PutFixedPart(layout, cells, row);
+    PutFixedPart(cells, row);
     if (!variable_.empty()) {
         PutVariablePart(variableAt, cells, row);
     }
@@ -155,21 +180,20 @@ bool RowMaker::TryReplace(const TableLayout& layout, const StoredRow& old, const
 }
 
 // And the null mask.
-void RowMaker::PutFixedPart(const TableLayout& layout, const RowCells& cells, StoredRow& row) const {
-    ChangeableBytes bytes(row.row_.data(), row.row_.size(), layout.page);
-    const ChangeableBytes mask = bytes.ChangeablePart(row.nullMaskAt_, row.row_.size() - row.nullMaskAt_);
-    for (std::size_t column = 0; column < layout.columns.size(); ++column) {
-        const Column& known = layout.columns[column];
+void RowMaker::PutFixedPart(const RowCells& cells, StoredRow& row) const {
+    ChangeableBytes bytes(row.row_.data(), row.row_.size(), row.page_);
+    for (std::size_t column = 0; column < places_.size(); ++column) {
         const auto place = static_cast<int>(column);
         if (!cells.Has(place)) {
             continue;
         }
-        SetBit(mask, known.number, true);
+        const Place& known = places_[column];
+        const std::size_t maskAt = row.nullMaskAt_ + known.maskAt;
+        bytes.Put8(maskAt, static_cast<std::uint8_t>(bytes.U8(maskAt) | known.maskBit));
         row.cells_[column].isThere = true;
-        if (known.isFixed && known.type != ColumnType::Boolean) {
-            const std::size_t at = ColumnCountSize + known.fixedAt;
-            bytes.PutBytes(at, cells.BytesOf(place).Part(0, known.size));
-            row.cells_[column] = {true, static_cast<std::uint16_t>(at), known.size};
+        if (known.hasFixedBytes != 0) {
+            bytes.PutBytes(known.at, cells.BytesOf(place).Part(0, known.size));
+            row.cells_[column] = {true, known.at, known.size};
         }
     }
 }

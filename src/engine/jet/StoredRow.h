@@ -26,11 +26,16 @@ public:
     StoredRow() = default;
     /// Takes the place of the row that was there, and its memory. Fails likewise; then it is no row any more.
     void TakeApart(const TableLayout& layout, const Bytes& row);
+    /// The same for a row of which few columns are asked for: each is looked for when it is, and what is
+    /// wrong with it found out then. The layout must live as long.
+    void TakeWhole(const TableLayout& layout, const Bytes& row);
 
     std::size_t ColumnCount() const { return cells_.size(); }
-    bool Has(int column) const { return cells_[static_cast<std::size_t>(column)].isThere; }
+    bool Has(int column) const { return ExtentOf(column).isThere; }
     /// Of a column that the row has.
     Bytes BytesOf(int column) const;
+    /// None if the row doesn't have it.
+    std::optional<Bytes> FindBytes(int column) const;
 
     Bytes Whole() const { return {row_.data(), row_.size(), page_}; }
 
@@ -43,9 +48,16 @@ private:
         std::uint16_t size = 0;
     };
 
+    void Begin(const TableLayout& layout, const Bytes& row);
+    Extent ExtentOf(int column) const {
+        const auto place = static_cast<std::size_t>(column);
+        return layout_ == nullptr ? cells_[place] : FindCell(layout_->columns[place]);
+    }
+    Extent FindCell(const Column& column) const;
     Extent Find(const Column& column, const Bytes& row) const;
     Extent FindVariable(const Column& column, const Bytes& row) const;
 
+    const TableLayout* layout_ = nullptr;  ///< Where cells are looked for when they are asked for.
     PageNumber page_ = 0;
     std::uint16_t columns_ = 0;
     std::size_t nullMaskAt_ = 0;
@@ -72,11 +84,21 @@ public:
                            const RowCells& changed, StoredRow& row);
 
 private:
-    void PutFixedPart(const TableLayout& layout, const RowCells& cells, StoredRow& row) const;
+    /// What a row needs of each column, close together: it is asked of all of them for each row.
+    struct Place {
+        std::uint16_t maskAt = 0;
+        std::uint8_t maskBit = 0;
+        std::uint8_t hasFixedBytes = 0;
+        std::uint16_t at = 0;
+        std::uint16_t size = 0;
+    };
+
+    void PutFixedPart(const RowCells& cells, StoredRow& row) const;
     void PutVariablePart(std::size_t at, const RowCells& cells, StoredRow& row) const;
     std::size_t VariableSize(const RowCells& cells) const;
 
     std::size_t fixedEnd_ = 0;
+    std::vector<Place> places_;
     /// The column at each place of the variable part, NoColumn where one was deleted.
     std::vector<int> variable_;
 };

@@ -64,16 +64,28 @@ Table::Table(PageStore& pages, TableLayout layout)
       layout_(std::move(layout)),
       rows_(pages_, layout_.page, layout_.pages, layout_.pagesWithRoom),
       maker_(layout_) {
+    for (int place = 0; place < static_cast<int>(layout_.columns.size()); ++place) {
+        if (ColumnAt(place).makesGuids || IsNumbered(ColumnAt(place))) {
+            numbered_.push_back(place);
+        }
+    }
 }
 
 std::optional<RowPlace> Table::NextFrom(RowPlace place) const {
     for (auto page = rows_.FirstPage(place.page); page; page = rows_.FirstPage(*page + 1)) {
-        const DataPage rowsOfPage = rows_.PageOf(*page);
-        for (int row = *page == place.page ? place.row : 0; row < rowsOfPage.RowCount(); ++row) {
-            const RowState state = rowsOfPage.State(row);
-            if (state == RowState::Here || state == RowState::MovedAway) {
-                return RowPlace{*page, static_cast<std::uint8_t>(row)};
-            }
+        if (const auto found = NextOfPage(*page == place.page ? place : RowPlace{*page, 0})) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<RowPlace> Table::NextOfPage(RowPlace place) const {
+    const DataPage page = rows_.PageOf(place.page);
+    for (int row = place.row; row < page.RowCount(); ++row) {
+        const RowState state = page.State(row);
+        if (state == RowState::Here || state == RowState::MovedAway) {
+            return RowPlace{place.page, static_cast<std::uint8_t>(row)};
         }
     }
     return std::nullopt;
@@ -126,7 +138,7 @@ std::optional<StoredRow> Table::Find(RowPlace key) const {
 bool Table::Find(RowPlace key, StoredRow& into) const {
     const Whereabouts found = Locate(key);
     if (!found.isDeleted) {
-        into.TakeApart(layout_, BytesAt(found.last));
+        into.TakeWhole(layout_, BytesAt(found.last));
     }
     return !found.isDeleted;
 }
@@ -160,7 +172,7 @@ void Table::PutCell(RowCells& cells, int column, const Value& value) {
 }
 
 void Table::Number(RowCells& cells) {
-    for (int place = 0; place < static_cast<int>(cells.Count()); ++place) {
+    for (const int place : numbered_) {
         const Column& column = ColumnAt(place);
         if (column.makesGuids && !cells.Has(place)) {
             cells.Set(place, NewGuid());

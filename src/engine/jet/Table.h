@@ -37,12 +37,13 @@ public:
     std::optional<RowPlace> RowBehind(RowPlace key) const;
     /// The row with this key, none if it has been deleted or never was there.
     std::optional<StoredRow> Find(RowPlace key) const;
-    /// The same into a row whose memory is taken over. False if there is none.
+    /// The same into a row whose memory is taken over, for few of its columns (StoredRow::TakeWhole). False
+    /// if there is none.
     bool Find(RowPlace key, StoredRow& into) const;
     /// The same for a row that must be there: fails with 3167 if it is deleted.
     StoredRow Read(RowPlace key) const;
-    /// The same into a row whose memory is taken over.
-    void Read(RowPlace key, StoredRow& into) const { into.TakeApart(layout_, BytesAt(LocateLive(key).last)); }
+    /// The same, likewise.
+    void Read(RowPlace key, StoredRow& into) const { into.TakeWhole(layout_, BytesAt(LocateLive(key).last)); }
     /// A column's value, that of a long one included: QString for a memo, QByteArray for a long binary.
     Value ValueOf(const StoredRow& row, int column) const;
 
@@ -76,6 +77,7 @@ private:
     };
 
     std::optional<RowPlace> NextFrom(RowPlace place) const;
+    std::optional<RowPlace> NextOfPage(RowPlace place) const;
     Whereabouts Locate(RowPlace key) const;
     Whereabouts LocateLive(RowPlace key) const;
     Bytes BytesAt(RowPlace place) const { return rows_.PageOf(place.page).Row(place.row); }
@@ -92,6 +94,7 @@ private:
     TableLayout layout_;
     RowPages rows_;
     std::vector<RowObserver*> observers_;
+    std::vector<int> numbered_;  ///< The columns that fill themselves in new rows.
     // Only for the row that is being written; its memory serves the next one as well.
     RowMaker maker_;
     RowCells cells_;

@@ -253,20 +253,19 @@ bool PutQuickly(RowCells& cells, int place, const Column& column, sqlite3_value*
 }
 
 bool GiveQuickly(sqlite3_context* context, const Column& column, const StoredRow& row, int place) {
-    const bool isThere = row.Has(place);
+    const std::optional<Bytes> bytes = row.FindBytes(place);
     if (column.type == ColumnType::Boolean) {
-        sqlite3_result_int64(context, isThere ? -1 : 0);
+        sqlite3_result_int64(context, bytes ? -1 : 0);
         return true;
     }
-    if (!isThere) {
+    if (!bytes) {
         sqlite3_result_null(context);
         return true;
     }
-    const Bytes bytes = row.BytesOf(place);
     if (column.type == ColumnType::Text) {
-        return GiveStoredText(context, column, bytes);
+        return GiveStoredText(context, column, *bytes);
     }
-    return bytes.Size() == SizeOfType(column.type) && GiveBytes(context, column, bytes);
+    return bytes->Size() == SizeOfType(column.type) && GiveBytes(context, column, *bytes);
 }
 
 }  // namespace engine::jet
