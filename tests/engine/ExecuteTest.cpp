@@ -58,6 +58,45 @@ TEST_F(ExecuteTest, AFailedStatementUndoesItselfAlone) {
     EXPECT_EQ(Rows("select count(*) from notes"), QStringList{QStringLiteral("3")});
 }
 
+TEST_F(ExecuteTest, AnUpdateThatFailsForOneRowChangesNone) {
+    database->Execute(QStringLiteral("insert into things(code, long) values('a', 1)"));
+    database->Execute(QStringLiteral("insert into things(code, long) values('b', 2)"));
+    EXPECT_EQ(ExecuteError("update things set long = 3, code = 'c'"), ErrorNumber::DuplicateKey);
+    EXPECT_EQ(Rows("select code, long from things order by code"),
+              (QStringList{QStringLiteral("a|1"), QStringLiteral("b|2")}));
+}
+
+TEST_F(ExecuteTest, AnUpdateChangesTheRowsOfItsConditionAlone) {
+    for (const char* code : {"a", "b", "c"}) {
+        database->Execute(
+            QStringLiteral("insert into things(code, short, memo, [date]) values('%1', 1, 'old', "
+                           "#01/15/2026#)")
+                .arg(QLatin1String(code)));
+    }
+    database->Execute(
+        QStringLiteral("update things set short = 2, money = 1.5, memo = 'new', [date] = "
+                       "#02/15/2026# where code <> 'b' and short = 1"));
+    // Values that are no literals, and none at all to compare with.
+    database->Execute(QStringLiteral("update things set yes = true, number = null, [long] = 7"));
+    database->Execute(QStringLiteral("update things set [long] = 8 where code = 'nobody'"));
+    EXPECT_EQ(Rows("select code, short, money, memo, date, yes, number, long from things order by code"),
+              (QStringList{QStringLiteral("a|2|1.5|new|2026-02-15|-1|NULL|7"),
+                           QStringLiteral("b|1|NULL|old|2026-01-15|-1|NULL|7"),
+                           QStringLiteral("c|2|1.5|new|2026-02-15|-1|NULL|7")}));
+}
+
+TEST_F(ExecuteTest, AnUpdateGivesEachRowALongTextOfItsOwn) {
+    const QString text(5000, QLatin1Char('x'));
+    for (const char* code : {"a", "b", "c"}) {
+        database->Execute(QStringLiteral("insert into things(code) values('%1')").arg(QLatin1String(code)));
+    }
+    database->Execute(QStringLiteral("update things set memo = '%1'").arg(text));
+    database->Execute(QStringLiteral("update things set memo = 'short' where code = 'a'"));
+    database->Execute(QStringLiteral("delete from things where code = 'b'"));
+    EXPECT_EQ(Rows("select code, memo from things order by code"),
+              (QStringList{QStringLiteral("a|short"), QStringLiteral("c|") + text}));
+}
+
 TEST_F(ExecuteTest, ATextLongerThanItsColumnIsRefused) {
     EXPECT_EQ(ExecuteError("insert into things(code) values('123456')"), ErrorNumber::FieldTooSmall);
     EXPECT_EQ(ExecuteError("insert into things(code) values('12345')"), 0);

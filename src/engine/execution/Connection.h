@@ -74,6 +74,15 @@ public:
     /// were.
     virtual std::optional<qint64> Empty(const std::string& /*table*/) { return std::nullopt; }
 
+    /// Changes these columns, each named once, to the values that the one row of `values` has, in all rows
+    /// whose keys `keys` finds, if the file has a shorter way than a statement. All of them or none, as
+    /// Change does. Returns how many it has changed.
+    virtual std::optional<qint64> ChangeEach(const std::string& /*table*/, sqlite3_stmt* /*keys*/,
+                                             const std::vector<size_t>& /*columns*/,
+                                             sqlite3_stmt* /*values*/) {
+        return std::nullopt;
+    }
+
     /// A part of a transaction that can be taken back alone. Parts are not set within parts.
     virtual void BeginPart();
     virtual void TakeBackPart();

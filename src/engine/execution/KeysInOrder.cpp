@@ -10,8 +10,12 @@ namespace engine::execution {
 
 namespace {
 
-std::string SelectFrom(const PreparedStatement& prepared, const std::string& columns) {
-    return "select " + columns + " from " + prepared.table->sqlName + prepared.parsed.whereSql;
+// As a blob, as it is: SQLite would copy it to put a zero behind it. Asked for its length first, a text is in
+// UTF-8.
+std::string_view TextAt(sqlite3_stmt* row, int place) {
+    const auto size = static_cast<size_t>(sqlite3_column_bytes(row, place));
+    return size == 0 ? std::string_view()
+                     : std::string_view(static_cast<const char*>(sqlite3_column_blob(row, place)), size);
 }
 
 // Of which every encoding and every collation that SQLite has of its own makes the same order: no letters, no
@@ -76,8 +80,7 @@ std::optional<std::vector<qint64>> KeysInOrder::ReadUnsorted(const PreparedState
         if (sqlite3_column_type(rows.get(), 1) != SQLITE_TEXT) {
             return std::nullopt;
         }
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(rows.get(), 1));
-        if (!days.GoesOnWith({text, static_cast<size_t>(sqlite3_column_bytes(rows.get(), 1))})) {
+        if (!days.GoesOnWith(TextAt(rows.get(), 1))) {
             return std::nullopt;
         }
         keys.push_back(sqlite3_column_int64(rows.get(), 0));

@@ -5,6 +5,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <set>
+
 namespace engine::execution {
 
 namespace {
@@ -73,11 +76,20 @@ QString Describe(const Write& write) {
     return description;
 }
 
+std::string SelectFrom(const PreparedStatement& prepared, const std::string& columns) {
+    return "select " + columns + " from " + prepared.table->sqlName + prepared.parsed.whereSql;
+}
+
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
                   const dialect::ShapedStatement& shaped) {
-    for (size_t place = 0; place < shaped.literals.size(); ++place) {
+    BindLiterals(compiled, prepared, shaped, 0, shaped.literals.size());
+}
+
+void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
+                  const dialect::ShapedStatement& shaped, size_t from, size_t to) {
+    for (size_t place = from; place < to; ++place) {
         const dialect::Literal& literal = shaped.literals[place];
-        BindLiteral(compiled, static_cast<int>(place + 1), prepared.storedIn[place], literal,
+        BindLiteral(compiled, static_cast<int>(place - from + 1), prepared.storedIn[place], literal,
                     shaped.Text(literal));
     }
 }
@@ -147,7 +159,33 @@ qint64 WriteExecutor::Change() {
             return *removed;
         }
     }
+    if (const std::optional<qint64> changed = ChangeEach()) {
+        return *changed;
+    }
     return connection_.Change(ready_, written_);
+}
+
+// An update whose values are all literals gives each of its rows the same ones.
+std::optional<qint64> WriteExecutor::ChangeEach() {
+    if (statement_ == nullptr || statement_->parsed.kind != dialect::StatementKind::Update) {
+        return std::nullopt;
+    }
+    // Those that are stored come first.
+    const std::vector<const Column*>& storedIn = statement_->storedIn;
+    const auto stored =
+        static_cast<size_t>(std::find(storedIn.begin(), storedIn.end(), nullptr) - storedIn.begin());
+    if (stored != written_.size() || std::set<size_t>(written_.begin(), written_.end()).size() != stored) {
+        return std::nullopt;
+    }
+    std::string places = "?";
+    for (size_t place = 1; place < stored; ++place) {
+        places += ", ?";
+    }
+    const RunningStatement keys(statements_.ForSql(SelectFrom(*statement_, table_->rowKey)));
+    const RunningStatement values(statements_.ForSql("select " + places));
+    BindLiterals(values.get(), *statement_, shaped_, 0, stored);
+    BindLiterals(keys.get(), *statement_, shaped_, stored, shaped_.literals.size());
+    return connection_.ChangeEach(table_->name, keys.get(), written_, values.get());
 }
 
 bool WriteExecutor::IsWholeRemoval() const {

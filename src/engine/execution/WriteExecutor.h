@@ -43,6 +43,7 @@ private:
     bool IsWholeRemoval() const;
     /// How many rows the statement has changed.
     qint64 Change();
+    std::optional<qint64> ChangeEach();
 
     Connection& connection_;
     StatementCache& statements_;
@@ -54,8 +55,14 @@ private:
     qint64 added_ = 0;
 };
 
+/// A select of these columns from the rows that a statement is about. It has the literals of the condition.
+std::string SelectFrom(const PreparedStatement& prepared, const std::string& columns);
+
 /// Binds the literals of a statement to a compiled form of it. They must live until it has run.
 void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
                   const dialect::ShapedStatement& shaped);
+/// The same for a form that has only some of them: from one up to another, that one not included.
+void BindLiterals(sqlite3_stmt* compiled, const PreparedStatement& prepared,
+                  const dialect::ShapedStatement& shaped, size_t from, size_t to);
 
 }  // namespace engine::execution

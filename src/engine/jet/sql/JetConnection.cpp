@@ -2,6 +2,7 @@
 
 #include "engine/dialect/Names.h"
 #include "engine/jet/sql/JetTransaction.h"
+#include "engine/jet/sql/RepeatedChange.h"
 #include "engine/jet/sql/TableModule.h"
 
 #include <algorithm>
@@ -74,6 +75,36 @@ std::optional<qint64> JetConnection::Empty(const std::string& table) {
         const auto count = qint64{wiped.Rows().Figures().Rows()};
         wiped.Wipe();
         return count;
+    });
+}
+
+// All rows are found before the first one is changed, which might move on to where others are looked for.
+std::vector<RowPlace> JetConnection::RowsOf(sqlite3_stmt* keys) {
+    const execution::RunningStatement found(keys);
+    std::vector<RowPlace> rows;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(found.get())) == SQLITE_ROW) {
+        rows.push_back(ToRowPlace(static_cast<std::uint32_t>(sqlite3_column_int64(found.get(), 0))));
+    }
+    if (step != SQLITE_DONE) {
+        Raise(step);
+    }
+    return rows;
+}
+
+std::optional<qint64> JetConnection::ChangeEach(const std::string& table, sqlite3_stmt* keys,
+                                                const std::vector<size_t>& columns, sqlite3_stmt* values) {
+    return file_->AsOne([&] {
+        const std::vector<RowPlace> rows = RowsOf(keys);
+        const execution::RunningStatement running(values);
+        if (sqlite3_step(running.get()) != SQLITE_ROW) {
+            Raise(sqlite3_errcode(Handle()));
+        }
+        RepeatedChange change(file_->TableNamed(NameOf(table)), columns, running.get());
+        for (const RowPlace row : rows) {
+            change.Make(row);
+        }
+        return static_cast<qint64>(rows.size());
     });
 }
 

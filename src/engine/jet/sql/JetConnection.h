@@ -18,6 +18,8 @@ public:
     std::vector<std::optional<Value>> DefaultsOf(const std::string& table) override;
     qint64 Change(sqlite3_stmt* statement, const std::vector<size_t>& written) override;
     std::optional<qint64> Empty(const std::string& table) override;
+    std::optional<qint64> ChangeEach(const std::string& table, sqlite3_stmt* keys,
+                                     const std::vector<size_t>& columns, sqlite3_stmt* values) override;
     void BeginPart() override;
     void TakeBackPart() override;
     void EndPart() override;
@@ -38,6 +40,8 @@ protected:
     Error FailureOf(int resultCode) override;
 
 private:
+    std::vector<RowPlace> RowsOf(sqlite3_stmt* keys);
+
     std::shared_ptr<JetFile> file_;
     std::optional<Error> failure_;
     std::vector<size_t> written_;
