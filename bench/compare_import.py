@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Measures the import against the sqlite3 program and against prepared statements doing the very same writes, side
-by side in one run.
+"""Measures the import against the sqlite3 program and against prepared statements doing the very same writes, and the
+import into a Jet file against that into a SQLite file, side by side in one run.
 
     bench/compare_import.py --programs build/release/bin
 
@@ -25,11 +25,13 @@ TABLES = ["glcodes", "owner", "property", "tenancy", "tenant_bond", "rent_period
 
 
 class Bench:
-    def __init__(self, programs, folder):
+    """Of databases of one format."""
+
+    def __init__(self, programs, folder, form="sqlite"):
         self.programs = programs
         self.folder = folder
-        self.fresh = self.path("fresh.mdb")
-        subprocess.run([self.program("hearthbook-create-database"), "--format", "sqlite", self.fresh], check=True)
+        self.fresh = self.path(f"fresh-{form}.mdb")
+        subprocess.run([self.program("hearthbook-create-database"), "--format", form, self.fresh], check=True)
 
     def path(self, name):
         return os.path.join(self.folder, name)
@@ -90,6 +92,10 @@ class Bench:
 
 
 def row_counts(database):
+    with open(database, "rb") as file:
+        is_sqlite = file.read(6) == b"SQLite"
+    if not is_sqlite:
+        return [int(subprocess.check_output(["mdb-count", database, table])) for table in TABLES]
     connection = sqlite3.connect(database)
     try:
         return [connection.execute(f"select count(*) from [{table}]").fetchone()[0] for table in TABLES]
@@ -231,6 +237,59 @@ def compare_memory_of_tenants(bench, few, many):
           f"{(many_peak - few_peak) / (many - few):,.0f} bytes for each more")
 
 
+class Measured:
+    """Imports of one portfolio into a fresh file of one format."""
+
+    def __init__(self, bench, portfolio):
+        self.bench, self.portfolio = bench, portfolio
+        self.seconds, self.processor, self.memory = [], [], []
+
+    def run(self):
+        before = os.times()
+        seconds, memory, self.counts = self.bench.time_import(self.portfolio)
+        after = os.times()
+        self.seconds.append(seconds)
+        self.processor.append(after.children_user - before.children_user
+                              + after.children_system - before.children_system)
+        self.memory.append(memory)
+        self.size = os.path.getsize(self.bench.path(WORK))
+
+    def tell(self, name):
+        rows = sum(self.counts)
+        print(f"  {name}: {rows / statistics.median(self.seconds):,.0f} rows/s, "
+              f"{statistics.median(self.processor):.2f} s of processor time, "
+              f"peak memory {max(self.memory) / 2**20:.0f} MiB, {self.size / rows:.1f} bytes per row")
+
+
+def compare_formats(sqlite, jet, tenants, start, rounds):
+    portfolio = sqlite.portfolio(tenants, start, "Week")
+    ours, other = Measured(jet, portfolio), Measured(sqlite, portfolio)
+    for _ in range(rounds):
+        other.run()
+        ours.run()
+        if ours.counts != other.counts:
+            sys.exit(f"the rows differ: {ours.counts} and {other.counts}")
+    print(f"{tenants} weekly tenancies since {start}: {sum(ours.counts)} rows")
+    other.tell("SQLite")
+    ours.tell("Jet")
+    for what, own, their in (("time", ours.seconds, other.seconds),
+                             ("processor time", ours.processor, other.processor)):
+        ratios = sorted(mine / theirs for mine, theirs in zip(own, their))
+        print(f"  Jet takes {statistics.median(ratios):.2f} times the {what} ({ratios[0]:.2f} to {ratios[-1]:.2f})")
+
+
+def compare_wipe(bench, tenants, start, rounds):
+    """How much longer an import of one tenant takes where it has to wipe the rows of many."""
+    many, one = bench.portfolio(tenants, start, "Week"), bench.portfolio(1, TODAY, "Week")
+    writing, _, counts = bench.time_import(many, "full.mdb")
+    wipes = []
+    for _ in range(rounds):
+        shutil.copy(bench.path("full.mdb"), bench.path(WORK))
+        wiping, _ = bench.timed(bench.import_command(one, bench.path(WORK)))
+        wipes.append(wiping - bench.time_import(one)[0])
+    print(f"wiping {sum(counts)} rows takes {statistics.median(wipes) / writing:.1%} of the time that wrote them")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--programs", default="build/release/bin")
@@ -238,12 +297,16 @@ def main():
     arguments = parser.parse_args()
     with tempfile.TemporaryDirectory() as folder:
         bench = Bench(arguments.programs, folder)
+        jet = Bench(arguments.programs, folder, "jet")
         if arguments.brief:
             compare_in_one_transaction(bench, 20, "2025-11-24", 1)
             compare_with_autocommit(bench, 5, "2026-08-03")
             compare_tenant_counts(bench, 10, 80, "2026-10-05")
             compare_memory(bench, 5, ["2026-09-01"])
             compare_memory_of_tenants(bench, 5, 50)
+            compare_formats(bench, jet, 20, "2025-11-24", 1)
+            compare_wipe(jet, 20, "2025-11-24", 1)
+            compare_tenant_counts(jet, 10, 80, "2026-10-05")
             return
         ours = compare_in_one_transaction(bench, 2000, "2021-11-22", 5)
         autocommit = compare_with_autocommit(bench, 20, "2021-11-22")
@@ -252,6 +315,9 @@ def main():
             compare_tenant_counts(bench, 1000, 32000, start, *options)
         compare_memory(bench, 100, ["2024-11-21", "2016-11-21", "1996-11-21"])
         compare_memory_of_tenants(bench, 1000, 32000)
+        compare_formats(bench, jet, 2000, "2021-11-22", 5)
+        compare_wipe(jet, 2600, "2021-11-22", 5)
+        compare_tenant_counts(jet, 1000, 32000, "2026-05-25")
 
 
 if __name__ == "__main__":
