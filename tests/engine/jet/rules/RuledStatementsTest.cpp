@@ -35,6 +35,15 @@ NewTable Notes() {
     return table;
 }
 
+NewTable Keys() {
+    NewTable table;
+    table.name = QStringLiteral("keys");
+    table.columns = {ColumnOf("house", ColumnType::Text, 10), ColumnOf("number", ColumnType::Double)};
+    table.indexes = {IndexOver("by house", {"house"})};
+    table.indexes.front().refusesNulls = true;
+    return table;
+}
+
 constexpr std::uint8_t Cascade = 1;
 constexpr std::uint8_t SetNull = 2;
 
@@ -89,7 +98,7 @@ protected:
         return ReadRows(path, sql).join(QLatin1String(", ")).toStdString();
     }
 
-    RulesFile made{{Owners(), Houses(), Notes()}};
+    RulesFile made{{Owners(), Houses(), Notes(), Keys()}};
     QTemporaryDir folder;
     QString path = folder.filePath(QStringLiteral("property.mdb"));
     std::unique_ptr<Database> database;
@@ -124,6 +133,15 @@ TEST_F(JetRuledStatements, SoDoesWhatARowSetLeavesAlone) {
     rows->Fields(QStringLiteral("fee")).Set(Null());
     rows->Update(dbUpdateRegular, false);
     EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|nobody|7.5, B|nobody|NULL");
+}
+
+// Inserts of a shape that wait for one another would be told later, as lost.
+TEST_F(JetRuledStatements, ANullThatAnIndexRefusesFailsWithItsOwnStatement) {
+    EXPECT_EQ(NumberOf("insert into keys (house, number) values ('A', 1)"), 0);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(NumberOf("insert into keys (number) values (2)"), ErrorNumber::NullNotAllowed);
+    }
+    EXPECT_EQ(Rows("select house from keys"), "A");
 }
 
 TEST_F(JetRuledStatements, ANewRowOfARowSetHoldsItsDefaultsAtOnce) {
