@@ -44,6 +44,16 @@ NewTable Keys() {
     return table;
 }
 
+// With longer rows than a page takes.
+NewTable Letters() {
+    NewTable table;
+    table.name = QStringLiteral("letters");
+    for (const char* column : {"a", "b", "c", "d", "e", "f", "g", "h", "i"}) {
+        table.columns.push_back(ColumnOf(column, ColumnType::Text, 255));
+    }
+    return table;
+}
+
 constexpr std::uint8_t Cascade = 1;
 constexpr std::uint8_t SetNull = 2;
 
@@ -86,7 +96,7 @@ protected:
         return *database;
     }
     Failing Execute(const char* statement) {
-        return FailureOf([&] { Opened().Execute(QLatin1String(statement)); });
+        return FailureOf([&] { Opened().Execute(QString::fromUtf8(statement)); });
     }
     int NumberOf(const char* statement) { return Execute(statement).number; }
 
@@ -98,7 +108,7 @@ protected:
         return ReadRows(path, sql).join(QLatin1String(", ")).toStdString();
     }
 
-    RulesFile made{{Owners(), Houses(), Notes(), Keys()}};
+    RulesFile made{{Owners(), Houses(), Notes(), Keys(), Letters()}};
     QTemporaryDir folder;
     QString path = folder.filePath(QStringLiteral("property.mdb"));
     std::unique_ptr<Database> database;
@@ -142,6 +152,18 @@ TEST_F(JetRuledStatements, ANullThatAnIndexRefusesFailsWithItsOwnStatement) {
         EXPECT_EQ(NumberOf("insert into keys (number) values (2)"), ErrorNumber::NullNotAllowed);
     }
     EXPECT_EQ(Rows("select house from keys"), "A");
+}
+
+TEST_F(JetRuledStatements, ARowThatNoPageTakesFailsWithItsOwnStatement) {
+    const QString text(255, QChar(0x044F));
+    const QStringList values(9, QLatin1Char('\'') + text + QLatin1Char('\''));
+    const QString statement = QStringLiteral("insert into letters (a, b, c, d, e, f, g, h, i) values (%1)")
+                                  .arg(values.join(QLatin1Char(',')));
+    EXPECT_EQ(NumberOf("insert into letters (a) values ('short')"), 0);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(NumberOf(statement.toUtf8().constData()), ErrorNumber::RecordTooLarge);
+    }
+    EXPECT_EQ(Rows("select a from letters"), "short");
 }
 
 TEST_F(JetRuledStatements, ANewRowOfARowSetHoldsItsDefaultsAtOnce) {
