@@ -47,11 +47,11 @@ std::vector<Key> KeysOf(Rows rows, int count) {
         Key& key = keys[static_cast<std::size_t>(row)];
         if (rows == Rows::TenantByTenant) {
             tenant = row % 104 == 0 ? QStringLiteral("Tenant %1").arg(random() % 100000) : tenant;
-            AppendColumnKey(key, {KeyType::Text}, tenant);
-            AppendColumnKey(key, {KeyType::DateTime}, 40000.0 + row % 104 * 7);
+            AppendColumnKey(key, {ColumnType::Text}, tenant);
+            AppendColumnKey(key, {ColumnType::DateTime}, 40000.0 + row % 104 * 7);
         } else {
             const int number = rows == Rows::RisingNumbers ? row : static_cast<int>(random() % 1000000);
-            AppendColumnKey(key, {KeyType::Long}, qint64(number));
+            AppendColumnKey(key, {ColumnType::Long}, qint64(number));
         }
     }
     return keys;

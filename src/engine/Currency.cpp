@@ -2,6 +2,9 @@
 
 #include "platform/Failure.h"
 
+#include <QByteArray>
+#include <QLocale>
+
 #include <cmath>
 
 namespace engine {
@@ -19,6 +22,32 @@ Currency Currency::FromDouble(double value) {
         platform::RaiseOverflow();
     }
     return Currency(static_cast<qint64>(scaled));
+}
+
+// The shortest digits that make a number are those that were entered. Scaling the number itself would change
+// large amounts in their last digits.
+Currency Currency::FromKept(double value) {
+    constexpr qsizetype Decimals = 4;
+    if (!(std::abs(value) > LastExact)) {
+        return FromDouble(value);
+    }
+    QByteArray digits = QByteArray::number(value, 'f', QLocale::FloatingPointShortest);
+    const qsizetype point = digits.indexOf('.');
+    const qsizetype decimals = point < 0 ? 0 : digits.size() - point - 1;
+    digits = digits.replace(".", "") + QByteArray(qMax(Decimals - decimals, qsizetype{0}), '0');
+    bool fits = false;
+    const qint64 scaled = digits.toLongLong(&fits);
+    return fits && decimals <= Decimals ? Currency(scaled) : FromDouble(value);
+}
+
+// A large amount has more digits than a double, and so is divided before it becomes one: rounded once.
+double Currency::ToDouble() const {
+    constexpr auto AsDouble = static_cast<double>(Scale);
+    constexpr auto LastScaled = static_cast<qint64>(LastExact) * Scale;
+    if (scaled_ >= -LastScaled && scaled_ <= LastScaled) {
+        return static_cast<double>(scaled_) / AsDouble;
+    }
+    return static_cast<double>(scaled_ / Scale) + static_cast<double>(scaled_ % Scale) / AsDouble;
 }
 
 Currency Currency::RoundedToCents() const {

@@ -11,8 +11,8 @@ class Currency {
 public:
     static constexpr qint64 Scale = 10000;
 
-    /// Up to here a double tells four decimal places apart, and scaled it still has all of its digits.
-    static constexpr double LastExact = 9e11;
+    /// Up to here a double tells four decimal places apart, also when it has been scaled.
+    static constexpr double LastExact = 2.5e11;
 
     constexpr Currency() = default;
     static constexpr Currency FromScaled(qint64 scaled) { return Currency(scaled); }
@@ -21,8 +21,13 @@ public:
     /// (platform failure 6).
     static Currency FromDouble(double value);
 
+    /// The amount that a double stands for, where one is kept as a double: what ToDouble has made of an
+    /// amount with cents comes back as it was, up to 70,368,744,177,664. Overflows as FromDouble does.
+    static Currency FromKept(double value);
+
     constexpr qint64 Scaled() const { return scaled_; }
-    double ToDouble() const { return static_cast<double>(scaled_) / static_cast<double>(Scale); }
+    /// The nearest one.
+    double ToDouble() const;
 
     /// To 2 decimal places, ties to even.
     Currency RoundedToCents() const;

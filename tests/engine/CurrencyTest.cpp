@@ -59,6 +59,27 @@ TEST(CurrencyTest, WhatDoesNotFitOverflows) {
                  platform::Failure);
 }
 
+TEST(CurrencyTest, ALargeAmountComesBackFromADouble) {
+    EXPECT_EQ(Currency::FromScaled(307'445'734'561'824'800).ToDouble(), 30744573456182.48);
+    EXPECT_EQ(Currency::FromKept(30744573456182.48).Scaled(), 307'445'734'561'824'800);
+    EXPECT_EQ(Currency::FromKept(-900000000000.07).Scaled(), -9'000'000'000'000'700);
+    EXPECT_EQ(Currency::FromKept(549755813888.06).Scaled(), 5'497'558'138'880'600);
+    EXPECT_EQ(Currency::FromKept(1e14).Scaled(), 1'000'000'000'000'000'000);
+    EXPECT_EQ(Currency::FromKept(0.03125).Scaled(), 312) << "a small one is rounded";
+    EXPECT_EQ(Currency::FromKept(1e12 + 0.0001220703125).Scaled(), 10'000'000'000'000'001)
+        << "and so is one of more decimals";
+    EXPECT_EQ(Currency::FromScaled(std::numeric_limits<qint64>::min()).ToDouble(), -922337203685477.5808);
+    for (const double value : {1e15, -1e15, std::nan(""), -std::numeric_limits<double>::infinity()}) {
+        EXPECT_THROW(Currency::FromKept(value), platform::Failure) << value;
+    }
+}
+
+RC_GTEST_PROP(CurrencyTest, CentsComeBackFromADouble, (qint64 number)) {
+    constexpr qint64 Most = 7'036'874'417'766'399;
+    const Currency amount = Currency::FromScaled(number % Most * 100);
+    RC_ASSERT(Currency::FromKept(amount.ToDouble()) == amount);
+}
+
 RC_GTEST_PROP(CurrencyTest, TextReadsBackAsTheSameAmount, (qint64 scaled)) {
     const QString text = Currency::FromScaled(scaled).ToText(QStringLiteral("."));
     QString digits = text;

@@ -112,6 +112,33 @@ TEST_F(DynasetTest, ANewRowTakesEveryNatureOfValue) {
     EXPECT_TRUE(IsNull(again->Fields(QStringLiteral("two words")).Get()));
 }
 
+// On their way they are doubles, which tell cents of amounts up to 70,368,744,177,664 apart. Scaled by 10,000
+// they have more digits than a double.
+TEST_F(DynasetTest, LargeAmountsKeepTheirCents) {
+    for (const qint64 cents : {54'975'581'388'806, 90'000'000'000'007, 899'999'999'999'999,
+                               3'074'457'345'618'248, -3'074'457'345'618'248, 7'036'874'417'766'399}) {
+        const Currency amount = Currency::FromScaled(cents * 100);
+        const QString text = amount.ToText(QStringLiteral("."));
+        database->Execute(QStringLiteral("delete from things"));
+        database->Execute(QStringLiteral("insert into things(money) values(%1)").arg(text));
+        const auto rows = Dynaset("select money from things");
+        EXPECT_EQ(rows->Fields(0).Get(), Value(amount)) << "of a statement: " << text.toStdString();
+        for (const Value& value : {Value(amount), Value(text.toDouble())}) {
+            rows->Edit();
+            rows->Fields(0).Set(Null());
+            rows->Update();
+            rows->Edit();
+            rows->Fields(0).Set(value);
+            rows->Update();
+            EXPECT_EQ(Dynaset("select money from things")->Fields(0).Get(), Value(amount))
+                << "of a row set: " << text.toStdString();
+        }
+        EXPECT_EQ(Rows(qPrintable(QStringLiteral("select money = %1 from things").arg(text))),
+                  QStringList{QStringLiteral("1")})
+            << "to another reader: " << text.toStdString();
+    }
+}
+
 TEST_F(DynasetTest, AnAddedRowIsNotAmongTheRowsOfTheSet) {
     const auto rows = Dynaset("select * from things");
     rows->AddNew();

@@ -2,10 +2,10 @@
 #include "engine/jet/Catalogue.h"
 #include "engine/jet/FileCheck.h"
 #include "engine/jet/IndexCursor.h"
-#include "engine/jet/KeptIndexes.h"
 #include "engine/jet/ModelDisk.h"
 #include "engine/jet/PagedFile.h"
 #include "engine/jet/SomeDatabase.h"
+#include "engine/jet/TableWithIndexes.h"
 
 #include <algorithm>
 #include <cstddef>

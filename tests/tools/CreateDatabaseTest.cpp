@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -78,6 +79,27 @@ TEST_F(CreateDatabase, RowSetTablesUseEveryTypeThatHasADefault) {
 
 // The import looks up a tenant's periods and receipts once for each balance: without an index that costs the
 // square of their number. Any other index only makes inserts dearer.
+TEST_F(CreateDatabase, TablesHaveTheColumnsThatTheDocumentTells) {
+    ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
+    const QStringList made =
+        QString::fromUtf8(
+            QueryDatabase(Path(),
+                          QStringLiteral("select '| `' || made.name || '` | ' || "
+                                         "group_concat('`' || columns.name || '` ' || columns.type, ', ') || "
+                                         "' |' from sqlite_master as made, pragma_table_info(made.name) as "
+                                         "columns where made.type = 'table' group by made.name")))
+            .split(QLatin1Char('\n'));
+    const QRegularExpression line(QStringLiteral("^\\| `\\w+` \\| `[^`]+` [A-Z].* \\|$"),
+                                  QRegularExpression::MultilineOption);
+    auto told = line.globalMatch(QString::fromUtf8(FileBytes(QStringLiteral(DATABASE_DOCUMENT))));
+    int tables = 0;
+    for (; told.hasNext(); ++tables) {
+        const QString table = told.next().captured();
+        EXPECT_TRUE(made.contains(table)) << table.toStdString();
+    }
+    EXPECT_GT(tables, 20);
+}
+
 TEST_F(CreateDatabase, HasIndexesForWhatTheImportLooksUpAndNoOthers) {
     ASSERT_EQ(RunCreateDatabase({Path()}).status, 0);
     const auto planOf = [this](const char* statement) {

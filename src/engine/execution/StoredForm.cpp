@@ -54,9 +54,7 @@ StoredForm Money(const Column& column, const Value& value) {
     }
     const double number = NumberFor(column, value);
     try {
-        const Currency amount = Currency::FromDouble(number);
-        // Beyond this it is already as near as it can be.
-        return std::abs(number) < Currency::LastExact ? Amount(amount) : StoredForm(number);
+        return Amount(Currency::FromKept(number));
     } catch (const platform::Failure&) {
         RaiseWrongType(column.name);
     }

@@ -72,7 +72,7 @@ Value ReadNumber(sqlite3_stmt* statement, int place, DataType type) {
         case dbBoolean:
             return sqlite3_column_double(statement, place) != 0;
         case dbCurrency:
-            return Currency::FromDouble(sqlite3_column_double(statement, place));
+            return Currency::FromKept(sqlite3_column_double(statement, place));
         case dbSingle:
         case dbDouble:
             return sqlite3_column_double(statement, place);

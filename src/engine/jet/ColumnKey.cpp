@@ -133,28 +133,28 @@ void AppendDecimal(Key& key, const QByteArray& stored, Order order) {
 }
 
 // Of types whose bytes in descending order are those in ascending order, inverted.
-void AppendNumber(Key& key, KeyType type, const Value& value) {
+void AppendNumber(Key& key, std::uint8_t type, const Value& value) {
     switch (type) {
-        case KeyType::Boolean:
+        case ColumnType::Boolean:
             key.push_back(Expect<bool>(value) ? 0x00 : 0xFF);
             return;
-        case KeyType::Byte:
+        case ColumnType::Byte:
             AppendByte(key, Expect<qint64>(value));
             return;
-        case KeyType::Short:
+        case ColumnType::Short:
             AppendSigned<qint16>(key, Expect<qint64>(value));
             return;
-        case KeyType::Long:
+        case ColumnType::Long:
             AppendSigned<qint32>(key, Expect<qint64>(value));
             return;
-        case KeyType::Currency:
+        case ColumnType::Currency:
             AppendSigned<qint64>(key, Expect<engine::Currency>(value).Scaled());
             return;
-        case KeyType::Single:
+        case ColumnType::Single:
             AppendFloating(key, std::bit_cast<quint32>(static_cast<float>(Expect<double>(value))));
             return;
-        case KeyType::Double:
-        case KeyType::DateTime:
+        case ColumnType::Double:
+        case ColumnType::DateTime:
             AppendFloating(key, std::bit_cast<quint64>(Expect<double>(value)));
             return;
         default:
@@ -166,17 +166,17 @@ void AppendValue(Key& key, const KeyColumn& column, const Value& value) {
     key.push_back(column.order == Order::Ascending ? ValueAscending : ValueDescending);
     const std::size_t begin = key.size();
     switch (column.type) {
-        case KeyType::Text:
-        case KeyType::Memo:
+        case ColumnType::Text:
+        case ColumnType::Memo:
             AppendTextKey(key, Expect<QString>(value), column.order);
             return;
-        case KeyType::Binary:
+        case ColumnType::Binary:
             AppendBinary(key, Expect<QByteArray>(value), column.order);
             return;
-        case KeyType::Guid:
+        case ColumnType::Guid:
             AppendGuid(key, Expect<QByteArray>(value), column.order);
             return;
-        case KeyType::Decimal:
+        case ColumnType::Decimal:
             AppendDecimal(key, Expect<QByteArray>(value), column.order);
             return;
         default:
@@ -190,7 +190,7 @@ void AppendValue(Key& key, const KeyColumn& column, const Value& value) {
 }  // namespace
 
 void AppendColumnKey(Key& key, const KeyColumn& column, const Value& value) {
-    if (IsNull(value) && column.type != KeyType::Boolean) {
+    if (IsNull(value) && column.type != ColumnType::Boolean) {
         key.push_back(column.order == Order::Ascending ? NullAscending : NullDescending);
         return;
     }

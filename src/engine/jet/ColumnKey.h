@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/Value.h"
-#include "engine/jet/KeyType.h"
+#include "engine/jet/ColumnType.h"
 #include "engine/jet/TextKey.h"
 
 #include <span>
@@ -9,7 +9,7 @@
 namespace engine::jet {
 
 struct KeyColumn {
-    KeyType type;
+    std::uint8_t type;
     Order order = Order::Ascending;
 };
 

@@ -113,7 +113,7 @@ QByteArray Money(const Column& column, const Value& value) {
     if (!(std::abs(number) < most)) {
         RaiseWrongType(column.name);
     }
-    return BytesOfNumber(Currency::FromDouble(number).Scaled());
+    return BytesOfNumber(Currency::FromKept(number).Scaled());
 }
 
 QByteArray SingleNumber(const Column& column, const Value& value) {

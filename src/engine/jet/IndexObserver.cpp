@@ -39,7 +39,7 @@ IndexRules RulesOf(const TableLayout& layout, int place) {
 std::vector<KeyColumn> KeyColumnsOf(const TableLayout& layout, int place) {
     std::vector<KeyColumn> columns;
     for (const IndexColumn& column : layout.indexes[static_cast<std::size_t>(place)].columns) {
-        columns.push_back({static_cast<KeyType>(layout.columns[static_cast<std::size_t>(column.column)].type),
+        columns.push_back({layout.columns[static_cast<std::size_t>(column.column)].type,
                            column.ascending ? Order::Ascending : Order::Descending});
     }
     return columns;

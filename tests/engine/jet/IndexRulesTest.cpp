@@ -11,7 +11,7 @@ namespace engine::jet {
 
 namespace {
 
-constexpr KeyColumn Columns[] = {{KeyType::Long}, {KeyType::Text, Order::Descending}};
+constexpr KeyColumn Columns[] = {{ColumnType::Long}, {ColumnType::Text, Order::Descending}};
 
 RowKey KeyOf(const Value& number, const Value& text) {
     RowKey key;

@@ -38,7 +38,7 @@ public:
     /// Takes a change back behind the tree's back.
     template <class Change>
     void Undone(Change change) {
-        const MemoryStore::State state = store.Save();
+        const WatchedPages::State state = store.Save();
         const std::set<PageNumber> pagesBefore = pages.pages;
         const std::set<Key> plainBefore = plain;
         change();
@@ -106,26 +106,26 @@ Key RandomKey(Random& random, Kind kind, Order order) {
     Key key;
     switch (kind) {
         case Kind::Numbers:
-            AppendColumnKey(key, {KeyType::Long, order}, qint64(Below(random, 2000000) - 1000000));
+            AppendColumnKey(key, {ColumnType::Long, order}, qint64(Below(random, 2000000) - 1000000));
             break;
         case Kind::FewNumbers:
-            AppendColumnKey(key, {KeyType::Byte, order}, qint64(Below(random, 4)));
+            AppendColumnKey(key, {ColumnType::Byte, order}, qint64(Below(random, 4)));
             break;
         case Kind::ShortTexts:
-            AppendColumnKey(key, {KeyType::Text, order}, RandomText(random, 12));
+            AppendColumnKey(key, {ColumnType::Text, order}, RandomText(random, 12));
             break;
         case Kind::LongTexts:
-            AppendColumnKey(key, {KeyType::Text, order}, RandomText(random, 255));
+            AppendColumnKey(key, {ColumnType::Text, order}, RandomText(random, 255));
             break;
         case Kind::SharedBeginnings:
             AppendColumnKey(
-                key, {KeyType::Text, order},
+                key, {ColumnType::Text, order},
                 QString(40 * Below(random, 5), QLatin1Char('x')) + QString::number(Below(random, 50000)));
             break;
         case Kind::Compound:
-            AppendColumnKey(key, {KeyType::Text, order}, RandomText(random, 2));
-            AppendColumnKey(key, {KeyType::Double}, double(Below(random, 1000)));
-            AppendColumnKey(key, {KeyType::Long},
+            AppendColumnKey(key, {ColumnType::Text, order}, RandomText(random, 2));
+            AppendColumnKey(key, {ColumnType::Double}, double(Below(random, 1000)));
+            AppendColumnKey(key, {ColumnType::Long},
                             Below(random, 5) == 0 ? Value() : Value(qint64(Below(random, 9))));
             break;
         case Kind::LongestKeys:

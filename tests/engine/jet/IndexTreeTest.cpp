@@ -13,7 +13,7 @@ namespace {
 
 Key KeyOf(int number) {
     Key key;
-    AppendColumnKey(key, {KeyType::Long}, qint64(number));
+    AppendColumnKey(key, {ColumnType::Long}, qint64(number));
     return key;
 }
 
@@ -257,11 +257,11 @@ TEST_F(IndexTreeTest, EntriesUpToTheLongestAreTakenAndLongerOnesRefused) {
 
 TEST_F(IndexTreeTest, TheLongestKeyOfATextFits) {
     Key key;
-    AppendColumnKey(key, {KeyType::Text}, QString(300, QChar(0x05F0)));
+    AppendColumnKey(key, {ColumnType::Text}, QString(300, QChar(0x05F0)));
     EXPECT_EQ(key.size(), 1023U);
     index.tree->Insert(key, 1);
     Key places;
-    AppendColumnKey(places, {KeyType::Text, Order::Descending}, QString(300, QLatin1Char('-')));
+    AppendColumnKey(places, {ColumnType::Text, Order::Descending}, QString(300, QLatin1Char('-')));
     index.tree->Insert(places, 2);
     ExpectSound();
     EXPECT_LT(places.size(), IndexForm::LongestEntry - 4);

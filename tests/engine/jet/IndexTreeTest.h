@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Hex.h"
-#include "MemoryStore.h"
 #include "TreeCheck.h"
+#include "WatchedPages.h"
 #include "engine/jet/IndexPageEdit.h"
 #include "engine/jet/IndexTree.h"
 
@@ -26,7 +26,7 @@ public:
 
     TreeFindings Check() { return CheckTree(store, table, root, pages.pages); }
 
-    MemoryStore store;
+    WatchedPages store;
     PageSet pages;
     PageNumber table = 0;
     PageNumber root = 0;

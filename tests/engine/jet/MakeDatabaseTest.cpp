@@ -1,7 +1,7 @@
 #include "IsSound.h"
 #include "JetTest.h"
-#include "KeptIndexes.h"
 #include "ModelDisk.h"
+#include "TableWithIndexes.h"
 #include "engine/jet/Catalogue.h"
 #include "engine/jet/FreePages.h"
 #include "engine/jet/MakeDatabase.h"

@@ -1,7 +1,7 @@
 #include "SomeDatabase.h"
 
-#include "KeptIndexes.h"
 #include "ModelDisk.h"
+#include "TableWithIndexes.h"
 #include "engine/jet/Catalogue.h"
 #include "engine/jet/MakeDatabase.h"
 #include "engine/jet/PagedFile.h"

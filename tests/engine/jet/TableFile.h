@@ -1,8 +1,8 @@
 #pragma once
 
 #include "IsSound.h"
-#include "KeptIndexes.h"
 #include "ModelDisk.h"
+#include "TableWithIndexes.h"
 #include "engine/jet/Catalogue.h"
 #include "engine/jet/MakeDatabase.h"
 #include "engine/jet/PagedFile.h"

@@ -14,8 +14,8 @@ using Values = std::array<Value, 2>;
 class TableIndexTest : public ::testing::Test {
 protected:
     TableIndex& Index(const IndexRules& rules) {
-        index.emplace(rules, std::vector<KeyColumn>{{KeyType::Long}, {KeyType::Text}}, own.store, own.pages,
-                      own.table, own.root);
+        index.emplace(rules, std::vector<KeyColumn>{{ColumnType::Long}, {ColumnType::Text}}, own.store,
+                      own.pages, own.table, own.root);
         return *index;
     }
 
@@ -88,7 +88,7 @@ TEST_F(TableIndexTest, APrimaryKeyRefusesNullsBeforeDuplicates) {
 
 TEST_F(TableIndexTest, AKeyThatIsTooLongIsRefusedBeforeTheRowComes) {
     const QString longest(255, QChar(0x05F0));
-    const std::vector<KeyColumn> twice = {{KeyType::Text}, {KeyType::Text}};
+    const std::vector<KeyColumn> twice = {{ColumnType::Text}, {ColumnType::Text}};
     TableIndex texts(Plain, twice, own.store, own.pages, own.table, own.root);
     EXPECT_EQ(FailureOf([&] { texts.CheckNew(Values{longest, longest}); }), ErrorNumber::Other);
     EXPECT_EQ(FailureOf([&] { texts.CheckNew(Values{longest, longest.left(40)}); }), 0);

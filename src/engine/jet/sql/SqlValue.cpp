@@ -3,10 +3,7 @@
 #include "engine/execution/StoredForm.h"
 #include "platform/Utf8.h"
 
-#include <QLocale>
-
 #include <cmath>
-#include <limits>
 
 namespace engine::jet {
 
@@ -63,32 +60,6 @@ Value WholeNumberFrom(sqlite3_value* value) {
     return real == nullptr ? number : Value(std::nearbyint(*real));
 }
 
-// The shortest digits that make a number are those that were typed. Scaling the number itself would change
-// large amounts in their last digits.
-Value ExactAmount(double number) {
-    constexpr qsizetype Decimals = 4;
-    QByteArray digits = QByteArray::number(number, 'f', QLocale::FloatingPointShortest);
-    const qsizetype point = digits.indexOf('.');
-    const qsizetype decimals = point < 0 ? 0 : digits.size() - point - 1;
-    if (decimals > Decimals) {
-        return number;
-    }
-    digits = digits.replace(".", "") + QByteArray(Decimals - decimals, '0');
-    bool fits = false;
-    const qint64 scaled = digits.toLongLong(&fits);
-    return fits ? Value(Currency::FromScaled(scaled)) : Value(number);
-}
-
-Value MoneyFrom(sqlite3_value* value) {
-    const Value number = NumberFrom(value);
-    if (const auto* whole = std::get_if<qint64>(&number)) {
-        const bool fits = std::abs(*whole) <= std::numeric_limits<qint64>::max() / Currency::Scale;
-        return fits ? Value(Currency::FromScaled(*whole * Currency::Scale)) : number;
-    }
-    const auto* real = std::get_if<double>(&number);
-    return real != nullptr && std::abs(*real) > Currency::LastExact ? ExactAmount(*real) : number;
-}
-
 Value DateFrom(sqlite3_value* value) {
     if (sqlite3_value_type(value) != SQLITE_TEXT) {
         return ByItsNature(value);
@@ -131,6 +102,7 @@ Value FromSql(const Column& column, sqlite3_value* value) {
     }
     switch (column.type) {
         case ColumnType::Boolean:
+        case ColumnType::Currency:
         case ColumnType::Single:
         case ColumnType::Double:
             return NumberFrom(value);
@@ -138,8 +110,6 @@ Value FromSql(const Column& column, sqlite3_value* value) {
         case ColumnType::Short:
         case ColumnType::Long:
             return WholeNumberFrom(value);
-        case ColumnType::Currency:
-            return MoneyFrom(value);
         case ColumnType::DateTime:
             return DateFrom(value);
         case ColumnType::Text:

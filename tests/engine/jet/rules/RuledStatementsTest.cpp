@@ -35,6 +35,25 @@ NewTable Notes() {
     return table;
 }
 
+NewTable Keys() {
+    NewTable table;
+    table.name = QStringLiteral("keys");
+    table.columns = {ColumnOf("house", ColumnType::Text, 10), ColumnOf("number", ColumnType::Double)};
+    table.indexes = {IndexOver("by house", {"house"})};
+    table.indexes.front().refusesNulls = true;
+    return table;
+}
+
+// With longer rows than a page takes.
+NewTable Letters() {
+    NewTable table;
+    table.name = QStringLiteral("letters");
+    for (const char* column : {"a", "b", "c", "d", "e", "f", "g", "h", "i"}) {
+        table.columns.push_back(ColumnOf(column, ColumnType::Text, 255));
+    }
+    return table;
+}
+
 constexpr std::uint8_t Cascade = 1;
 constexpr std::uint8_t SetNull = 2;
 
@@ -77,7 +96,7 @@ protected:
         return *database;
     }
     Failing Execute(const char* statement) {
-        return FailureOf([&] { Opened().Execute(QLatin1String(statement)); });
+        return FailureOf([&] { Opened().Execute(QString::fromUtf8(statement)); });
     }
     int NumberOf(const char* statement) { return Execute(statement).number; }
 
@@ -89,7 +108,7 @@ protected:
         return ReadRows(path, sql).join(QLatin1String(", ")).toStdString();
     }
 
-    RulesFile made{{Owners(), Houses(), Notes()}};
+    RulesFile made{{Owners(), Houses(), Notes(), Keys(), Letters()}};
     QTemporaryDir folder;
     QString path = folder.filePath(QStringLiteral("property.mdb"));
     std::unique_ptr<Database> database;
@@ -124,6 +143,27 @@ TEST_F(JetRuledStatements, SoDoesWhatARowSetLeavesAlone) {
     rows->Fields(QStringLiteral("fee")).Set(Null());
     rows->Update(dbUpdateRegular, false);
     EXPECT_EQ(Rows("select code, name, fee from owner order by code"), "A|nobody|7.5, B|nobody|NULL");
+}
+
+// Inserts of a shape that wait for one another would be told later, as lost.
+TEST_F(JetRuledStatements, ANullThatAnIndexRefusesFailsWithItsOwnStatement) {
+    EXPECT_EQ(NumberOf("insert into keys (house, number) values ('A', 1)"), 0);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(NumberOf("insert into keys (number) values (2)"), ErrorNumber::NullNotAllowed);
+    }
+    EXPECT_EQ(Rows("select house from keys"), "A");
+}
+
+TEST_F(JetRuledStatements, ARowThatNoPageTakesFailsWithItsOwnStatement) {
+    const QString text(255, QChar(0x044F));
+    const QStringList values(9, QLatin1Char('\'') + text + QLatin1Char('\''));
+    const QString statement = QStringLiteral("insert into letters (a, b, c, d, e, f, g, h, i) values (%1)")
+                                  .arg(values.join(QLatin1Char(',')));
+    EXPECT_EQ(NumberOf("insert into letters (a) values ('short')"), 0);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(NumberOf(statement.toUtf8().constData()), ErrorNumber::RecordTooLarge);
+    }
+    EXPECT_EQ(Rows("select a from letters"), "short");
 }
 
 TEST_F(JetRuledStatements, ANewRowOfARowSetHoldsItsDefaultsAtOnce) {

@@ -48,7 +48,7 @@ private:
         std::vector<KeyColumn> columns;
         for (const IndexColumn& column : index.columns) {
             const std::uint8_t type = layout.columns[static_cast<std::size_t>(column.column)].type;
-            columns.push_back({KeyType{type}, column.ascending ? Order::Ascending : Order::Descending});
+            columns.push_back({type, column.ascending ? Order::Ascending : Order::Descending});
         }
         return columns;
     }

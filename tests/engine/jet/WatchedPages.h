@@ -13,7 +13,7 @@ namespace engine::jet {
 
 /// Pages in memory alone. Whoever reads or changes a page that nobody uses is found out, unless the pages are
 /// damaged anyway.
-class MemoryStore : public PageStore {
+class WatchedPages : public PageStore {
 public:
     bool isDamaged = false;
 
