@@ -93,6 +93,17 @@ function(wrenfield_library name)
   endif()
 endfunction()
 
+# wrenfield_program(<name> <title> <source> <library>)
+# A program that users have. The title is what Windows calls it.
+function(wrenfield_program name title source library)
+  add_executable(${name} ${source})
+  target_link_libraries(${name} PRIVATE ${library})
+  wrenfield_compile_options(${name})
+  if(WIN32)
+    wrenfield_resources(${name} ${title})
+  endif()
+endfunction()
+
 # Tests are compiled more often than they run; what they test keeps its full optimisation. The sanitizers make much code
 # of each line, and nothing takes as long as making that code good.
 function(wrenfield_test_options target)

@@ -8,10 +8,6 @@ set_source_files_properties(support/JetReader.cpp PROPERTIES
 wrenfield_test_options(test_support)
 wrenfield_precompile(test_support test_support ${wrenfield_test_headers})
 
-add_executable(write-rows support/WriteRows.cpp)
-target_link_libraries(write-rows PRIVATE engine platform)
-wrenfield_test_options(write-rows)
-
 add_subdirectory(platform/windows)
 add_subdirectory(engine/jet/windows)
 
@@ -48,7 +44,7 @@ wrenfield_test(tools_test
   USES tools)
 
 # Programs of this system stand beside those for Windows and run them, so that scripts need not know.
-foreach(name IN ITEMS wrenfield-import hearthbook-create-database write-rows)
+foreach(name IN ITEMS wrenfield-import hearthbook-create-database write-rows read-rows)
   configure_file(support/windows/under-wine.in ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name} @ONLY
                  FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 endforeach()

@@ -1,7 +1,8 @@
 #include "shell/Pictures.h"
 
+#include "shell/DrawPicture.h"
+
 #include <QPainter>
-#include <QSvgRenderer>
 #include <QWidget>
 
 /// The picture lies in this library, which programs only take the parts of that they name. Outside of all
@@ -14,37 +15,30 @@ namespace shell {
 
 namespace {
 
-QString PictureFile(const char* name) {
-    BringPictures();
-    return QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(name));
-}
-
 class WarningSign : public QWidget {
 public:
-    explicit WarningSign(QWidget* parent) : QWidget(parent), renderer_(PictureFile("warning")) {
+    explicit WarningSign(QWidget* parent) : QWidget(parent) {
+        BringPictures();
         setObjectName(QStringLiteral("Image1"));
     }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        renderer_.render(&painter, QRectF(rect()));
+        DrawPicture(painter, QStringLiteral("warning"), rect());
     }
-
-private:
-    QSvgRenderer renderer_;
 };
 
 }  // namespace
 
 QIcon WizardIcon() {
-    QSvgRenderer renderer(PictureFile("wrenfield-wizard"));
+    BringPictures();
     QIcon icon;
     for (const int side : {16, 32, 48, 128}) {
         QPixmap pixmap(side, side);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        renderer.render(&painter);
+        DrawPicture(painter, QStringLiteral("wrenfield-wizard"), pixmap.rect());
         painter.end();
         icon.addPixmap(pixmap);
     }

@@ -3,9 +3,9 @@
 #include "controls/base/Canvas.h"
 #include "controls/base/Palette.h"
 #include "database/CurrentDatabase.h"
+#include "platform/CommandLine.h"
 #include "platform/Locale.h"
 #include "platform/Process.h"
-#include "platform/Utf8.h"
 #include "shell/Pictures.h"
 #include "shell/ScreenMessageBoxes.h"
 #include "shell/frmMain.h"
@@ -33,20 +33,11 @@ public:
     }
 };
 
-/// What follows the program's name. The toolkit takes options of its own out of what it is given, together
-/// with what stands behind them.
-QString CommandLine(int argc, char** argv) {
-    QStringList arguments;
-    for (int place = 1; place < argc; ++place) {
-        arguments += platform::TextFromUtf8(argv[place]);
-    }
-    return arguments.join(QLatin1Char(' '));
-}
-
 }  // namespace
 
 int Main(int argc, char** argv, std::vector<PageKind> kinds) {
-    const QString commandLine = CommandLine(argc, argv);
+    // Before the toolkit takes options of its own out of it, together with what stands behind them.
+    const QString commandLine = platform::Arguments(argc, argv).join(QLatin1Char(' '));
     WizardApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("wrenfield-wizard"));
     QApplication::setDesktopFileName(QStringLiteral("wrenfield-wizard"));

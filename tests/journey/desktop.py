@@ -146,12 +146,13 @@ class Desktop:
         """Writes what is on the screen, or one window of it, into a picture."""
         self.run(["import", "-window", window or "root", file])
 
-    def settle(self):
-        """Waits until the screen stands still."""
-        def picture():
+    def settle(self, pause=0.0):
+        """Waits until the screen stands still, for so many seconds."""
+        def picture(before=0.0):
+            time.sleep(before)
             return subprocess.run(["import", "-window", "root", "rgb:-"], env=self.environment, check=True,
                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
-        wait_for("the screen to stand still", lambda: picture() == picture())
+        wait_for("the screen to stand still", lambda: picture() == picture(pause))
 
     def close(self):
         for process in reversed(self.processes):

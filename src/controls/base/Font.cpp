@@ -1,6 +1,7 @@
 #include "controls/base/Font.h"
 
 #include "controls/base/Display.h"
+#include "controls/base/Face.h"
 
 #include <algorithm>
 
@@ -8,7 +9,7 @@ namespace controls {
 
 QFont ControlFont(double points, Weight weight, const QString& name) {
     constexpr double TwipsPerPoint = 20.0;
-    QFont font(name);
+    QFont font(FaceFor(name));
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(std::max(1, ToPixels(points * TwipsPerPoint)));
     font.setBold(weight == Weight::Bold);

@@ -2,13 +2,11 @@
 
 #include "controls/base/Display.h"
 #include "controls/base/Font.h"
+#include "shell/WindowBehind.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QGridLayout>
 #include <QMessageBox>
-
-#include <algorithm>
 
 namespace shell {
 
@@ -31,21 +29,6 @@ void SetButtons(QMessageBox& box, QMessageBox::StandardButtons buttons) {
     for (QAbstractButton* button : box.buttons()) {
         button->setIcon({});
     }
-}
-
-/// The window that a box belongs in front of, also while it isn't active yet or another program is.
-QWidget* WindowBehind() {
-    if (QWidget* window = QApplication::activeWindow()) {
-        return window;
-    }
-    if (QWidget* dialog = QApplication::activeModalWidget()) {
-        return dialog;
-    }
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
-        return window->isVisible() && window->windowType() == Qt::Window;
-    });
-    return found == windows.end() ? nullptr : *found;
 }
 
 }  // namespace
