@@ -47,7 +47,9 @@ double Currency::ToDouble() const {
     if (scaled_ >= -LastScaled && scaled_ <= LastScaled) {
         return static_cast<double>(scaled_) / AsDouble;
     }
-    return static_cast<double>(scaled_ / Scale) + static_cast<double>(scaled_ % Scale) / AsDouble;
+    const qint64 whole = scaled_ / Scale;
+    const qint64 rest = scaled_ % Scale;
+    return static_cast<double>(whole) + static_cast<double>(rest) / AsDouble;
 }
 
 Currency Currency::RoundedToCents() const {

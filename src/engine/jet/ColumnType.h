@@ -2,10 +2,9 @@
 
 #include <cstdint>
 
-namespace engine::jet {
-
 /// The types of columns, as a file numbers them.
-namespace ColumnType {
+namespace engine::jet::ColumnType {
+
 inline constexpr std::uint8_t Boolean = 1;
 inline constexpr std::uint8_t Byte = 2;
 inline constexpr std::uint8_t Short = 3;
@@ -20,6 +19,5 @@ inline constexpr std::uint8_t LongBinary = 11;
 inline constexpr std::uint8_t Memo = 12;
 inline constexpr std::uint8_t Guid = 15;
 inline constexpr std::uint8_t Decimal = 16;
-}  // namespace ColumnType
 
-}  // namespace engine::jet
+}  // namespace engine::jet::ColumnType
