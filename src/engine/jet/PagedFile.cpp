@@ -127,7 +127,11 @@ PagedFile::Cached& PagedFile::ChangeCached(PageNumber number) {
     if (MayHoldUsageMaps(cached.page, number)) {
         NoteChangeOfMaps();
     }
+    // Before anything counts on it: memory may run out.
     const bool isAsInFile = !cached.isChanged && number < countBefore_;
+    if (isAsInFile) {
+        cached.before = copies_.Make(cached.page);
+    }
     if (isMarked_ && cached.keptFor != lastMark_) {
         undo_.push_back({number, isAsInFile ? nullptr : copies_.Make(cached.page), cached.isTaken});
         cached.keptFor = lastMark_;
@@ -135,9 +139,6 @@ PagedFile::Cached& PagedFile::ChangeCached(PageNumber number) {
     if (!cached.isChanged) {
         cached.isChanged = true;
         changed_.insert(number);
-    }
-    if (isAsInFile) {
-        cached.before = copies_.Make(cached.page);
     }
     return cached;
 }

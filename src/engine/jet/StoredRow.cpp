@@ -191,7 +191,7 @@ void RowMaker::PutFixedPart(const RowCells& cells, StoredRow& row) const {
         const std::size_t maskAt = row.nullMaskAt_ + known.maskAt;
         bytes.Put8(maskAt, static_cast<std::uint8_t>(bytes.U8(maskAt) | known.maskBit));
         row.cells_[column].isThere = true;
-        if (known.hasFixedBytes != 0) {
+        if (known.hasFixedBytes) {
             bytes.PutBytes(known.at, cells.BytesOf(place).Part(0, known.size));
             row.cells_[column] = {true, known.at, known.size};
         }

@@ -88,7 +88,7 @@ private:
     struct Place {
         std::uint16_t maskAt = 0;
         std::uint8_t maskBit = 0;
-        std::uint8_t hasFixedBytes = 0;
+        bool hasFixedBytes = false;
         std::uint16_t at = 0;
         std::uint16_t size = 0;
     };
