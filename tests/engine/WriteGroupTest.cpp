@@ -38,6 +38,28 @@ TEST_F(WriteGroupTest, AGroupIsNeverOlderThanItsTime) {
         << "the second write brings the first one to the disk";
 }
 
+// Whether the row whose change was lost would be copied is asked with its key, besides what the copy asks for.
+TEST_F(WriteGroupTest, ACopyOfOtherRowsThanThoseWhoseChangeIsLostStays) {
+    database.reset();
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    Listen();
+    database->Execute(QStringLiteral("insert into things(code, number) values('a', 1)"));
+    database->Execute(QStringLiteral("insert into things(code, number) values('b', 2)"));
+    database->Flush();
+    disk.FailOnBytes("unwritable");
+    const auto rows = Dynaset("select * from things where code = 'a'");
+    rows->Edit();
+    rows->Fields(11).Set(QStringLiteral("unwritable"));
+    rows->Update();
+    database->Execute(
+        QStringLiteral("insert into copies(text, number) select code, number from things where code = 'b'"));
+    database->Flush();
+    EXPECT_EQ(lost.size(), 1);
+    EXPECT_TRUE(lost.value(0).startsWith(QStringLiteral("change of a row in things")));
+    EXPECT_EQ(ReadRows(path, "select text, number from copies"), QStringList{QStringLiteral("b|2.0")});
+}
+
 // Other programs that find a Jet file in the middle of a group must never be led to a row that isn't there.
 TEST_F(WriteGroupTest, AGroupOfAJetFileEitherAddsOrRemoves) {
     const bool isJet = FormatUnderTest() == FileFormat::Jet;

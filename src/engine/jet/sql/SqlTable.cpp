@@ -47,35 +47,44 @@ bool SqlTable::CanLookUp(const RealIndex& index) const {
            (first.type == ColumnType::Text && first.sortOrder == GeneralSortOrder && first.sortVersion == 0);
 }
 
+// Of what is asked for, the row's own key is the best, and else the first that an index finds.
 void SqlTable::Plan(sqlite3_index_info& plan) const {
     const auto constraints = std::span(plan.aConstraint, static_cast<std::size_t>(plan.nConstraint));
-    const auto useFor = [&plan, &constraints](const auto& constraint, int way, sqlite3_int64 rows) {
-        plan.aConstraintUsage[&constraint - constraints.data()].argvIndex = 1;
-        plan.idxNum = way;
-        plan.estimatedCost = StepsByIndex;
-        plan.estimatedRows = rows;
-    };
     plan.idxNum = AllRows;
     plan.estimatedCost = StepsThroughAll;
     plan.estimatedRows = RowsOfAll;
-    for (const auto& constraint : constraints) {
+    std::size_t chosen = 0;
+    for (std::size_t place = 0; place < constraints.size(); ++place) {
+        const auto& constraint = constraints[place];
         if (constraint.usable == 0 || constraint.op != SQLITE_INDEX_CONSTRAINT_EQ) {
             continue;
         }
-        if (constraint.iColumn == KeyColumnNumber) {
-            useFor(constraint, RowWithKey, 1);
-            plan.idxFlags = SQLITE_INDEX_SCAN_UNIQUE;
-            return;
-        }
-        const std::vector<RealIndex>& indexes = stored_.Layout().indexes;
-        const auto index =
-            std::find_if(indexes.begin(), indexes.end(), [this, &constraint](const RealIndex& candidate) {
-                return candidate.columns.front().column == constraint.iColumn && CanLookUp(candidate);
-            });
-        if (index != indexes.end() && plan.idxNum == AllRows) {
-            useFor(constraint, FirstIndex + static_cast<int>(index - indexes.begin()), RowsOfAKey);
+        const std::optional<int> way = WayFor(constraint.iColumn);
+        if (way && (plan.idxNum == AllRows || *way == RowWithKey)) {
+            plan.idxNum = *way;
+            chosen = place;
         }
     }
+    if (plan.idxNum == AllRows) {
+        return;
+    }
+    plan.aConstraintUsage[chosen].argvIndex = 1;
+    plan.estimatedCost = StepsByIndex;
+    plan.estimatedRows = plan.idxNum == RowWithKey ? 1 : RowsOfAKey;
+    plan.idxFlags = plan.idxNum == RowWithKey ? SQLITE_INDEX_SCAN_UNIQUE : 0;
+}
+
+// How rows with a value of a column, or with a key, are found other than by going through all.
+std::optional<int> SqlTable::WayFor(int column) const {
+    if (column == KeyColumnNumber) {
+        return RowWithKey;
+    }
+    const std::vector<RealIndex>& indexes = stored_.Layout().indexes;
+    const auto index = std::find_if(indexes.begin(), indexes.end(), [this, column](const RealIndex& known) {
+        return known.columns.front().column == column && CanLookUp(known);
+    });
+    return index == indexes.end() ? std::nullopt
+                                  : std::optional(FirstIndex + static_cast<int>(index - indexes.begin()));
 }
 
 void SqlTable::Put(int column, sqlite3_value* value) {

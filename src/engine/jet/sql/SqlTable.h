@@ -5,6 +5,7 @@
 
 #include <sqlite3.h>
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -48,6 +49,7 @@ private:
     void UpdateQuickly(RowPlace key, std::span<sqlite3_value*> values);
     void UpdateByRules(RowPlace key, std::span<sqlite3_value*> values);
     void Put(int column, sqlite3_value* value);
+    std::optional<int> WayFor(int column) const;
     bool CanLookUp(const RealIndex& index) const;
 
     JetConnection& connection_;
