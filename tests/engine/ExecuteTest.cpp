@@ -114,7 +114,8 @@ TEST_F(ExecuteTest, AValueOfAnotherNatureIsRefused) {
           "insert into things(short) values(32768)", "insert into things(long) values(2147483648)",
           "insert into things(byte) values(-1)", "insert into things(byte) values(256)",
           "insert into things(yes) values('maybe')", "insert into things(number) values(#1/1/2020#)",
-          "insert into things(money) values(1e300)", "insert into things(bytes) values('x')"}) {
+          "insert into things(money) values(1e300)", "insert into things(single) values(-1e300)",
+          "insert into things(bytes) values('x')"}) {
         EXPECT_EQ(ExecuteError(statement), ErrorNumber::WrongType) << statement;
     }
     EXPECT_EQ(Rows("select count(*) from things"), QStringList{QStringLiteral("0")});

@@ -4,6 +4,7 @@
 #include "platform/Utf8.h"
 
 #include <cmath>
+#include <limits>
 
 namespace engine::execution {
 
@@ -39,6 +40,14 @@ StoredForm Whole(const Column& column, const Value& value, double lowest, double
         RaiseWrongType(column.name);
     }
     return static_cast<qint64>(number);
+}
+
+// A number that is too large would be kept as one that nobody can read.
+StoredForm Single(const Column& column, double number) {
+    if (std::abs(number) > std::numeric_limits<float>::max()) {
+        RaiseWrongType(column.name);
+    }
+    return static_cast<double>(static_cast<float>(number));
 }
 
 StoredForm Amount(Currency amount) {
@@ -118,7 +127,7 @@ StoredForm ToStoredForm(const Column& column, const Value& value) {
         case dbCurrency:
             return Money(column, value);
         case dbSingle:
-            return static_cast<double>(static_cast<float>(NumberFor(column, value)));
+            return Single(column, NumberFor(column, value));
         case dbDouble:
             return NumberFor(column, value);
         case dbDate:
