@@ -10,6 +10,7 @@
 
 namespace engine::jet {
 
+class IndexObserver;
 class SqlTable;
 
 /// Goes through the rows that a statement asks for. Keeps keys only, so that the table may be written to
@@ -29,6 +30,9 @@ public:
 private:
     void FindKey(sqlite3_value* value);
     void LookUp(int index, sqlite3_value* value);
+    void LookUpText(IndexObserver& entries, sqlite3_value* value);
+    void FindEntries(IndexObserver& entries, const Value& value);
+    bool HasWantedText() const;
     void GoThroughAll();
     void Settle();
 
@@ -38,6 +42,10 @@ private:
     bool hasRow_ = false;  ///< Whether it is the one with the key.
     bool isThroughAll_ = false;
     std::vector<RowPlace> found_;  ///< By an index.
+    /// Of which a row must have the text that is wanted: texts that differ in case share a key.
+    std::optional<int> textColumn_;
+    QString wantedText_;
+    QByteArray wantedBytes_;  ///< As it is stored, as a rule.
     std::size_t place_ = 0;
 };
 

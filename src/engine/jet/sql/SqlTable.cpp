@@ -38,7 +38,7 @@ std::string SqlTable::Declaration() const {
 }
 
 // The value of one column picks out rows by an index on this column alone or first. Texts have keys of their
-// own in it, which texts that differ in case share; SQLite looks at the row's own text after that.
+// own in it, which texts that differ in case share; the cursor looks at the row's own text after that.
 bool SqlTable::CanLookUp(const RealIndex& index) const {
     const Column& first = stored_.Layout().columns[static_cast<std::size_t>(index.columns.front().column)];
     const bool isWhole =
@@ -71,6 +71,9 @@ void SqlTable::Plan(sqlite3_index_info& plan) const {
     plan.aConstraintUsage[chosen].argvIndex = 1;
     plan.estimatedCost = StepsByIndex;
     plan.estimatedRows = plan.idxNum == RowWithKey ? 1 : RowsOfAKey;
+    const int column = constraints[chosen].iColumn;
+    plan.aConstraintUsage[chosen].omit =
+        column != KeyColumnNumber && IsTextType(stored_.Rows().ColumnAt(column).type) ? 1 : 0;
     plan.idxFlags = plan.idxNum == RowWithKey ? SQLITE_INDEX_SCAN_UNIQUE : 0;
 }
 

@@ -1,6 +1,7 @@
 #include "RulesFile.h"
 #include "engine/DBEngine.h"
 #include "engine/jet/FileCheck.h"
+#include "engine/jet/Text.h"
 #include "support/SecondReader.h"
 
 #include <QFile>
@@ -152,6 +153,31 @@ TEST_F(JetRuledStatements, ANullThatAnIndexRefusesFailsWithItsOwnStatement) {
         EXPECT_EQ(NumberOf("insert into keys (number) values (2)"), ErrorNumber::NullNotAllowed);
     }
     EXPECT_EQ(Rows("select house from keys"), "A");
+}
+
+// Other programs need not store a text as it would be here.
+TEST_F(JetRuledStatements, AnIndexFindsATextHoweverItIsStored) {
+    const auto keys = made.Open("keys");
+    RowCells cells;
+    cells.Clear(2);
+    cells.Set(0, ToStoredText(QStringLiteral("north"), false));
+    keys->Rows().Insert(cells);
+    EXPECT_EQ(NumberOf("insert into keys(house) values('north')"), 0);
+    EXPECT_EQ(NumberOf("insert into keys(house) values('North')"), 0);
+    EXPECT_EQ(NumberOf("update keys set [number] = 1 where house = 'north'"), 0);
+    Opened().Flush();
+    EXPECT_EQ(ReadRows(path, "select number from keys"),
+              (QStringList{QStringLiteral("1.0"), QStringLiteral("1.0"), QStringLiteral("NULL")}));
+}
+
+// A text is never a number; compared with one it is what the number is written as.
+TEST_F(JetRuledStatements, AnIndexFindsTheTextOfANumber) {
+    for (const char* house : {"7", "07", "7.0", "7.5"}) {
+        Opened().Execute(QStringLiteral("insert into keys(house) values('%1')").arg(QLatin1String(house)));
+    }
+    EXPECT_EQ(NumberOf("update keys set [number] = 1 where house = 7"), 0);
+    EXPECT_EQ(NumberOf("update keys set [number] = 2 where house = 7.5"), 0);
+    EXPECT_EQ(Rows("select number from keys"), "1.0, NULL, NULL, 2.0");
 }
 
 TEST_F(JetRuledStatements, ARowThatNoPageTakesFailsWithItsOwnStatement) {
