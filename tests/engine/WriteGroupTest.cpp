@@ -38,7 +38,8 @@ TEST_F(WriteGroupTest, AGroupIsNeverOlderThanItsTime) {
         << "the second write brings the first one to the disk";
 }
 
-// Whether the row whose change was lost would be copied is asked with its key, besides what the copy asks for.
+// Whether the row whose change was lost would be copied is asked with its key, besides what the copy asks
+// for.
 TEST_F(WriteGroupTest, ACopyOfOtherRowsThanThoseWhoseChangeIsLostStays) {
     database.reset();
     FaultyDisk disk;
@@ -58,6 +59,24 @@ TEST_F(WriteGroupTest, ACopyOfOtherRowsThanThoseWhoseChangeIsLostStays) {
     EXPECT_EQ(lost.size(), 1);
     EXPECT_TRUE(lost.value(0).startsWith(QStringLiteral("change of a row in things")));
     EXPECT_EQ(ReadRows(path, "select text, number from copies"), QStringList{QStringLiteral("b|2.0")});
+}
+
+// Without the first row the second one gets another key.
+TEST_F(WriteGroupTest, AChangeFindsARowThatComesToAnotherPlace) {
+    database.reset();
+    FaultyDisk disk;
+    database = DBEngine::Instance().OpenDatabase(path);
+    Listen();
+    disk.FailOnBytes("unwritable");
+    database->Execute(QStringLiteral("insert into notes(text) values('unwritable')"));
+    database->Execute(QStringLiteral("insert into notes(text) values('n1')"));
+    const auto rows = Dynaset("select * from notes where text = 'n1'");
+    rows->Edit();
+    rows->Fields(0).Set(QStringLiteral("m1"));
+    rows->Update();
+    database->Flush();
+    EXPECT_EQ(lost, QStringList{QStringLiteral("insert into notes(text) values('unwritable')")});
+    EXPECT_EQ(ReadRows(path, "select text from notes"), QStringList{QStringLiteral("m1")});
 }
 
 // Other programs that find a Jet file in the middle of a group must never be led to a row that isn't there.

@@ -3,6 +3,7 @@
 #include "engine/Error.h"
 #include "engine/Value.h"
 #include "engine/execution/InsertedKeys.h"
+#include "engine/execution/LiteralRows.h"
 #include "engine/execution/Transaction.h"
 
 #include <QString>
@@ -81,6 +82,13 @@ public:
                                              const std::vector<size_t>& /*columns*/,
                                              sqlite3_stmt* /*values*/) {
         return std::nullopt;
+    }
+
+    /// Rows of literals for these columns of a table that takes any row, by the columns' places, if the file
+    /// takes them without a statement; else null. Stands for as long as the connection.
+    virtual std::unique_ptr<LiteralRows> RowsOfLiterals(const std::string& /*table*/,
+                                                        const std::vector<size_t>& /*columns*/) {
+        return nullptr;
     }
 
     /// A part of a transaction that can be taken back alone. Parts are not set within parts.

@@ -40,18 +40,30 @@ InsertBatch::Answer InsertBatch::Offer(const QString& statement) {
     if (prepared != waiting_) {
         waiting_ = prepared;
     }
+    Keep(shaped);
+    ++rows_;
+    return Answer::Taken;
+}
+
+void InsertBatch::Keep(const dialect::ShapedStatement& shaped) {
+    if (waiting_->rows) {
+        waiting_->rows->Keep(rows_, waiting_->storedIn, shaped);
+        return;
+    }
     if (!waiting_->compiledForMany) {
         waiting_->compiledForMany = connection_.Prepare(ForMostRows(waiting_->parsed));
     }
     BindAsRow(rows_, *waiting_, shaped);
-    ++rows_;
-    return Answer::Taken;
 }
 
 void InsertBatch::Run() {
     const size_t rows = rows_;
     rows_ = 0;
     connection_.Inserted().Forget();
+    if (waiting_->rows) {
+        waiting_->rows->Put(rows);
+        return;
+    }
     if (rows == MostRows) {
         connection_.Change(waiting_->compiledForMany.get(), waiting_->written);
         return;

@@ -7,8 +7,8 @@
 
 namespace engine::execution {
 
-/// Inserts of one shape that wait for one another and then run as one statement, which halves what a row
-/// costs.
+/// Inserts of one shape that wait for one another and then run as one statement, or without any
+/// (LiteralRows.h), which halves what a row costs.
 ///
 /// Only inserts that can't be refused for what they hold may wait: what is wrong with their text or their
 /// values is found when they are offered, and their table has nothing that could turn a row away. A failure
@@ -45,6 +45,8 @@ public:
     void Run();
 
 private:
+    void Keep(const dialect::ShapedStatement& shaped);
+
     Connection& connection_;
     StatementCache& statements_;
     std::shared_ptr<PreparedStatement> waiting_;

@@ -57,7 +57,13 @@ std::shared_ptr<PreparedStatement> StatementCache::Prepare(std::string_view shap
             column.empty() ? nullptr : &prepared->table->columns[prepared->table->PlaceOf(column)]);
     }
     prepared->compiled = connection_.Prepare(prepared->parsed.sql);
-    prepared->canWait = prepared->parsed.valuesBegin > 0 && prepared->table->takesAnyRow;
+    // Whether a column takes true, false or null is found when the statement runs; of literals it's known
+    // before.
+    const bool hasLiteralsAlone = prepared->storedIn.size() == prepared->written.size();
+    prepared->canWait = prepared->parsed.valuesBegin > 0 && hasLiteralsAlone && prepared->table->takesAnyRow;
+    if (prepared->canWait) {
+        prepared->rows = connection_.RowsOfLiterals(prepared->table->name, prepared->written);
+    }
     return prepared;
 }
 

@@ -30,6 +30,7 @@ struct PreparedStatement {
     /// An insert of values into a table that takes any row: it may wait for others of its kind (see
     /// InsertBatch.h).
     bool canWait = false;
+    std::unique_ptr<LiteralRows> rows;  ///< Of such an insert, where the file takes them; else null.
     StatementHandle compiledForMany;
     LiteralBinder binderForMany;
 };

@@ -1,7 +1,6 @@
 #include "engine/execution/ValueBinding.h"
 
 #include "engine/Error.h"
-#include "engine/execution/StoredForm.h"
 #include "platform/Utf8.h"
 
 #include <bit>
@@ -11,7 +10,8 @@ namespace engine::execution {
 
 namespace {
 
-// Binds what SQLite has of a value.
+// Binds what SQLite has of a value. A text that is only pointed at stays where it is until the statement is
+// reset.
 struct Binder {
     sqlite3_stmt* statement;
     int place;
@@ -22,6 +22,9 @@ struct Binder {
     void operator()(const Utf8& text) const {
         sqlite3_bind_text64(statement, place, text.bytes.constData(),
                             static_cast<sqlite3_uint64>(text.bytes.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+    void operator()(std::string_view text) const {
+        sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
     }
     void operator()(const QByteArray& bytes) const {
         sqlite3_bind_blob64(statement, place, bytes.isNull() ? "" : bytes.constData(),
@@ -104,28 +107,30 @@ void BindForColumn(sqlite3_stmt* statement, int place, const Column& column, con
     std::visit(Binder{statement, place}, ToStoredForm(column, value));
 }
 
-void BindLiteral(sqlite3_stmt* statement, int place, const Column* column, const dialect::Literal& literal,
-                 std::string_view text) {
+LiteralForm FormOf(const Column* column, const dialect::Literal& literal, std::string_view text) {
     if (column != nullptr && !SuitsAsItIs(*column, literal)) {
-        BindForColumn(statement, place, *column, LiteralValue(literal, text));
-        return;
+        return std::visit([](auto&& form) -> LiteralForm { return std::forward<decltype(form)>(form); },
+                          ToStoredForm(*column, LiteralValue(literal, text)));
     }
     switch (literal.kind) {
         case dialect::LiteralKind::Text:
             if (column != nullptr && column->size > 0 && literal.characters > column->size) {
                 RaiseTooLong(*column, literal.characters);
             }
-            [[fallthrough]];
+            return text;
         case dialect::LiteralKind::Date:
-            sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
-            return;
+            return text;
         case dialect::LiteralKind::Integer:
-            sqlite3_bind_int64(statement, place, literal.integer);
-            return;
+            return literal.integer;
         case dialect::LiteralKind::Real:
-            sqlite3_bind_double(statement, place, literal.real);
-            return;
+            break;
     }
+    return literal.real;
+}
+
+void BindLiteral(sqlite3_stmt* statement, int place, const Column* column, const dialect::Literal& literal,
+                 std::string_view text) {
+    std::visit(Binder{statement, place}, FormOf(column, literal, text));
 }
 
 // Texts by where they lie: SQLite reads them there when the statement runs.

@@ -2,17 +2,25 @@
 
 #include "engine/Value.h"
 #include "engine/dialect/Tokenizer.h"
+#include "engine/execution/StoredForm.h"
 #include "engine/execution/TableSchema.h"
 
 #include <sqlite3.h>
 
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace engine::execution {
 
 /// Binds a value as a column stores it (see StoredForm.h).
 void BindForColumn(sqlite3_stmt* statement, int place, const Column& column, const Value& value);
+
+/// What a literal of a statement is to the column that it will be stored in (see StoredForm.h), or by itself
+/// where that is null: it's compared only. A text that the column keeps as it is comes as `text`, which is
+/// where it lies.
+using LiteralForm = std::variant<Null, qint64, double, Utf8, QByteArray, std::string_view>;
+LiteralForm FormOf(const Column* column, const dialect::Literal& literal, std::string_view text);
 
 /// Binds a literal of a statement. `column` is the one that it will be stored in, or null if it is compared
 /// only. `text` must live until the statement is reset.

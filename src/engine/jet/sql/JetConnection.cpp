@@ -1,6 +1,7 @@
 #include "engine/jet/sql/JetConnection.h"
 
 #include "engine/dialect/Names.h"
+#include "engine/jet/sql/CellRows.h"
 #include "engine/jet/sql/JetTransaction.h"
 #include "engine/jet/sql/RepeatedChange.h"
 #include "engine/jet/sql/TableModule.h"
@@ -66,11 +67,11 @@ std::vector<std::optional<Value>> JetConnection::DefaultsOf(const std::string& t
 
 qint64 JetConnection::Change(sqlite3_stmt* statement, const std::vector<size_t>& written) {
     written_ = written;
-    return file_->AsOne([&] { return Connection::Change(statement, written); });
+    return AsOne([&] { return Connection::Change(statement, written); });
 }
 
 std::optional<qint64> JetConnection::Empty(const std::string& table) {
-    return file_->AsOne([this, &table] {
+    return AsOne([this, &table] {
         RuledTable& wiped = file_->TableNamed(NameOf(table));
         const auto count = qint64{wiped.Rows().Figures().Rows()};
         wiped.Wipe();
@@ -94,7 +95,7 @@ std::vector<RowPlace> JetConnection::RowsOf(sqlite3_stmt* keys) {
 
 std::optional<qint64> JetConnection::ChangeEach(const std::string& table, sqlite3_stmt* keys,
                                                 const std::vector<size_t>& columns, sqlite3_stmt* values) {
-    return file_->AsOne([&] {
+    return AsOne([&] {
         const std::vector<RowPlace> rows = RowsOf(keys);
         const execution::RunningStatement running(values);
         if (sqlite3_step(running.get()) != SQLITE_ROW) {
@@ -106,6 +107,12 @@ std::optional<qint64> JetConnection::ChangeEach(const std::string& table, sqlite
         }
         return static_cast<qint64>(rows.size());
     });
+}
+
+std::unique_ptr<execution::LiteralRows> JetConnection::RowsOfLiterals(const std::string& table,
+                                                                      const std::vector<size_t>& columns) {
+    RuledTable& known = file_->TableNamed(NameOf(table));
+    return CellRows::CanKeep(known, columns) ? std::make_unique<CellRows>(*this, known, columns) : nullptr;
 }
 
 void JetConnection::BeginPart() {

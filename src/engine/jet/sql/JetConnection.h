@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/execution/Connection.h"
+#include "engine/jet/sql/EngineErrors.h"
 #include "engine/jet/sql/JetFile.h"
 
 namespace engine::jet {
@@ -20,6 +21,8 @@ public:
     std::optional<qint64> Empty(const std::string& table) override;
     std::optional<qint64> ChangeEach(const std::string& table, sqlite3_stmt* keys,
                                      const std::vector<size_t>& columns, sqlite3_stmt* values) override;
+    std::unique_ptr<execution::LiteralRows> RowsOfLiterals(const std::string& table,
+                                                           const std::vector<size_t>& columns) override;
     void BeginPart() override;
     void TakeBackPart() override;
     void EndPart() override;
@@ -27,6 +30,12 @@ public:
     void Forget() override;
 
     JetFile& File() { return *file_; }
+
+    /// Runs what changes pages: as a whole or, where it fails, not at all. Fails with engine errors alone.
+    template <class Write>
+    auto AsOne(Write write) {
+        return WithEngineErrors([&] { return file_->AsOne(write); });
+    }
 
     /// What a table of the module failed with, for whoever ran the statement.
     void NoteFailure(const Error& failure) { failure_ = failure; }

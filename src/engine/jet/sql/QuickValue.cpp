@@ -46,8 +46,7 @@ bool IsAllAscii(std::string_view text) {
 }
 
 template <class Whole>
-bool PutWhole(RowCells& cells, int place, sqlite3_value* value) {
-    const sqlite3_int64 number = sqlite3_value_int64(value);
+bool PutWhole(RowCells& cells, int place, qint64 number) {
     if (number < std::numeric_limits<Whole>::min() || number > std::numeric_limits<Whole>::max()) {
         return false;
     }
@@ -55,52 +54,13 @@ bool PutWhole(RowCells& cells, int place, sqlite3_value* value) {
     return true;
 }
 
-bool PutWholeAmount(RowCells& cells, int place, sqlite3_value* value) {
-    constexpr sqlite3_int64 Most = std::numeric_limits<sqlite3_int64>::max() / Currency::Scale;
-    const sqlite3_int64 number = sqlite3_value_int64(value);
+bool PutWholeAmount(RowCells& cells, int place, qint64 number) {
+    constexpr qint64 Most = std::numeric_limits<qint64>::max() / Currency::Scale;
     if (number < -Most || number > Most) {
         return false;
     }
     cells.SetNumber(place, std::int64_t{number} * Currency::Scale);
     return true;
-}
-
-bool PutInteger(RowCells& cells, int place, const Column& column, sqlite3_value* value) {
-    switch (column.type) {
-        case ColumnType::Boolean:
-            if (sqlite3_value_int64(value) != 0) {
-                cells.Set(place, nullptr, 0);
-            } else {
-                cells.SetNull(place);
-            }
-            return true;
-        case ColumnType::Byte:
-            return PutWhole<std::uint8_t>(cells, place, value);
-        case ColumnType::Short:
-            return PutWhole<std::int16_t>(cells, place, value);
-        case ColumnType::Long:
-            return PutWhole<std::int32_t>(cells, place, value);
-        case ColumnType::Currency:
-            return PutWholeAmount(cells, place, value);
-        case ColumnType::Double:
-            cells.SetNumber(place, static_cast<double>(sqlite3_value_int64(value)));
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool PutReal(RowCells& cells, int place, const Column& column, sqlite3_value* value) {
-    const double number = sqlite3_value_double(value);
-    if (column.type == ColumnType::Double) {
-        cells.SetNumber(place, number);
-        return true;
-    }
-    if (column.type == ColumnType::Currency && std::abs(number) <= Currency::LastExact) {
-        cells.SetNumber(place, std::int64_t{Currency::FromDouble(number).Scaled()});
-        return true;
-    }
-    return false;
 }
 
 // Two digits, or a number that is none of a day or month.
@@ -233,20 +193,61 @@ bool GiveBytes(sqlite3_context* context, const Column& column, const Bytes& byte
 
 }  // namespace
 
+bool PutQuickly(RowCells& cells, int place, const Column& column, qint64 number) {
+    switch (column.type) {
+        case ColumnType::Boolean:
+            if (number != 0) {
+                cells.Set(place, nullptr, 0);
+            } else {
+                cells.SetNull(place);
+            }
+            return true;
+        case ColumnType::Byte:
+            return PutWhole<std::uint8_t>(cells, place, number);
+        case ColumnType::Short:
+            return PutWhole<std::int16_t>(cells, place, number);
+        case ColumnType::Long:
+            return PutWhole<std::int32_t>(cells, place, number);
+        case ColumnType::Currency:
+            return PutWholeAmount(cells, place, number);
+        case ColumnType::Double:
+            cells.SetNumber(place, static_cast<double>(number));
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool PutQuickly(RowCells& cells, int place, const Column& column, double number) {
+    if (column.type == ColumnType::Double) {
+        cells.SetNumber(place, number);
+        return true;
+    }
+    if (column.type == ColumnType::Currency && std::abs(number) <= Currency::LastExact) {
+        cells.SetNumber(place, std::int64_t{Currency::FromDouble(number).Scaled()});
+        return true;
+    }
+    return false;
+}
+
+bool PutQuickly(RowCells& cells, int place, const Column& column, std::string_view text) {
+    if (column.type == ColumnType::DateTime) {
+        return PutDay(cells, place, text);
+    }
+    return column.type == ColumnType::Text && PutText(cells, place, column, text);
+}
+
 bool PutQuickly(RowCells& cells, int place, const Column& column, sqlite3_value* value) {
     switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
             cells.SetNull(place);
             return true;
         case SQLITE_INTEGER:
-            return PutInteger(cells, place, column, value);
+            return PutQuickly(cells, place, column, qint64{sqlite3_value_int64(value)});
         case SQLITE_FLOAT:
-            return PutReal(cells, place, column, value);
+            return PutQuickly(cells, place, column, sqlite3_value_double(value));
         case SQLITE_TEXT:
-            if (column.type == ColumnType::DateTime) {
-                return PutDay(cells, place, TextIn(value));
-            }
-            return column.type == ColumnType::Text && PutText(cells, place, column, TextIn(value));
+            return PutQuickly(cells, place, column, TextIn(value));
         default:
             return false;
     }

@@ -13,14 +13,10 @@ namespace {
 template <class Routine>
 int Guarded(JetConnection& connection, Routine routine) {
     try {
-        routine();
+        WithEngineErrors(routine);
         return SQLITE_OK;
     } catch (const Error& failure) {
         connection.NoteFailure(failure);
-    } catch (const platform::Failure& failure) {
-        connection.NoteFailure(Error(ErrorNumber::Other, failure.Description()));
-    } catch (const std::bad_alloc&) {
-        connection.NoteFailure(Error(ErrorNumber::Other, QStringLiteral("Out of memory.")));
     }
     return SQLITE_ERROR;
 }
