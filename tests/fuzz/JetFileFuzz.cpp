@@ -42,8 +42,10 @@ constexpr std::uint8_t OneInLarge = 'l';
 enum class Deed : std::uint8_t { ReadCatalogue, ReadRows, WalkIndexes, Insert, Update, Delete, Wipe };
 constexpr std::uint8_t Deeds = 7;
 
-// A change: the page, where in it in 2 bytes, how many bytes, and these.
+// A change: the page, where in it in 2 bytes, how many bytes, and these; or, with this bit, the number of a
+// page, since what leads from page to page is what circles are made of.
 constexpr std::size_t ChangeHead = 4;
+constexpr std::uint8_t NamesPage = 0x80;
 
 // Half of all places are at the front of a page, which tells how the rest of it is to be read.
 std::size_t PlaceInPage(std::uint8_t high, std::uint8_t low) {
@@ -51,16 +53,27 @@ std::size_t PlaceInPage(std::uint8_t high, std::uint8_t low) {
     return high >= 0x80 ? low % FrontOfPage : (std::size_t{high} << 8 | low) % PageSize;
 }
 
+void PutBytes(QByteArray& file, std::size_t at, Input bytes) {
+    for (std::size_t byte = 0; byte < bytes.size() && at + byte < static_cast<std::size_t>(file.size());
+         ++byte) {
+        file[static_cast<qsizetype>(at + byte)] = static_cast<char>(bytes[byte]);
+    }
+}
+
 void MakeChanges(QByteArray& file, Input changes) {
-    const std::size_t size = static_cast<std::size_t>(file.size());
+    const std::size_t pages = static_cast<std::size_t>(file.size()) / PageSize;
     while (changes.size() >= ChangeHead) {
-        const std::size_t page = changes[0] % (size / PageSize);
-        const std::size_t at = page * PageSize + PlaceInPage(changes[1], changes[2]);
-        const std::size_t count = std::min<std::size_t>(changes[3], changes.size() - ChangeHead);
-        for (std::size_t byte = 0; byte < count && at + byte < size; ++byte) {
-            file[static_cast<qsizetype>(at + byte)] = static_cast<char>(changes[ChangeHead + byte]);
+        const std::size_t at = changes[0] % pages * PageSize + PlaceInPage(changes[1], changes[2]);
+        const std::uint8_t what = changes[3];
+        changes = changes.subspan(ChangeHead);
+        if ((what & NamesPage) != 0) {
+            const std::uint8_t page[] = {static_cast<std::uint8_t>((what - NamesPage) % pages), 0, 0, 0};
+            PutBytes(file, at, page);
+            continue;
         }
-        changes = changes.subspan(ChangeHead + count);
+        const std::size_t count = std::min<std::size_t>(what, changes.size());
+        PutBytes(file, at, changes.first(count));
+        changes = changes.subspan(count);
     }
 }
 
