@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/DBEngine.h"
+#include "engine/jet/FileCheck.h"
 #include "support/FormatUnderTest.h"
 #include "support/PrintQt.h"
 #include "support/RecordingMessageBoxes.h"
@@ -9,6 +10,9 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace engine {
 
@@ -44,6 +48,17 @@ protected:
     QStringList Rows(const char* sql) {
         database->Flush();
         return ReadRows(path, sql);
+    }
+
+    /// What is wrong with the file as a whole. Whoever wrote it has closed it or brought all to the disk.
+    std::vector<std::string> Faults() const {
+        if (FormatUnderTest() == FileFormat::Jet) {
+            return jet::FaultsOfFile(path);
+        }
+        const QStringList told = ReadRows(path, "pragma integrity_check");
+        return told == QStringList{QStringLiteral("ok")}
+                   ? std::vector<std::string>()
+                   : std::vector{told.join(QLatin1Char('\n')).toStdString()};
     }
 
     /// The number of the engine error that this raises; 0 if it raises none.

@@ -136,18 +136,35 @@ protected:
                 const bool isMissed = MissesRows();
                 database.reset();
                 faults = disk.Faults();
+                // When nothing is left of a group but to make sure of the end of a Jet file's journal, all of
+                // it is told as lost, and is in the file.
+                const bool mayBeThere = FormatUnderTest() == FileFormat::Jet && GetParam() == 15;
                 disk.Repair();
+                // As whoever opens it next does, this takes back what could not be taken back before.
+                DBEngine::Instance().OpenDatabase(path).reset();
                 const std::string where =
                     "operations " + std::to_string(first) + " and " + std::to_string(second) +
                     " after it: " + (refused + lost).join(QLatin1Char('\n')).toStdString();
+                toldAndGone = toldAndThere = 0;
                 losses += check(where);
+                EXPECT_TRUE(toldAndThere == 0 || (mayBeThere && toldAndGone == 0)) << where;
                 EXPECT_FALSE(isMissed) << where;
-                EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+                EXPECT_EQ(Faults(), std::vector<std::string>()) << where;
             }
             EXPECT_TRUE(faults > 0 || first > 5);
         }
         EXPECT_TRUE(GetParam() == 1 || losses > 0) << "several failures in a row must have cost something";
     }
+
+    /// A write that isn't in the file must have been told; what was told is counted.
+    void NoteWrite(bool isGone, bool isTold, const std::string& where) {
+        EXPECT_TRUE(!isGone || isTold) << where;
+        toldAndGone += isTold && isGone ? 1 : 0;
+        toldAndThere += isTold && !isGone ? 1 : 0;
+    }
+
+    int toldAndGone = 0;
+    int toldAndThere = 0;
 };
 
 INSTANTIATE_TEST_SUITE_P(Operations, TwoFaultsTest, ::testing::Values(1, 5, 15));
@@ -176,11 +193,11 @@ TEST_P(TwoFaultsTest, NoPairOfFaultsBringsAChangeToARowThatItWasNotMadeFor) {
                 const bool isRemoved = accepted.contains(name) && !IsTold(QStringLiteral("removal"), name);
                 EXPECT_EQ(!isThere, isRemoved || isInsertTold) << where;
             } else if (row == 6) {
-                EXPECT_NE(isThere, isInsertTold) << where;
+                NoteWrite(!isThere, isInsertTold, where);
             } else if (isThere) {
                 EXPECT_TRUE(number == row || number == 10 * row)
                     << where << ": " << name.toStdString() << " holds " << number;
-                EXPECT_EQ(number == row, isChangeTold) << where;
+                NoteWrite(number == row, isChangeTold, where);
             } else {
                 EXPECT_TRUE(isInsertTold) << where;
                 EXPECT_TRUE(!accepted.contains(name) || isChangeTold) << where;

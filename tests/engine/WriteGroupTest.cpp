@@ -340,10 +340,14 @@ TEST_F(WriteGroupTest, ADiskThatFailsForGoodLosesTheRestAndSaysSo) {
 
 TEST_F(WriteGroupTest, AFullDiskKeepsWhatStillFits) {
     database.reset();
+    const QString fresh = directory.filePath(QStringLiteral("fresh.mdb"));
+    ASSERT_TRUE(QFile::copy(path, fresh));
     FaultyDisk disk;
     bool lostLater = false;
     for (int n = 1;; ++n) {
-        OpenAnew("delete from notes; vacuum");
+        // A file that has had rows doesn't grow for others.
+        ASSERT_TRUE(QFile::remove(path) && QFile::copy(fresh, path));
+        OpenAnew("delete from notes");
         disk.FailAt(n, FaultyDisk::Fault::FullFromThenOn);
         int refused = 0;
         for (int i = 0; i < 300; ++i) {
@@ -357,10 +361,11 @@ TEST_F(WriteGroupTest, AFullDiskKeepsWhatStillFits) {
         database.reset();
         const bool faulted = disk.Faults() > 0;
         disk.Repair();
+        DBEngine::Instance().OpenDatabase(path).reset();
         lostLater = lostLater || !lost.isEmpty();
         EXPECT_EQ(ReadRows(path, "select text from notes").size() + refused + lost.size(), 300)
             << "operation " << n;
-        EXPECT_EQ(ReadRows(path, "pragma integrity_check"), QStringList{QStringLiteral("ok")});
+        EXPECT_EQ(Faults(), std::vector<std::string>());
         if (!faulted) {
             break;
         }

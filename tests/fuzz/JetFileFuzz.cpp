@@ -11,6 +11,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <vector>
 
 namespace engine::jet {
 namespace {
@@ -19,37 +23,63 @@ using Input = std::span<const std::uint8_t>;
 
 const QString Path = QStringLiteral("/books/some.mdb");
 
-// What the first byte of an input says: that the rest is a file, or changes of one of two sound ones.
+// What the first byte of an input says. With any other one, one thing is done with one of the sound files,
+// which isn't looked at: that would take longer than the thing itself, and there are to be many runs.
+namespace Kind {
+/// The rest is a file, with which everything is done.
 constexpr std::uint8_t WholeFile = 'F';
-constexpr std::uint8_t ChangedSmallFile = 'S';
+/// The rest changes a sound file, with which everything is done, and which is looked at before and
+/// afterwards.
+constexpr std::uint8_t EverythingInSmall = 'S';
+constexpr std::uint8_t EverythingInLarge = 'L';
+/// One thing is done with a sound file, which is looked at likewise.
+constexpr std::uint8_t OneInSmall = 's';
+constexpr std::uint8_t OneInLarge = 'l';
+}  // namespace Kind
 
-// A change: the page, where in it in 2 bytes, how many bytes, and these.
+// What is done in one table: the second byte of an input says what, and in which table. Changes of the file
+// follow.
+enum class Deed : std::uint8_t { ReadCatalogue, ReadRows, WalkIndexes, Insert, Update, Delete, Wipe };
+constexpr std::uint8_t Deeds = 7;
+
+// A change: the page, where in it in 2 bytes, how many bytes, and these; or, with this bit, the number of a
+// page, since what leads from page to page is what circles are made of.
 constexpr std::size_t ChangeHead = 4;
+constexpr std::uint8_t NamesPage = 0x80;
 
-void Change(QByteArray& file, Input changes) {
-    while (changes.size() >= ChangeHead) {
-        const std::size_t place = std::size_t{changes[1]} << 8 | changes[2];
-        const std::size_t at = changes[0] * PageSize + place % PageSize;
-        const std::size_t size = std::min<std::size_t>(changes[3], changes.size() - ChangeHead);
-        for (std::size_t byte = 0; byte < size && at + byte < static_cast<std::size_t>(file.size()); ++byte) {
-            file[static_cast<qsizetype>(at + byte)] = static_cast<char>(changes[ChangeHead + byte]);
-        }
-        changes = changes.subspan(ChangeHead + size);
+// Half of all places are at the front of a page, which tells how the rest of it is to be read.
+std::size_t PlaceInPage(std::uint8_t high, std::uint8_t low) {
+    constexpr std::size_t FrontOfPage = 64;
+    return high >= 0x80 ? low % FrontOfPage : (std::size_t{high} << 8 | low) % PageSize;
+}
+
+void PutBytes(QByteArray& file, std::size_t at, Input bytes) {
+    for (std::size_t byte = 0; byte < bytes.size() && at + byte < static_cast<std::size_t>(file.size());
+         ++byte) {
+        file[static_cast<qsizetype>(at + byte)] = static_cast<char>(bytes[byte]);
     }
 }
 
-QByteArray FileOfInput(Input input) {
-    static const QByteArray small = SomeDatabase(6);
-    static const QByteArray large = SomeDatabase(40);
-    if (input.empty()) {
-        return {};
+void MakeChanges(QByteArray& file, Input changes) {
+    const std::size_t pages = static_cast<std::size_t>(file.size()) / PageSize;
+    while (changes.size() >= ChangeHead) {
+        const std::size_t at = changes[0] % pages * PageSize + PlaceInPage(changes[1], changes[2]);
+        const std::uint8_t what = changes[3];
+        changes = changes.subspan(ChangeHead);
+        if ((what & NamesPage) != 0) {
+            const std::uint8_t page[] = {static_cast<std::uint8_t>((what - NamesPage) % pages), 0, 0, 0};
+            PutBytes(file, at, page);
+            continue;
+        }
+        const std::size_t count = std::min<std::size_t>(what, changes.size());
+        PutBytes(file, at, changes.first(count));
+        changes = changes.subspan(count);
     }
-    const Input rest = input.subspan(1);
-    if (input[0] == WholeFile) {
-        return {reinterpret_cast<const char*>(rest.data()), static_cast<qsizetype>(rest.size())};
-    }
-    QByteArray file = input[0] == ChangedSmallFile ? small : large;
-    Change(file, rest);
+}
+
+std::shared_ptr<ModelDisk::File> NewFile(const QByteArray& bytes) {
+    auto file = std::make_shared<ModelDisk::File>();
+    file->bytes = bytes;
     return file;
 }
 
@@ -85,6 +115,25 @@ Value SomeValue(const Column& column, int number) {
     }
 }
 
+std::vector<Value> RowOf(const Table& table, int number) {
+    std::vector<Value> values;
+    for (const Column& column : table.Layout().columns) {
+        values.push_back(SomeValue(column, number));
+    }
+    return values;
+}
+
+std::vector<CellChange> ChangesOf(const Table& table, int number) {
+    std::vector<CellChange> changes;
+    for (std::size_t column = 0; column < table.Layout().columns.size(); ++column) {
+        const Column& known = table.Layout().columns[column];
+        if (!known.countsUp) {
+            changes.push_back({static_cast<int>(column), SomeValue(known, number)});
+        }
+    }
+    return changes;
+}
+
 /// A file that is opened, and everything that can be done with it.
 class Trial {
 public:
@@ -92,15 +141,31 @@ public:
 
     void DoEverything() {
         const Catalogue catalogue(pages_);
+        ReadProperties(catalogue);
         for (const CatalogueTable& entry : catalogue.Tables()) {
-            Try([&] { catalogue.Properties(entry); });
-            Try([&] { ReadEverything(entry); });
-            Try([&] { WalkIndexes(entry); });
+            Do(Deed::ReadRows, entry.page);
+            Do(Deed::WalkIndexes, entry.page);
         }
         for (const CatalogueTable& entry : catalogue.Tables()) {
-            if (!entry.isSystem) {
-                WriteEverything(entry);
+            for (const Deed deed : {Deed::Insert, Deed::Update, Deed::Delete, Deed::Wipe}) {
+                if (!entry.isSystem) {
+                    Do(deed, entry.page);
+                }
             }
+        }
+    }
+
+    /// Does one thing in the table whose definition begins on a page.
+    void Do(Deed deed, PageNumber page) {
+        switch (deed) {
+            case Deed::ReadCatalogue:
+                return ReadProperties(Catalogue(pages_));
+            case Deed::ReadRows:
+                return Try([&] { ReadRows(page); });
+            case Deed::WalkIndexes:
+                return Try([&] { WalkIndexes(page); });
+            default:
+                return Write(deed, page);
         }
     }
 
@@ -127,8 +192,14 @@ private:
         hasMetDamage = hasMetDamage || error.Number() == ErrorNumber::DatabaseDamaged;
     }
 
-    void ReadEverything(const CatalogueTable& entry) {
-        const Table table(pages_, ReadTableLayout(pages_, entry.page));
+    void ReadProperties(const Catalogue& catalogue) {
+        for (const CatalogueTable& entry : catalogue.Tables()) {
+            Try([&] { catalogue.Properties(entry); });
+        }
+    }
+
+    void ReadRows(PageNumber page) {
+        const Table table(pages_, ReadTableLayout(pages_, page));
         for (auto key = table.FirstRow(); key; key = table.RowBehind(*key)) {
             const StoredRow row = table.Read(*key);
             for (std::size_t column = 0; column < table.Layout().columns.size(); ++column) {
@@ -137,8 +208,8 @@ private:
         }
     }
 
-    void WalkIndexes(const CatalogueTable& entry) {
-        const TableLayout layout = ReadTableLayout(pages_, entry.page);
+    void WalkIndexes(PageNumber page) {
+        const TableLayout layout = ReadTableLayout(pages_, page);
         for (const RealIndex& index : layout.indexes) {
             KeptIndex kept(pages_, layout, index);
             for (IndexCursor cursor = kept.Tree().First(); cursor.HasEntry(); cursor.Next()) {
@@ -148,53 +219,61 @@ private:
         }
     }
 
-    void WriteEverything(const CatalogueTable& entry) {
+    void Write(Deed deed, PageNumber page) {
         std::unique_ptr<TableWithIndexes> whole;
-        Try([&] { whole = std::make_unique<TableWithIndexes>(pages_, ReadTableLayout(pages_, entry.page)); });
+        Try([&] { whole = std::make_unique<TableWithIndexes>(pages_, ReadTableLayout(pages_, page)); });
         if (!whole) {
             return;
         }
         Table& table = whole->table;
-        for (int number = 1; number < 3; ++number) {
-            Try([&] { table.Insert(RowOf(table, number * number)); });
+        switch (deed) {
+            case Deed::Insert:
+                return Insert(table, {1, 4});
+            case Deed::Update:
+                return Update(table);
+            case Deed::Delete:
+                return Delete(table);
+            default:
+                Try([&] { table.Wipe(); });
+                EndGroup(GroupKind::Removes);
+                return Insert(table, {2});
         }
+    }
+
+    void Insert(Table& table, std::initializer_list<int> numbers) {
+        for (const int number : numbers) {
+            Try([&] { table.Insert(RowOf(table, number)); });
+        }
+        EndGroup(GroupKind::Adds);
+    }
+
+    void Update(Table& table) {
+        int number = 0;
+        for (const RowPlace key : SomeKeys(table)) {
+            Try([&] { table.Update(key, ChangesOf(table, number++)); });
+        }
+        EndGroup(GroupKind::Adds);
+    }
+
+    void Delete(Table& table) {
+        for (const RowPlace key : SomeKeys(table)) {
+            Try([&] { table.Delete(key); });
+        }
+        EndGroup(GroupKind::Removes);
+    }
+
+    void EndGroup(GroupKind kind) {
+        Try([&] { pages_.EndGroup(kind); });
+    }
+
+    std::vector<RowPlace> SomeKeys(const Table& table) {
         std::vector<RowPlace> keys;
         Try([&] {
-            for (auto key = table.FirstRow(); key && keys.size() < 8; key = table.RowBehind(*key)) {
+            for (auto key = table.FirstRow(); key && keys.size() < 4; key = table.RowBehind(*key)) {
                 keys.push_back(*key);
             }
         });
-        for (std::size_t place = 0; place < keys.size(); ++place) {
-            Try([&] { table.Update(keys[place], ChangesOf(table, static_cast<int>(place))); });
-        }
-        Try([&] { pages_.EndGroup(GroupKind::Adds); });
-        for (std::size_t place = 0; place < keys.size(); place += 2) {
-            Try([&] { table.Delete(keys[place]); });
-        }
-        Try([&] { pages_.EndGroup(GroupKind::Removes); });
-        Try([&] { table.Wipe(); });
-        Try([&] { pages_.EndGroup(GroupKind::Removes); });
-        Try([&] { table.Insert(RowOf(table, 2)); });
-        Try([&] { pages_.EndGroup(GroupKind::Adds); });
-    }
-
-    static std::vector<Value> RowOf(const Table& table, int number) {
-        std::vector<Value> values;
-        for (const Column& column : table.Layout().columns) {
-            values.push_back(SomeValue(column, number));
-        }
-        return values;
-    }
-
-    static std::vector<CellChange> ChangesOf(const Table& table, int number) {
-        std::vector<CellChange> changes;
-        for (std::size_t column = 0; column < table.Layout().columns.size(); ++column) {
-            const Column& known = table.Layout().columns[column];
-            if (!known.countsUp) {
-                changes.push_back({static_cast<int>(column), SomeValue(known, number)});
-            }
-        }
-        return changes;
+        return keys;
     }
 
     PagedFile pages_;
@@ -207,16 +286,15 @@ void RequireSound(const QByteArray& file, bool hasMetDamage) {
     }
 }
 
-void TryFile(const QByteArray& content) {
+template <class Action>
+void TryFile(const std::shared_ptr<ModelDisk::File>& file, bool looksAtFile, Action action) {
     ModelDisk disk;
-    auto file = std::make_shared<ModelDisk::File>();
-    file->bytes = content;
     disk.files[Path] = file;
-    const bool isSound = FaultsOf(content).empty();
+    const bool isSound = looksAtFile && FaultsOf(file->bytes).empty();
     bool hasMetDamage = false;
     try {
         Trial trial(disk);
-        trial.DoEverything();
+        action(trial);
         hasMetDamage = trial.hasMetDamage;
     } catch (const Error& error) {
         hasMetDamage = true;
@@ -225,7 +303,90 @@ void TryFile(const QByteArray& content) {
         }
     }
     if (isSound) {
-        RequireSound(disk.files[Path]->bytes, hasMetDamage);
+        RequireSound(file->bytes, hasMetDamage);
+    }
+}
+
+/// A sound file, and where the definitions of its tables begin.
+class SoundFile {
+public:
+    explicit SoundFile(int rows) {
+        ModelDisk disk;
+        disk.files[Path] = NewFile(SomeDatabase(rows));
+        PagedFile pages(disk, Path);
+        const Catalogue catalogue(pages);
+        for (const CatalogueTable& table : catalogue.Tables()) {
+            all_.push_back(table.page);
+            if (!table.isSystem) {
+                ofUsers_.push_back(table.page);
+            }
+        }
+        // With a value that is longer than a page, which so few rows don't have.
+        const PageNumber things = catalogue.Find(QStringLiteral("things")).page;
+        TableWithIndexes whole(pages, ReadTableLayout(pages, things));
+        whole.table.Insert(RowOf(whole.table, 4));
+        pages.EndGroup(GroupKind::Adds);
+        bytes = disk.files[Path]->bytes;
+    }
+
+    /// Only tables of users are written to.
+    PageNumber TableFor(Deed deed, std::size_t number) const {
+        const std::vector<PageNumber>& tables = deed < Deed::Insert ? all_ : ofUsers_;
+        return tables[number % tables.size()];
+    }
+
+    QByteArray bytes;
+
+private:
+    std::vector<PageNumber> all_;
+    std::vector<PageNumber> ofUsers_;
+};
+
+// The memory of one file serves all runs: to ask for as much in each would take longer than to read from it.
+std::shared_ptr<ModelDisk::File> Changed(const SoundFile& sound, Input changes) {
+    static const auto file = std::make_shared<ModelDisk::File>();
+    file->synced.clear();
+    file->written.clear();
+    file->bytes.resize(sound.bytes.size());
+    std::copy(sound.bytes.begin(), sound.bytes.end(), file->bytes.begin());
+    MakeChanges(file->bytes, changes);
+    return file;
+}
+
+void DoEverything(const std::shared_ptr<ModelDisk::File>& file) {
+    TryFile(file, true, [](Trial& trial) { trial.DoEverything(); });
+}
+
+void DoOne(const SoundFile& sound, Input task, bool looksAtFile) {
+    if (task.empty()) {
+        return;
+    }
+    const auto deed = static_cast<Deed>(task[0] % Deeds);
+    const PageNumber table = sound.TableFor(deed, task[0] / Deeds);
+    TryFile(Changed(sound, task.subspan(1)), looksAtFile, [&](Trial& trial) { trial.Do(deed, table); });
+}
+
+void TryInput(Input input) {
+    static const SoundFile small(6);
+    static const SoundFile large(40);
+    if (input.empty()) {
+        return;
+    }
+    const Input rest = input.subspan(1);
+    switch (input[0]) {
+        case Kind::WholeFile:
+            return DoEverything(
+                NewFile({reinterpret_cast<const char*>(rest.data()), static_cast<qsizetype>(rest.size())}));
+        case Kind::EverythingInSmall:
+            return DoEverything(Changed(small, rest));
+        case Kind::EverythingInLarge:
+            return DoEverything(Changed(large, rest));
+        case Kind::OneInSmall:
+            return DoOne(small, rest, true);
+        case Kind::OneInLarge:
+            return DoOne(large, rest, true);
+        default:
+            return DoOne(input[0] % 2 == 0 ? small : large, rest, false);
     }
 }
 
@@ -234,6 +395,6 @@ void TryFile(const QByteArray& content) {
 
 // Any bytes are a database of which everything can be read and written, or lead to an engine error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    engine::jet::TryFile(engine::jet::FileOfInput({data, size}));
+    engine::jet::TryInput({data, size});
     return 0;
 }

@@ -1,6 +1,6 @@
 #include "ModelDisk.h"
 
-#include <algorithm>
+#include <cstring>
 
 namespace engine::jet {
 
@@ -27,7 +27,7 @@ public:
         if (at + bytes.size() > Size()) {
             throw Error(ErrorNumber::DiskError, QStringLiteral("Disk error: read behind the end."));
         }
-        std::copy_n(file_->bytes.constData() + at, bytes.size(), bytes.data());
+        std::memcpy(bytes.data(), file_->bytes.constData() + at, bytes.size());
     }
 
     void Write(std::uint64_t at, std::span<const std::uint8_t> bytes) override {

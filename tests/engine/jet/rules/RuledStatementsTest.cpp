@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <tuple>
+
 namespace engine::jet {
 namespace {
 
@@ -190,6 +192,33 @@ TEST_F(JetRuledStatements, ARowThatNoPageTakesFailsWithItsOwnStatement) {
         EXPECT_EQ(NumberOf(statement.toUtf8().constData()), ErrorNumber::RecordTooLarge);
     }
     EXPECT_EQ(Rows("select a from letters"), "short");
+}
+
+// Keys of another order, or another version of it, are others than those that would be looked for.
+TEST_F(JetRuledStatements, TextsOfAnUnknownOrderAreFoundWithoutTheirIndex) {
+    for (const auto& [table, order, version] :
+         {std::tuple("owner", GeneralSortOrder, std::uint8_t{1}),
+          std::tuple("house", std::uint16_t{0x041F}, std::uint8_t{0})}) {
+        TableLayout layout = ReadTableLayout(*made.pages, made.EntryOf(table).page);
+        const RowPlace key =
+            made.Open(table)->Rows().Insert(RulesFile::RowOf(layout, {{"code", QStringLiteral("B")}}));
+        Table(*made.pages, layout).Update(key, {{0, QStringLiteral("A")}});
+        layout.columns[0].sortOrder = order;
+        layout.columns[0].sortVersion = version;
+        WriteDefinition(*made.pages, layout);
+    }
+    for (const char* table : {"owner", "house"}) {
+        const auto found = [&](const char* code) {
+            const QString sql = QStringLiteral("select * from %1 where code = '%2'")
+                                    .arg(QLatin1String(table), QLatin1String(code));
+            return !Opened().OpenRecordset(sql, dbOpenForwardOnly, dbReadOnly)->Eof();
+        };
+        EXPECT_TRUE(found("A")) << table;
+        EXPECT_FALSE(found("B")) << table;
+    }
+    EXPECT_EQ(NumberOf("update owner set name = 'a name' where code = 'A'"), 0);
+    Opened().Flush();
+    EXPECT_EQ(ReadRows(path, "select name from owner"), QStringList{QStringLiteral("a name")});
 }
 
 TEST_F(JetRuledStatements, ANewRowOfARowSetHoldsItsDefaultsAtOnce) {
