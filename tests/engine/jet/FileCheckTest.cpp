@@ -182,6 +182,12 @@ TEST_F(JetFileCheck, EachPieceOfALongValueIsOneRows) {
     EXPECT_TRUE(Tells("which has none"));
 }
 
+TEST_F(JetFileCheck, AValueWithinTheCountOfColumnsIsAFault) {
+    const qsizetype offsets = RowPage() + OnePage - 2 - 2;  // Before the null mask and the count of values.
+    file.replace(offsets - 2, 2, QByteArray(2, '\0'));
+    EXPECT_TRUE(Tells("out of order"));
+}
+
 TEST_F(JetFileCheck, AReferenceToAnotherRowsLongValueIsAFault) {
     constexpr int Picture = 2;  // Of the variable columns, behind binary and name.
     std::vector<qsizetype> references;

@@ -46,7 +46,9 @@ RowParts TakeApart(const Definition& table, const View& row) {
             at -= 2;
             parts.offsets.push_back(row.Low(at, 2));
         }
-        if (!std::is_sorted(parts.offsets.begin(), parts.offsets.end()) || parts.offsets.back() > at) {
+        // The first two bytes are the count of columns.
+        if (!std::is_sorted(parts.offsets.begin(), parts.offsets.end()) || parts.offsets.front() < 2 ||
+            parts.offsets.back() > at) {
             throw Unreadable("its offsets are out of order");
         }
     }
