@@ -14,7 +14,7 @@ from compare_import import Bench, Measured, tell_ratio
 
 
 def server_seconds():
-    """Of processor time that Wine's server has taken, which does the locks and the opening of files for its programs."""
+    """Of processor time that Wine's server has taken, which locks and opens files for its programs."""
     ticks = 0
     for process in pathlib.Path("/proc").glob("[0-9]*"):
         try:
