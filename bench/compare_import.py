@@ -261,6 +261,13 @@ class Measured:
               f"peak memory {max(self.memory) / 2**20:.0f} MiB, {self.size / rows:.1f} bytes per row")
 
 
+def tell_ratio(name, ours, other):
+    for what, own, their in (("time", ours.seconds, other.seconds),
+                             ("processor time", ours.processor, other.processor)):
+        ratios = sorted(mine / theirs for mine, theirs in zip(own, their))
+        print(f"  {name} takes {statistics.median(ratios):.2f} times the {what} ({ratios[0]:.2f} to {ratios[-1]:.2f})")
+
+
 def compare_formats(sqlite, jet, tenants, start, rounds):
     portfolio = sqlite.portfolio(tenants, start, "Week")
     ours, other = Measured(jet, portfolio), Measured(sqlite, portfolio)
@@ -272,10 +279,7 @@ def compare_formats(sqlite, jet, tenants, start, rounds):
     print(f"{tenants} weekly tenancies since {start}: {sum(ours.counts)} rows")
     other.tell("SQLite")
     ours.tell("Jet")
-    for what, own, their in (("time", ours.seconds, other.seconds),
-                             ("processor time", ours.processor, other.processor)):
-        ratios = sorted(mine / theirs for mine, theirs in zip(own, their))
-        print(f"  Jet takes {statistics.median(ratios):.2f} times the {what} ({ratios[0]:.2f} to {ratios[-1]:.2f})")
+    tell_ratio("Jet", ours, other)
 
 
 def compare_wipe(bench, tenants, start, rounds):

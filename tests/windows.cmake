@@ -1,15 +1,7 @@
 # The tests that run on Windows, or under Wine. docs/windows.md says which don't, and why.
-add_library(test_support STATIC support/SecondReader.cpp support/JetReader.cpp
-            support/Workplace.cpp support/windows/TestMain.cpp)
-target_include_directories(test_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(test_support PUBLIC engine platform GTest::gtest PRIVATE SQLite::SQLite3)
-set_source_files_properties(support/JetReader.cpp PROPERTIES
-                            COMPILE_DEFINITIONS JET_READER="${CMAKE_CURRENT_SOURCE_DIR}/support/jet_reader.py")
-wrenfield_test_options(test_support)
-wrenfield_precompile(test_support test_support ${wrenfield_test_headers})
-
 add_subdirectory(platform/windows)
 add_subdirectory(engine/jet/windows)
+add_subdirectory(import)
 
 wrenfield_test(engine_test
   SOURCES engine/DynasetTest.cpp engine/GrammarTest.cpp engine/HostileFileTest.cpp engine/HostileSchemaTest.cpp

@@ -1,8 +1,6 @@
 #include "ImportJourney.h"
 #include "PrefixFinder.h"
 
-#include <sys/wait.h>
-
 #include <atomic>
 #include <thread>
 
@@ -17,8 +15,7 @@ TEST_F(ConcurrentWriterTest, AnotherProgramThatWritesAllTheWhileLosesNothingAndC
     ASSERT_EQ(Import(alone), 0);
 
     const QString shared = FreshDatabase("shared.mdb");
-    const int child = StartImport(shared);
-    ASSERT_GT(child, 0);
+    OtherImport import(OrderFor(shared));
     std::atomic<bool> done = false;
     int written = 0;
     int refused = 0;
@@ -28,12 +25,11 @@ TEST_F(ConcurrentWriterTest, AnotherProgramThatWritesAllTheWhileLosesNothingAndC
                                                                                          : refused) += 1;
         }
     });
-    int status = 0;
-    waitpid(child, &status, 0);
+    const int status = import.ExitStatus();
     done = true;
     other.join();
 
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the import had nothing to report";
+    EXPECT_EQ(status, 0) << "the import had nothing to report";
     EXPECT_EQ(refused, 0);
     EXPECT_GT(written, 0);
     EXPECT_EQ(ReadRows(shared, "select count(*) from contractor where contractornumber = 77"),

@@ -1,15 +1,12 @@
 #include "ImportJourney.h"
 
+#include "database/CurrentDatabase.h"
 #include "engine/jet/FileCheck.h"
-#include "platform/Process.h"
 #include "support/JetReader.h"
 #include "tools/import/ImportTool.h"
 #include "tools/schema/CreateTool.h"
 
 #include <QTemporaryDir>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -64,6 +61,8 @@ void ImportJourney::UsePortfolio(const PortfolioSize& size) {
 }
 
 QString ImportJourney::FreshDatabase(const char* name, engine::FileFormat format) {
+    // That of the import before. Not every system removes a file that is open.
+    database::SetCurrentDatabase(nullptr);
     const QString path = workplace.Path(QString::fromUtf8(name));
     QFile::remove(path);
     for (const QString& end : EndsOfFilesBeside()) {
@@ -92,15 +91,12 @@ int ImportJourney::Import(const QString& database, const QStringList& more) cons
                                 more);
 }
 
-int ImportJourney::StartImport(const QString& database, const QString& errors) const {
-    const int child = fork();
-    if (child == 0) {
-        const int nowhere = open("/dev/null", O_WRONLY);
-        dup2(nowhere, STDOUT_FILENO);
-        dup2(open(errors.toUtf8().constData(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
-        platform::RunProcess([&] { return Import(database); });
-    }
-    return child;
+ImportOrder ImportJourney::OrderFor(const QString& database) const {
+    ImportOrder order;
+    order.portfolio = portfolio;
+    order.database = database;
+    order.log = workplace.Path({});
+    return order;
 }
 
 QString ImportJourney::Contents(const QString& database) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OtherImport.h"
 #include "platform/MessageBox.h"
 #include "support/FormatUnderTest.h"
 #include "support/PortfolioGenerator.h"
@@ -14,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-/// The whole batch import, run within this process or in a child of it, on fresh Hearthbook databases.
+/// The whole batch import, run within this process or in another one, on fresh Hearthbook databases.
 class ImportJourney : public ::testing::Test {
 public:
     /// The tables that an import changes, and some that it must leave alone.
@@ -40,9 +41,8 @@ protected:
     /// Runs the import in this process as of 2026-11-21, with more options, and gives its exit status.
     int Import(const QString& database, const QStringList& more = {}) const;
 
-    /// Runs the import in a child process, which ends with the import's exit status. What it tells on
-    /// standard error goes into a file. Gives the child's process number.
-    int StartImport(const QString& database, const QString& errors = QStringLiteral("/dev/null")) const;
+    /// The same, for a process of its own.
+    ImportOrder OrderFor(const QString& database) const;
 
     Workplace workplace;
     RecordingMessageBoxes boxes;

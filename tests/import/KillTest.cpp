@@ -1,18 +1,11 @@
 #include "ImportJourney.h"
+#include "ImportProgress.h"
 #include "PrefixFinder.h"
-#include "support/WorkTime.h"
 #include "support/WriteTrace.h"
 
 #include <QFileInfo>
 
-#include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <atomic>
-#include <csignal>
 #include <random>
 #include <thread>
 #include <vector>
@@ -37,55 +30,6 @@ int Kills() {
     const int usual = FormatUnderTest() == engine::FileFormat::Jet ? 40 : 200;
     return asked > 0 ? asked : usual;
 }
-
-/// A write of the import, by the clock on the wall and by the time the process itself had worked.
-struct Done {
-    Moment at;
-    std::int64_t worked = 0;  ///< In nanoseconds.
-    std::int64_t waited = 0;  ///< For a core, in nanoseconds.
-};
-
-/// What a child process has written so far, in memory that outlives it.
-class SharedProgress {
-public:
-    static constexpr size_t Room = 1'000'000;
-
-    SharedProgress()
-        : progress_(static_cast<Progress*>(
-              mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
-    ~SharedProgress() { munmap(progress_, sizeof(Progress)); }
-    SharedProgress(const SharedProgress&) = delete;
-    SharedProgress& operator=(const SharedProgress&) = delete;
-
-    void Clear() const {
-        progress_->writes = 0;
-        progress_->committed = 0;
-    }
-    size_t Writes() const { return progress_->writes; }
-    /// How many of the writes were done when the last group had come to the disk.
-    size_t Committed() const { return progress_->committed; }
-    std::vector<Done> AllDone() const {
-        return {progress_->done.begin(), progress_->done.begin() + static_cast<std::ptrdiff_t>(Writes())};
-    }
-
-    void AddWrite(const TracedWrite& write) const {
-        if (progress_->writes < Room) {
-            progress_->done[progress_->writes] = {write.doneAt, WorkedNanoseconds(),
-                                                  WaitedForCoreNanoseconds()};
-            ++progress_->writes;
-        }
-    }
-
-    void AddCommit() const { progress_->committed = progress_->writes.load(); }
-
-private:
-    struct Progress {
-        std::atomic<size_t> writes;
-        std::atomic<size_t> committed;
-        std::array<Done, Room> done;
-    };
-    Progress* progress_;
-};
 
 struct KilledImport {
     LeftBehind left;
@@ -126,7 +70,14 @@ bool StandsAlone(const QString& database) {
                         [&database](const QString& end) { return QFileInfo::exists(database + end); });
 }
 
-using KillTest = ImportJourney;
+class KillTest : public ImportJourney {
+protected:
+    ImportOrder OrderFor(const QString& database, const ImportProgress& progress) const {
+        ImportOrder order = ImportJourney::OrderFor(database);
+        order.progress = progress.Path();
+        return order;
+    }
+};
 
 TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     UsePortfolio({.tenants = 60, .start = QDate(2022, 1, 3)});
@@ -140,9 +91,7 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     }
     ASSERT_GT(writes.size(), 5000U);
 
-    const SharedProgress progress;
-    const WriteTrace trace([&progress](const TracedWrite& write) { progress.AddWrite(write); },
-                           [&progress] { progress.AddCommit(); });
+    const ImportProgress progress(workplace.Path(QStringLiteral("progress")));
     std::mt19937_64 random(20261121);
     // By what is done and not by the clock, so that kills fall into the import on a busy machine as well;
     // then anywhere in the life of a group.
@@ -154,32 +103,25 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
     for (int kill = 0; kill < kills; ++kill) {
         const QString database = FreshDatabase("killed.mdb");
         progress.Clear();
-        const int child = StartImport(database);
-        ASSERT_GT(child, 0);
+        OtherImport import(OrderFor(database, progress));
         const size_t wanted = anyWrite(random);
-        int status = 0;
-        bool hasEnded = false;
-        while (progress.Writes() < CountTold(writes, wanted) && !hasEnded) {
+        while (progress.Writes() < CountTold(writes, wanted) && !import.HasEnded()) {
             std::this_thread::sleep_for(std::chrono::microseconds(50));
-            hasEnded = waitpid(child, &status, WNOHANG) == child;
         }
         std::this_thread::sleep_for(std::chrono::microseconds(anyMoment(random)));
-        if (!hasEnded) {
-            ::kill(child, SIGKILL);
-            waitpid(child, &status, 0);
-        }
-        midway += WIFSIGNALED(status) && progress.Writes() > 0 &&
+        import.Kill();
+        midway += import.ExitStatus() == -1 && progress.Writes() > 0 &&
                           progress.Writes() < CountTold(writes, writes.size())
                       ? 1
                       : 0;
 
         EXPECT_TRUE(IsSound(database));
-        KilledImport import{LeftIn(database), progress.Committed(), progress.AllDone()};
+        KilledImport killed{LeftIn(database), progress.Committed(), progress.AllDone()};
         // An unfinished group has been put back by the first reader; what else is left goes with the next
         // write.
         EXPECT_TRUE(RunElsewhere(database, "update options set taxincrate = 1"));
         EXPECT_TRUE(StandsAlone(database));
-        imports.push_back(std::move(import));
+        imports.push_back(std::move(killed));
     }
     EXPECT_GT(midway, kills / 3) << "the kills must fall into the import, not before or after it";
 
@@ -196,9 +138,11 @@ TEST_F(KillTest, AnImportKilledAtAnyMomentLeavesAPrefixOfItsWrites) {
         EXPECT_GE(stored, import.committed) << "writes of a finished group are lost";
         if (stored < done.size()) {
             const Done& last = LastLookedAt(done, stored);
-            const std::chrono::nanoseconds waited(last.waited - done[stored].waited);
-            EXPECT_LE(last.at - done[stored].at - waited, LongestLoss)
-                << done.size() - stored << " writes lost";
+            if (last.waited) {
+                const std::chrono::nanoseconds waited(*last.waited - done[stored].waited.value());
+                EXPECT_LE(last.at - done[stored].at - waited, LongestLoss)
+                    << done.size() - stored << " writes lost";
+            }
             // Others' work does not count here, so that this holds for the last statements as well.
             EXPECT_LE(std::chrono::nanoseconds(done.back().worked - done[stored].worked), LongestLoss)
                 << done.size() - stored << " writes lost";
@@ -214,24 +158,21 @@ TEST_F(KillTest, AnImportThatIsAskedToEndLeavesAllThatItHasDone) {
         const WriteTrace trace([&writes](const TracedWrite& write) { writes.push_back(write); });
         ASSERT_EQ(Import(FreshDatabase("whole.mdb", engine::FileFormat::Sqlite)), 0);
     }
-    const SharedProgress progress;
-    const WriteTrace trace([&progress](const TracedWrite& write) { progress.AddWrite(write); });
+    const ImportProgress progress(workplace.Path(QStringLiteral("progress")));
     std::vector<KilledImport> imports;
     constexpr size_t Moments = 8;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int request : OtherImport::Requests()) {
         for (size_t moment = 0; moment < Moments; ++moment) {
             const QString database = FreshDatabase("ended.mdb");
             progress.Clear();
-            const int child = StartImport(database);
-            ASSERT_GT(child, 0);
+            OtherImport import(OrderFor(database, progress));
             while (progress.Writes() < 1 + moment * CountTold(writes, writes.size()) / Moments) {
                 std::this_thread::sleep_for(std::chrono::microseconds(50));
             }
-            ::kill(child, signal);
-            int status = 0;
-            waitpid(child, &status, 0);
+            import.AskToEnd(request);
+            const int status = import.ExitStatus();
             const bool hasEnded = progress.Writes() == CountTold(writes, writes.size());
-            EXPECT_EQ(WEXITSTATUS(status), hasEnded ? 0 : 128 + signal) << "at moment " << moment;
+            EXPECT_EQ(status, hasEnded ? 0 : 128 + request) << "at moment " << moment;
             EXPECT_TRUE(IsSound(database));
             EXPECT_TRUE(StandsAlone(database));
             imports.push_back({LeftIn(database), progress.Committed(), progress.AllDone()});

@@ -4,10 +4,9 @@
 #include <QFile>
 
 #include <sqlite3.h>
-#include <sys/wait.h>
 
 #include <chrono>
-#include <csignal>
+#include <optional>
 #include <thread>
 
 namespace {
@@ -38,27 +37,24 @@ class ReaderThatStaysTest : public ImportJourney {
 protected:
     /// The import in a process of its own, and a reader that comes when it has begun to write.
     void ImportAndRead(const QString& database) {
-        child_ = StartImport(database, workplace.Path(QStringLiteral("errors.txt")));
-        ASSERT_GT(child_, 0);
+        ImportOrder order = OrderFor(database);
+        order.errors = errors_;
+        import.emplace(order);
         while (ReadRows(database, "select 1 from rent_periods limit 1").isEmpty()) {
             std::this_thread::sleep_for(2ms);
         }
     }
 
-    int StatusOfTheImport() const {
-        int status = 0;
-        waitpid(child_, &status, 0);
-        EXPECT_TRUE(WIFEXITED(status));
-        return WEXITSTATUS(status);
-    }
-
     QString Errors() const {
-        QFile file(workplace.Path(QStringLiteral("errors.txt")));
+        QFile file(errors_);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return QString::fromUtf8(file.readAll());
     }
 
-    int child_ = 0;
+    std::optional<OtherImport> import;
+
+private:
+    QString errors_ = workplace.Path(QStringLiteral("errors.txt"));
 };
 
 TEST_F(ReaderThatStaysTest, CostsOneWaitOfWhichTheUserIsTold) {
@@ -70,7 +66,7 @@ TEST_F(ReaderThatStaysTest, CostsOneWaitOfWhichTheUserIsTold) {
     OtherReader reader(database);
     std::this_thread::sleep_for(7s);
     reader.LetGo();
-    EXPECT_EQ(StatusOfTheImport(), 0);
+    EXPECT_EQ(import->ExitStatus(), 0);
     EXPECT_EQ(Errors(), QStringLiteral(
                             "wrenfield-import: another program holds the database up; going on in memory\n"));
     EXPECT_EQ(Contents(database), Contents(alone));
@@ -84,8 +80,8 @@ TEST_F(ReaderThatStaysTest, IsNotWaitedForAfterCtrlC) {
     std::this_thread::sleep_for(2s);
     QElapsedTimer timer;
     timer.start();
-    kill(child_, SIGINT);
-    EXPECT_EQ(StatusOfTheImport(), 130);
+    import->AskToEnd(OtherImport::Requests().front());
+    EXPECT_EQ(import->ExitStatus(), 130);
     EXPECT_LT(timer.elapsed(), 2000);
     EXPECT_EQ(Errors().count(QStringLiteral("General Errors")), 1) << Errors().toStdString();
 }

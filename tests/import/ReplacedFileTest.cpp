@@ -4,21 +4,17 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include <sys/wait.h>
-
-#include <cstdlib>
-
 namespace {
 
 // Those that a trace tells of: on a Jet file most of them aren't statements of the connection's.
-int WipeStatements() {
+size_t WipeStatements() {
     return FormatUnderTest() == engine::FileFormat::Jet ? 4 : 37;
 }
 
 /// When something happens to the file of an import.
 struct Moment {
     const char* name;
-    int writes = 0;              ///< Not before so many writes are done.
+    size_t writes = 0;           ///< Not before so many writes are done.
     bool betweenGroups = false;  ///< Only when a group has come to the disk, so that nobody holds a lock.
 };
 
@@ -81,7 +77,7 @@ private:
         }
 
         QTemporaryDir folder;
-        int writes = 0;  ///< Of the import.
+        size_t writes = 0;  ///< Of the import.
     };
 
     const ReadyFiles& Ready() {
@@ -104,36 +100,25 @@ private:
 
     /// The exit status of an import, in the midst of which another program runs this command.
     int ImportStruckBy(const char* command, const Moment& moment) {
-        const QByteArray line = "cd " + workplace.Path({}).toLocal8Bit() + " && " +
-                                "ready=" + Ready().folder.path().toLocal8Bit() + " && " + command +
-                                " && touch struck";
+        const QString line = QStringLiteral("cd %1 && ready=%2 && %3 && touch struck")
+                                 .arg(workplace.Path({}), Ready().folder.path(), QLatin1String(command));
         QDir(workplace.Path(QStringLiteral("moved"))).removeRecursively();
         QDir(workplace.Path({})).mkdir(QStringLiteral("data"));
         const QString database = FreshDatabase("data/property.mdb");
         Commit(database, MoreThanThoseOfTheSmallFile);
         QFile::remove(errors_);
-        int done = 0;
-        bool isDue = true;
-        const auto strike = [&](bool betweenGroups) {
-            if (isDue && done >= moment.writes && betweenGroups == moment.betweenGroups) {
-                isDue = std::system(line.constData()) != 0;
-            }
-        };
-        const WriteTrace trace(
-            [&](const TracedWrite&) {
-                ++done;
-                strike(false);
-            },
-            [&] { strike(true); });
-        int status = 0;
-        waitpid(StartImport(database, errors_), &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        ImportOrder order = OrderFor(database);
+        order.errors = errors_;
+        order.strike = line;
+        order.strikeAfter = moment.writes;
+        order.strikeBetweenGroups = moment.betweenGroups;
+        return OtherImport(order).ExitStatus();
     }
 
     // Enough for some groups of writes.
     const int tenants_ = 100;
     const QDate start_{2020, 1, 6};
-    int writes_ = 0;
+    size_t writes_ = 0;
     QString errors_ = workplace.Path(QStringLiteral("errors.txt"));
 };
 

@@ -1,10 +1,10 @@
 #include "ImportJourney.h"
+#include "ImportProgress.h"
 #include "support/WriteTrace.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
+#include <chrono>
+#include <optional>
+#include <thread>
 
 namespace {
 
@@ -17,47 +17,33 @@ protected:
         writes_ = one.writes;
     }
 
-    ~TwoImportsTest() override {
-        if (first > 0) {
-            kill(first, SIGKILL);
-            waitpid(first, nullptr, 0);
-        }
-    }
-
-    /// Starts an import in another process, which stands still between two groups of writes, where it holds
-    /// nobody up by a lock of the database engine, as soon as this many per cent of its writes are done.
+    /// Starts an import in another process, which stands still between two groups of writes as soon as this
+    /// many per cent of its writes are done.
     void StartFirst(const QString& database, int percent) {
-        int done = 0;
-        const WriteTrace stop([&done](const TracedWrite&) { ++done; },
-                              [&done, enough = writes_ * percent / 100] {
-                                  if (done >= enough) {
-                                      raise(SIGSTOP);
-                                  }
-                              });
-        first = StartImport(database);
-        int status = 0;
-        ASSERT_EQ(waitpid(first, &status, WUNTRACED), first);
-        ASSERT_TRUE(WIFSTOPPED(status));
+        progress_.HoldAfter(writes_ * static_cast<size_t>(percent) / 100);
+        ImportOrder order = OrderFor(database);
+        order.progress = progress_.Path();
+        first.emplace(order);
+        while (!progress_.IsHeld()) {
+            ASSERT_FALSE(first->HasEnded());
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
     }
 
     /// Lets the first import go on. Its exit status.
     int EndOfFirst() {
-        int status = 0;
-        do {
-            kill(first, SIGCONT);
-        } while (waitpid(first, &status, WUNTRACED) == first && WIFSTOPPED(status));
-        first = 0;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        progress_.LetGoOn();
+        return first->ExitStatus();
     }
 
-    int first = 0;
+    std::optional<OtherImport> first;
     QString contentsOfOne;
 
 private:
     /// An import that nobody disturbs.
     struct OneImport {
         QString contents;
-        int writes = 0;
+        size_t writes = 0;
     };
 
     OneImport ImportAlone() {
@@ -69,7 +55,8 @@ private:
         return one;
     }
 
-    int writes_ = 0;
+    size_t writes_ = 0;
+    const ImportProgress progress_{workplace.Path(QStringLiteral("progress"))};
 };
 
 TEST_F(TwoImportsTest, ASecondImportIsRefusedAndChangesNothing) {
@@ -80,8 +67,7 @@ TEST_F(TwoImportsTest, ASecondImportIsRefusedAndChangesNothing) {
         const int status = Import(database);
         const QString told = QString::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(status, 2);
-        EXPECT_TRUE(told.contains(QStringLiteral("import_test, process %1").arg(first)))
-            << told.toStdString();
+        EXPECT_TRUE(told.contains(first->NameInRefusals())) << told.toStdString();
         EXPECT_EQ(EndOfFirst(), 0);
         EXPECT_TRUE(Contents(database) == contentsOfOne) << percent;
     }
@@ -90,9 +76,7 @@ TEST_F(TwoImportsTest, ASecondImportIsRefusedAndChangesNothing) {
 TEST_F(TwoImportsTest, AKilledImportKeepsNobodyOut) {
     const QString database = FreshDatabase("killed.mdb");
     StartFirst(database, 50);
-    kill(first, SIGKILL);
-    waitpid(first, nullptr, 0);
-    first = 0;
+    first->Kill();
     EXPECT_EQ(Import(database), 0);
     EXPECT_TRUE(Contents(database) == contentsOfOne);
 }

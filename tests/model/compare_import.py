@@ -22,7 +22,7 @@ from utf16 import to_stored_text
 _LABEL = re.compile(r"^(Data Create Set|Execute SQL|Add Record|Edit Record|Update Record|Data Is Empty"
                     r"|Data EOF|Move Next): ", re.MULTILINE)
 _UNHANDLED = re.compile(r"^Wrenfield Wizard: \d+: ", re.MULTILINE)
-_LOG_STAMP = re.compile(r"^\d\d/\d\d/\d\d \d\d:\d\d:\d\d ", re.MULTILINE)
+LOG_STAMP = re.compile(r"^\d\d/\d\d/\d\d \d\d:\d\d:\d\d ", re.MULTILINE)
 _REFUSED = 2
 _PORTFOLIOS = int(os.environ.get("WRENFIELD_MODEL_PORTFOLIOS", "400"))
 _TIME_LIMIT_SECONDS = 120
@@ -64,8 +64,9 @@ class Comparison:
         return {**os.environ, "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": str(self._folder),
                 "XDG_CONFIG_DIRS": str(self._folder)}
 
-    def prepare(self, scenario):
-        shutil.copy2(self._fresh, self.database)
+    def prepare(self, scenario, database=None):
+        """The portfolio, and a copy of the database that is to be filled, or else a fresh one."""
+        shutil.copy2(database or self._fresh, self.database)
         for log in self._folder.glob("err*.log"):
             log.unlink()
         with open(self.portfolio, "w", encoding="utf-8") as file:
@@ -119,7 +120,7 @@ def _compare_reports(expected, result):
     labels = _LABEL.findall(result.errors)
     if labels != [report.label for report in expected.reports]:
         yield f"failures reported: expected {[report.label for report in expected.reports]}, got {labels}"
-    entries = _LOG_STAMP.split(result.log)[1:]
+    entries = LOG_STAMP.split(result.log)[1:]
     if len(entries) != len(expected.reports):
         yield f"log: expected {len(expected.reports)} entries, got {len(entries)}"
     for report, entry in zip(expected.reports, entries):

@@ -8,14 +8,17 @@ from compare_import import as_jet_can_hold_it
 from random_portfolios import random_scenario
 
 
-def arguments_for(description, variable, usual, reader=None):
-    """`variable` of the environment says how many portfolios where no argument does, or else it is the usual number."""
+def arguments_for(description, variable, usual, reader=None, add=None):
+    """`variable` of the environment says how many portfolios where no argument does, or else it is the usual number.
+    `add` gives the parser arguments that one comparison alone has."""
     parser = argparse.ArgumentParser(description=description)
     parser.add_argument("--tool", required=True, help="the program wrenfield-import")
     parser.add_argument("--maker", required=True, help="the program hearthbook-create-database")
     parser.add_argument("--writer", required=True, help="the program write-rows")
     if reader:
         parser.add_argument("--reader", required=True, help=f"the program {reader}")
+    if add:
+        add(parser)
     parser.add_argument("--count", type=int, default=int(os.environ.get(variable, usual)),
                         help=f"how many portfolios (default: ${variable}, or {usual})")
     parser.add_argument("--seed", default="1", help="another seed gives other portfolios")

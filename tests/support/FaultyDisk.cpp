@@ -2,14 +2,12 @@
 
 #include "engine/Error.h"
 #include "engine/jet/Disk.h"
+#include "support/EndAtOnce.h"
 
 #include <QtGlobal>
 
 #include <sqlite3.h>
-#include <unistd.h>
 
-#include <csignal>
-#include <cstdlib>
 #include <functional>
 #include <set>
 #include <string_view>
@@ -63,12 +61,6 @@ bool FailsAgain() {
     return after >= 0 && after < state.failAgain;
 }
 
-// The process is gone at once, as one that is killed.
-[[noreturn]] void EndProcess() {
-    kill(getpid(), SIGKILL);
-    std::abort();
-}
-
 // So much of a write is done when the process ends in the middle of it.
 template <class Bytes>
 auto FirstHalf(Bytes size) {
@@ -98,7 +90,7 @@ bool Fails(const char* kind, bool needsRoom, const std::function<void()>& doHalf
                 doHalf();
             }
             if (reached) {
-                EndProcess();
+                EndAtOnce(FaultyDisk::EndStatus);
             }
             break;
     }

@@ -12,9 +12,12 @@ public:
         Once,            ///< The n-th operation fails, the ones after it work again.
         FromThenOn,      ///< The n-th operation and all after it fail.
         FullFromThenOn,  ///< From the n-th operation on, writes that make a file longer find the disk full.
-        EndBefore,       ///< The process is killed when it asks for the n-th operation.
+        EndBefore,       ///< The process is gone when it asks for the n-th operation, as one that is killed.
         EndWithin,       ///< The same, but if that is a write, the first half of it is done.
     };
+
+    /// Of a process that has ended by a fault.
+    static constexpr int EndStatus = 77;
 
     FaultyDisk();
     ~FaultyDisk();

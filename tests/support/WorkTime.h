@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <ctime>
 #include <limits>
+#include <optional>
 
 /// How long this process has been at work on the machine's cores, in nanoseconds. Unlike the time on the wall
 /// it stands still while other programs have the cores or the disk is busy.
@@ -14,19 +14,9 @@ inline std::int64_t WorkedNanoseconds() {
     return std::int64_t{worked.tv_sec} * 1'000'000'000 + worked.tv_nsec;
 }
 
-/// How long this process's first thread has waited for a core that others had, in nanoseconds; 0 on systems
-/// that don't tell.
-inline std::int64_t WaitedForCoreNanoseconds() {
-    long long worked = 0;
-    long long waited = 0;
-    if (std::FILE* schedule = std::fopen("/proc/self/schedstat", "r")) {
-        if (std::fscanf(schedule, "%lld %lld", &worked, &waited) != 2) {
-            waited = 0;
-        }
-        std::fclose(schedule);
-    }
-    return waited;
-}
+/// How long this process's first thread has waited for a core that others had, in nanoseconds, where the
+/// system tells it.
+std::optional<std::int64_t> WaitedForCoreNanoseconds();
 
 /// The work of the cheapest of some runs, in nanoseconds: other programs can only make a run dearer, as they
 /// take its place in the caches.

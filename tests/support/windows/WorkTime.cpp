@@ -1,0 +1,5 @@
+#include "support/WorkTime.h"
+
+std::optional<std::int64_t> WaitedForCoreNanoseconds() {
+    return {};
+}
