@@ -249,7 +249,7 @@ TEST_F(FaultTest, ADiskThatFailsForGoodOrFillsUpEndsInReportsNotInACrash) {
 
 // Balances of zero, so that rows are made by one statement each and changed by the last one alone.
 TEST_F(FaultTest, ADiskOfAnySizeHoldsAllRowsButThoseThatWereTold) {
-    UsePortfolio({.tenants = 30, .start = QDate(2024, 1, 1), .settled = true});
+    UsePortfolio({.tenants = 30, .start = QDate(2024, 1, 1)});
     const qint64 smallest = QFileInfo(FreshDatabase("size.mdb")).size();
     FaultyDisk disk;
     const Outcome undisturbed = ImportWithFaultAt(disk, 0, FaultyDisk::Fault::Once);

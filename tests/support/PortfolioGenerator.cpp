@@ -12,7 +12,7 @@ QByteArray TenantName(const PortfolioSize& size, int number) {
 
 QByteArray Tenant(const PortfolioSize& size, int number) {
     const bool balance = size.balances && number % 2 == 0;
-    const double owed = size.settled ? 0 : number % 4 == 0 ? 512.5 : -40;
+    const double owed = number % 4 == 0 ? 512.5 : -40;
     return "{\"Name\":\"" + TenantName(size, number) + "\",\"PropertyName\":\"" +
            QByteArray::number(number / 10 + 1) + " Market Road\",\"StartDate\":\"" +
            size.start.addDays(number % 7).toString(Qt::ISODate).toLatin1() +

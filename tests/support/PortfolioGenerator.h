@@ -10,8 +10,6 @@ struct PortfolioSize {
     const char* frequency = "Week";
     /// Every second tenant has a rent balance, and so receipts; every fourth owes some of the last rents.
     bool balances = true;
-    /// All of these balances are 0, so that nothing is taken back from a receipt.
-    bool settled = false;
     /// All names begin with the same characters, so that all codes clash.
     bool clashingNames = false;
     /// The tenants stand in an order that has nothing to do with their names.

@@ -1,5 +1,6 @@
 #include "support/WriteTrace.h"
 
+#include "engine/execution/Connection.h"
 #include "engine/jet/Journal.h"
 
 #include <QStringList>
@@ -74,6 +75,12 @@ int OnStatementDone(unsigned /*kind*/, void* /*context*/, void* subject, void* /
         listeners.onWrite(write);
     }
     return 0;
+}
+
+void OnRowsOfLiterals(std::size_t rows) {
+    for (; CurrentListeners().onWrite && rows > 0; --rows) {
+        CurrentListeners().onWrite({{}, 1, std::chrono::steady_clock::now()});
+    }
 }
 
 int OnConnection(sqlite3* connection, const char** /*error*/, const sqlite3_api_routines* /*api*/) {
@@ -152,11 +159,13 @@ void (*ConnectionHook())() {
 WriteTrace::WriteTrace(Listener onWrite, std::function<void()> onCommit) {
     CurrentListeners() = {std::move(onWrite), std::move(onCommit)};
     sqlite3_auto_extension(ConnectionHook());
+    engine::execution::Connection::OnRowsOfLiterals(OnRowsOfLiterals);
     JetDisk().Begin();
 }
 
 WriteTrace::~WriteTrace() {
     sqlite3_cancel_auto_extension(ConnectionHook());
+    engine::execution::Connection::OnRowsOfLiterals({});
     JetDisk().End();
     CurrentListeners() = {};
 }

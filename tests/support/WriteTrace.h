@@ -16,7 +16,8 @@ struct TracedWrite {
 
 /// Hands every write on connections opened from here on in this process to the listener, until the trace is
 /// destroyed, and tells each group of writes that has come to the disk. Settings are not writes. On a Jet
-/// file a removal of all rows of a table is no statement of the connection's, and isn't told.
+/// file removals of all rows and updates to the same values are no statements of the connection's, and aren't
+/// told; of inserts that waited it isn't told what they were.
 class WriteTrace {
 public:
     using Listener = std::function<void(const TracedWrite&)>;

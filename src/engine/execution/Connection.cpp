@@ -106,6 +106,21 @@ void Connection::Forget() {
     sqlite3_db_release_memory(handle_);
 }
 
+std::function<void(size_t)>& Connection::ListenerToRows() {
+    static std::function<void(size_t)> listener;
+    return listener;
+}
+
+void Connection::OnRowsOfLiterals(std::function<void(size_t)> listener) {
+    ListenerToRows() = std::move(listener);
+}
+
+void Connection::TellOfRows(size_t rows) {
+    if (ListenerToRows()) {
+        ListenerToRows()(rows);
+    }
+}
+
 int Connection::WaitForLock(void* connection, int attempt) {
     auto* self = static_cast<Connection*>(connection);
     const Moment now = std::chrono::steady_clock::now();

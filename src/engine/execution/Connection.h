@@ -11,6 +11,7 @@
 #include <sqlite3.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -101,6 +102,10 @@ public:
     /// Lets go of all that is known of the file, so that what is read next comes from there.
     virtual void Forget();
 
+    /// For tests, which hear of statements by SQLite's trace: hears of so many rows of literals that were put
+    /// in without one, when they are. On every connection, until there is another listener or none.
+    static void OnRowsOfLiterals(std::function<void(size_t rows)> listener);
+
     using Moment = std::chrono::steady_clock::time_point;
 
     /// While set, all waiting for locks together ends at this moment.
@@ -121,7 +126,10 @@ protected:
 
     virtual Error FailureOf(int resultCode);
 
+    static void TellOfRows(size_t rows);
+
 private:
+    static std::function<void(size_t)>& ListenerToRows();
     static int WaitForLock(void* connection, int attempt);
 
     sqlite3* handle_ = nullptr;

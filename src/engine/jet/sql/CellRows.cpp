@@ -84,12 +84,7 @@ void CellRows::Keep(std::size_t place, std::span<const execution::Column* const>
 }
 
 void CellRows::Put(std::size_t count) {
-    connection_.AsOne([&] {
-        for (std::size_t row = 0; row < count; ++row) {
-            connection_.NoteInserted(table_.Rows().Insert(rows_[row]));
-        }
-        return count;
-    });
+    connection_.Put(table_.Rows(), std::span(rows_).first(count));
 }
 
 }  // namespace engine::jet

@@ -115,6 +115,16 @@ std::unique_ptr<execution::LiteralRows> JetConnection::RowsOfLiterals(const std:
     return CellRows::CanKeep(known, columns) ? std::make_unique<CellRows>(*this, known, columns) : nullptr;
 }
 
+void JetConnection::Put(Table& table, std::span<RowCells> rows) {
+    AsOne([&] {
+        for (RowCells& row : rows) {
+            Inserted().Note(qint64{ToNumber(table.Insert(row))});
+        }
+        return rows.size();
+    });
+    TellOfRows(rows.size());
+}
+
 void JetConnection::BeginPart() {
     file_->BeginPart();
 }

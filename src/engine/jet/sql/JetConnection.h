@@ -42,6 +42,9 @@ public:
     /// Of the statement that is running: the columns that it names, by their places.
     const std::vector<size_t>& Written() const { return written_; }
 
+    /// Puts rows into a table, all or none, and notes their keys.
+    void Put(Table& table, std::span<RowCells> rows);
+
     /// A row that the group of writes has made.
     void NoteInserted(RowPlace row) { Inserted().Note(qint64{ToNumber(row)}); }
 
