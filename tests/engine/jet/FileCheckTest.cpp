@@ -182,6 +182,19 @@ TEST_F(JetFileCheck, EachPieceOfALongValueIsOneRows) {
     EXPECT_TRUE(Tells("which has none"));
 }
 
+TEST_F(JetFileCheck, ADateThatNoCalendarHasIsAFault) {
+    const auto bytesOf = [](double number) {
+        return QByteArray(reinterpret_cast<const char*>(&number), sizeof number);
+    };
+    // That of the catalogue's rows: 1 March 2026, 9:30.
+    const qsizetype created = file.indexOf(bytesOf(46082 + 9.5 / 24));
+    ASSERT_GT(created, 0);
+    for (const double none : {-657435.0, 2958466.0}) {
+        file.replace(created, sizeof none, bytesOf(none));
+        EXPECT_TRUE(Tells("is no date")) << none;
+    }
+}
+
 TEST_F(JetFileCheck, AValueWithinTheCountOfColumnsIsAFault) {
     const qsizetype offsets = RowPage() + OnePage - 2 - 2;  // Before the null mask and the count of values.
     file.replace(offsets - 2, 2, QByteArray(2, '\0'));

@@ -182,6 +182,9 @@ private:
         return {true, parts.whole.Part(begin, parts.offsets[column.variablePlace + 1] - begin)};
     }
 
+    // Days from 1 January 100 to 31 December 9999, counted from 30 December 1899, and times within them.
+    static bool IsDate(double number) { return number > -657435 && number < 2958466; }
+
     // Takes the place of a long value's reference, too.
     void CheckValue(const ColumnOfFile& column, const Place& key, CellOfFile& cell) {
         const std::size_t size = cell.bytes.Size();
@@ -203,6 +206,8 @@ private:
             std::memcpy(&number, cell.bytes.Bytes().data(), sizeof number);
             if (!std::isfinite(number)) {
                 findings_.Fault(WhereIn(key), column.name + " is no number");
+            } else if (column.type == ColumnType::DateTime && !IsDate(number)) {
+                findings_.Fault(WhereIn(key), column.name + " is no date");
             }
         }
     }
