@@ -261,25 +261,28 @@ class Measured:
               f"peak memory {max(self.memory) / 2**20:.0f} MiB, {self.size / rows:.1f} bytes per row")
 
 
-def tell_ratio(name, ours, other):
-    for what, own, their in (("time", ours.seconds, other.seconds),
-                             ("processor time", ours.processor, other.processor)):
+def compare_by_turns(title, usual, other, rounds):
+    """Two measurements, each with its name: how much longer the other one takes."""
+    (usual_name, usual), (other_name, other) = usual, other
+    for _ in range(rounds):
+        usual.run()
+        other.run()
+        if usual.counts != other.counts:
+            sys.exit(f"the rows differ: {usual.counts} and {other.counts}")
+    print(f"{title}: {sum(usual.counts)} rows")
+    usual.tell(usual_name)
+    other.tell(other_name)
+    for what, own, their in (("time", other.seconds, usual.seconds),
+                             ("processor time", other.processor, usual.processor)):
         ratios = sorted(mine / theirs for mine, theirs in zip(own, their))
-        print(f"  {name} takes {statistics.median(ratios):.2f} times the {what} ({ratios[0]:.2f} to {ratios[-1]:.2f})")
+        print(f"  {other_name} takes {statistics.median(ratios):.2f} times the {what} "
+              f"({ratios[0]:.2f} to {ratios[-1]:.2f})")
 
 
 def compare_formats(sqlite, jet, tenants, start, rounds):
     portfolio = sqlite.portfolio(tenants, start, "Week")
-    ours, other = Measured(jet, portfolio), Measured(sqlite, portfolio)
-    for _ in range(rounds):
-        other.run()
-        ours.run()
-        if ours.counts != other.counts:
-            sys.exit(f"the rows differ: {ours.counts} and {other.counts}")
-    print(f"{tenants} weekly tenancies since {start}: {sum(ours.counts)} rows")
-    other.tell("SQLite")
-    ours.tell("Jet")
-    tell_ratio("Jet", ours, other)
+    compare_by_turns(f"{tenants} weekly tenancies since {start}", ("SQLite", Measured(sqlite, portfolio)),
+                     ("Jet", Measured(jet, portfolio)), rounds)
 
 
 def compare_wipe(bench, tenants, start, rounds):

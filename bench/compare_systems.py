@@ -7,10 +7,9 @@
 import argparse
 import os
 import pathlib
-import sys
 import tempfile
 
-from compare_import import Bench, Measured, tell_ratio
+from compare_import import Bench, Measured, compare_by_turns
 
 
 def server_seconds():
@@ -38,16 +37,8 @@ def compare(programs, windows, folder, form, tenants, start, rounds):
     portfolio = here.portfolio(tenants, start, "Week")
     for_windows = here.path("windows")
     os.mkdir(for_windows)
-    ours, others = Measured(here, portfolio), MeasuredUnderWine(Bench(windows, for_windows, form), portfolio)
-    for _ in range(rounds):
-        ours.run()
-        others.run()
-        if ours.counts != others.counts:
-            sys.exit(f"the rows differ: {ours.counts} and {others.counts}")
-    print(f"{tenants} weekly tenancies since {start}, {form}: {sum(ours.counts)} rows")
-    ours.tell("this system")
-    others.tell("under Wine")
-    tell_ratio("under Wine", others, ours)
+    compare_by_turns(f"{tenants} weekly tenancies since {start}, {form}", ("this system", Measured(here, portfolio)),
+                     ("under Wine", MeasuredUnderWine(Bench(windows, for_windows, form), portfolio)), rounds)
 
 
 def main():

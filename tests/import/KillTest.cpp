@@ -166,7 +166,8 @@ TEST_F(KillTest, AnImportThatIsAskedToEndLeavesAllThatItHasDone) {
             const QString database = FreshDatabase("ended.mdb");
             progress.Clear();
             OtherImport import(OrderFor(database, progress));
-            while (progress.Writes() < 1 + moment * CountTold(writes, writes.size()) / Moments) {
+            while (progress.Writes() < 1 + moment * CountTold(writes, writes.size()) / Moments &&
+                   !import.HasEnded()) {
                 std::this_thread::sleep_for(std::chrono::microseconds(50));
             }
             import.AskToEnd(request);

@@ -4,6 +4,7 @@
 #include "engine/execution/ValueBinding.h"
 #include "engine/jet/sql/JetConnection.h"
 #include "engine/jet/sql/QuickValue.h"
+#include "engine/jet/sql/SqlValue.h"
 #include "platform/Utf8.h"
 
 #include <algorithm>
@@ -14,20 +15,8 @@ namespace engine::jet {
 namespace {
 
 bool HoldsShortValues(const Column& column) {
-    switch (column.type) {
-        case ColumnType::Boolean:
-        case ColumnType::Byte:
-        case ColumnType::Short:
-        case ColumnType::Long:
-        case ColumnType::Currency:
-        case ColumnType::Single:
-        case ColumnType::Double:
-        case ColumnType::DateTime:
-        case ColumnType::Text:
-            return true;
-        default:
-            return false;
-    }
+    const DataType type = ToSqlColumn(column).type;
+    return type != dbMemo && type != dbLongBinary;
 }
 
 // Puts what a column stores into a cell.

@@ -118,7 +118,7 @@ std::unique_ptr<execution::LiteralRows> JetConnection::RowsOfLiterals(const std:
 void JetConnection::Put(Table& table, std::span<RowCells> rows) {
     AsOne([&] {
         for (RowCells& row : rows) {
-            Inserted().Note(qint64{ToNumber(table.Insert(row))});
+            NoteInserted(table.Insert(row));
         }
         return rows.size();
     });
